@@ -1,0 +1,13 @@
+# cmake -DSOURCE=<data dir> -DDEST=<bin dir> -P CopyData.cmake
+file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/*)
+foreach(rel ${files})
+  if(rel STREQUAL "CMakeLists.txt")
+    continue()
+  endif()
+  if(rel STREQUAL "config.xml" AND EXISTS ${DEST}/${rel})
+    continue()
+  endif()
+  get_filename_component(dir ${DEST}/${rel} DIRECTORY)
+  file(MAKE_DIRECTORY ${dir})
+  file(COPY_FILE ${SOURCE}/${rel} ${DEST}/${rel} ONLY_IF_DIFFERENT)
+endforeach()

@@ -1,0 +1,4 @@
+#include "appglobals.h"
+
+QApplication* application = nullptr;
+bool master = false;

@@ -1,0 +1,10 @@
+#pragma once
+
+class QApplication;
+
+/// The application object, created first in start-up and deleted last.
+extern QApplication* application;
+
+/// Whether this process holds the single-instance key and so owns the
+/// hand-over file through which later processes pass files to open.
+extern bool master;

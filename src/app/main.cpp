@@ -1,0 +1,111 @@
+// Start-up and shutdown. The order of every step is deliberate: the managers
+// are created before anything reads them, the configuration is read before
+// the single-instance claim so a messenger still sees its settings, and the
+// configuration is written only after the window (and all that keeps state
+// in it) is gone.
+#include "appglobals.h"
+#include "mainwindow.h"
+
+#include "interface/qmessageboxprompt.h"
+#include "managers/qcolorsetmanager.h"
+#include "managers/qconfigmanager.h"
+#include "managers/qiconmanager.h"
+#include "managers/qlanguagemanager.h"
+#include "managers/qpresetmanager.h"
+#include "managers/qstylesheetmanager.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QSharedMemory>
+#include <QSplashScreen>
+#include <QThread>
+
+namespace {
+
+/// Queues a file for the master to open: its local 8-bit path and one line
+/// feed, after whatever other messengers queued before.
+void handOver(QFile& file, const QString& fileName)
+{
+    if (!file.isOpen())
+        file.open(QIODevice::Append);
+    file.seek(file.size());
+    file.write(fileName.toLocal8Bit());
+    file.write("\n", 1);
+    file.close();
+}
+
+template<typename T>
+void deleteManager(T*& manager)
+{
+    delete manager;
+    manager = nullptr;
+}
+
+void deleteManagers()
+{
+    deleteManager(presetMan);
+    deleteManager(configMan);
+    deleteManager(colorMan);
+    deleteManager(styleMan);
+    deleteManager(iconMan);
+    deleteManager(langMan);
+    deleteManager(application);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    application = new QApplication(argc, argv);
+    Q_INIT_RESOURCE(resources); // the images live in the GUI library
+    const QString programDir = QCoreApplication::applicationDirPath();
+    QCoreApplication::addLibraryPath(programDir);
+
+    QMessageBoxPrompt boxPrompt;
+    QPrompt::install(&boxPrompt);
+
+    presetMan = new QPresetManager(programDir + QStringLiteral("/presets"));
+    iconMan = new QIconManager(programDir + QStringLiteral("/iconsets"));
+    styleMan = new QStylesheetManager(programDir + QStringLiteral("/styles"));
+    langMan = new QLanguageManager(application, programDir + QStringLiteral("/languages"));
+    colorMan = new QColorsetManager(programDir + QStringLiteral("/colorsets"));
+    configMan = new QConfigManager;
+    configMan->fromFile(programDir + QStringLiteral("/config.xml"));
+
+    // Only the segment's existence counts; its byte is never read.
+    QSharedMemory instanceKey(QStringLiteral("Pugilforge3"));
+    master = instanceKey.create(1, QSharedMemory::ReadWrite);
+
+    QFile handOverFile(QDir::tempPath() + QStringLiteral("/open.pf3"));
+    if (master)
+        handOverFile.open(QIODevice::WriteOnly); // empties what an earlier run left
+
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 2 && QFile::exists(arguments.at(1))) {
+        handOver(handOverFile, arguments.at(1));
+        if (!master) {
+            deleteManagers();
+            return 0;
+        }
+    }
+
+    int result = 0;
+    {
+        // The splash stays a full second on purpose, before anything is built.
+        QSplashScreen splash(QPixmap(QStringLiteral(":/imgs/Imgs/Splash.png")));
+        splash.show();
+        QCoreApplication::processEvents();
+        QThread::msleep(1000);
+
+        MainWindow window;
+        boxPrompt.setParent(&window);
+        window.show();
+        splash.finish(&window);
+        result = QApplication::exec();
+        boxPrompt.setParent(nullptr);
+    }
+    QPrompt::install(nullptr);
+    deleteManagers();
+    return result;
+}

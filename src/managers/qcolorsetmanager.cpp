@@ -1,0 +1,3 @@
+#include "qcolorsetmanager.h"
+
+QColorsetManager* colorMan = nullptr;

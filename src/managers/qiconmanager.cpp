@@ -1,0 +1,3 @@
+#include "qiconmanager.h"
+
+QIconManager* iconMan = nullptr;

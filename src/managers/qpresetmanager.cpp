@@ -1,0 +1,3 @@
+#include "qpresetmanager.h"
+
+QPresetManager* presetMan = nullptr;

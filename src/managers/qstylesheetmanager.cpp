@@ -1,0 +1,3 @@
+#include "qstylesheetmanager.h"
+
+QStylesheetManager* styleMan = nullptr;

@@ -1,0 +1,6 @@
+#include "qproject.h"
+
+QProject::QProject(QObject* parent)
+    : QObject(parent)
+{
+}

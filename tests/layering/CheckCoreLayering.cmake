@@ -1,0 +1,42 @@
+cmake_policy(VERSION 3.21)
+include(${LAYERING})
+
+set(faults "")
+
+# Every header the QtWidgets module ships, by its bare name.
+set(widgets_dir "")
+foreach(dir ${WIDGETS_INCLUDE_DIRS})
+  if(dir MATCHES "/QtWidgets$")
+    set(widgets_dir ${dir})
+  endif()
+endforeach()
+file(GLOB widget_headers RELATIVE ${widgets_dir} ${widgets_dir}/*)
+list(FILTER widget_headers EXCLUDE REGEX "^q.*\\.h$|^qt.*")
+if(NOT widget_headers)
+  message(FATAL_ERROR "no QtWidgets headers found in ${WIDGETS_INCLUDE_DIRS}")
+endif()
+
+foreach(source ${CORE_SOURCES})
+  file(STRINGS ${source} includes REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"]")
+  foreach(line ${includes})
+    string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*[<\"]([^>\"]+)[>\"].*" "\\1" header "${line}")
+    string(REGEX REPLACE "^QtWidgets/" "" bare "${header}")
+    if(header MATCHES "^QtWidgets" OR bare IN_LIST widget_headers)
+      string(APPEND faults "  ${source} includes <${header}>\n")
+    endif()
+  endforeach()
+endforeach()
+
+if(CORE_LINKS MATCHES "Widgets")
+  string(APPEND faults "  the core library links ${CORE_LINKS}\n")
+endif()
+
+execute_process(COMMAND ldd ${CLI} OUTPUT_VARIABLE linked RESULT_VARIABLE result)
+if(result EQUAL 0 AND linked MATCHES "libQt6Widgets")
+  string(APPEND faults "  ${CLI} loads libQt6Widgets\n")
+endif()
+
+if(faults)
+  message(FATAL_ERROR "The core library reaches QtWidgets:\n${faults}")
+endif()
+message(STATUS "core library: no QtWidgets include or link")
