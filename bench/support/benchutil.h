@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <cstdio>
+
+/**
+ * Timing for the benchmarks. Machines here are noisy, so every figure is
+ * printed beside a baseline measured in the same run, and each measurement
+ * is the best of several repetitions.
+ */
+namespace bench {
+
+/// Milliseconds of the fastest of `repetitions` runs of `work`.
+template<typename Work>
+double bestMs(int repetitions, Work&& work)
+{
+    double best = 1e300;
+    for (int i = 0; i < repetitions; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        const double ms = double(timer.nsecsElapsed()) / 1e6;
+        if (ms < best)
+            best = ms;
+    }
+    return best;
+}
+
+/// Keeps the optimiser from removing work whose result is otherwise unused.
+template<typename T>
+void keep(const T& value)
+{
+    asm volatile("" : : "g"(&value) : "memory");
+}
+
+/// One result line: label, time, and its ratio to the baseline.
+inline void report(const char* label, double ms, double baselineMs, const char* extra = "")
+{
+    std::printf("%-44s %10.3f ms   x%.2f of baseline %s\n", label, ms,
+                baselineMs > 0 ? ms / baselineMs : 0.0, extra);
+}
+
+/// Megabytes per second for `bytes` done in `ms`.
+inline double mbPerSecond(double bytes, double ms)
+{
+    return ms > 0 ? bytes / (ms / 1000.0) / 1e6 : 0.0;
+}
+
+/// The real engine files, or an empty string (the benchmark then says so).
+inline QString realData()
+{
+    return QString::fromUtf8(PF_REALDATA);
+}
+
+} // namespace bench
