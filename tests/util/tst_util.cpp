@@ -1,5 +1,6 @@
 #include "model/qproject.h"
 #include "model/qprojectfile.h"
+#include "util/qengineversion.h"
 #include "util/qmessages.h"
 #include "util/qpaths.h"
 
@@ -56,6 +57,28 @@ private slots:
         QVERIFY(!QDir(root.filePath(QStringLiteral("chars/kfm"))).exists());
         QVERIFY(QDir(root.filePath(QStringLiteral("chars"))).exists()); // the parent stays
         QVERIFY(removeDir(root.filePath(QStringLiteral("not/there"))));
+    }
+
+    void versionsReadAndShown_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<uint>("version");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("1.0") << QStringLiteral("1.0") << 0x01000000u << QStringLiteral("1.0");
+        QTest::newRow("1.1 with blanks") << QStringLiteral(" 1.1 ") << 0x01010000u << QStringLiteral("1.1");
+        QTest::newRow("four fields") << QStringLiteral("2.0.1.0") << 0x02000100u << QStringLiteral("2.0");
+        QTest::newRow("old date") << QStringLiteral("04,14,2002") << 0u << QStringLiteral("Beta");
+        QTest::newRow("one number") << QStringLiteral("1") << 0u << QStringLiteral("Beta");
+        QTest::newRow("trailing text") << QStringLiteral("1.0 beta") << 0u << QStringLiteral("Beta");
+    }
+
+    void versionsReadAndShown()
+    {
+        QFETCH(QString, text);
+        QFETCH(uint, version);
+        QFETCH(QString, label);
+        QCOMPARE(getVersion(text), version);
+        QCOMPARE(engineVersion::label(version), label);
     }
 
     void messagesFormatPerFile()
