@@ -9,6 +9,14 @@
 
 namespace {
 
+// Stderr belongs to the one-line fault reports that scripts read; the
+// toolkit's own chatter (platform notes, font fallbacks) stays out of it.
+void quietMessages(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        QTextStream(stderr) << "pugilforge-cli: " << message << '\n';
+}
+
 int printHelp(const QCliRun& run)
 {
     run.print(QStringLiteral("usage: pugilforge-cli [--json] COMMAND [ARGUMENTS]"));
@@ -23,7 +31,9 @@ int printHelp(const QCliRun& run)
 
 int main(int argc, char** argv)
 {
-    // Images and fonts need the GUI library but never a display.
+    if (qEnvironmentVariableIsEmpty("PF_CLI_DEBUG"))
+        qInstallMessageHandler(quietMessages);
+    // Images and text documents need the GUI library but never a display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);

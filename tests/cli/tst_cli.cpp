@@ -1,0 +1,101 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+struct Result
+{
+    int exitCode = -1;
+    QByteArray out;
+    QByteArray err;
+};
+
+Result runCli(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(qEnvironmentVariable("PF_BIN_DIR") + QStringLiteral("/pugilforge-cli"), arguments);
+    Result result;
+    if (!process.waitForFinished(30000))
+        return result;
+    result.exitCode = process.exitCode();
+    result.out = process.readAllStandardOutput();
+    result.err = process.readAllStandardError();
+    return result;
+}
+
+QString sourceFile(const char* relative)
+{
+    return qEnvironmentVariable("PF_SOURCE_DIR") + QLatin1Char('/') + QLatin1String(relative);
+}
+
+} // namespace
+
+class TestCli : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void versionAndUsage()
+    {
+        const Result version = runCli({QStringLiteral("--version")});
+        QCOMPARE(version.exitCode, 0);
+        QVERIFY(version.out.startsWith("pugilforge-cli "));
+
+        const Result unknown = runCli({QStringLiteral("no-such-command")});
+        QCOMPARE(unknown.exitCode, 2);
+        QCOMPARE(unknown.err.count('\n'), 1);
+
+        const Result missingArgument = runCli({QStringLiteral("config")});
+        QCOMPARE(missingArgument.exitCode, 2);
+    }
+
+    void configPrintsDefaultsAndWhatTheFileAdds()
+    {
+        const Result result = runCli({QStringLiteral("config"), sourceFile("data/config.xml"),
+                                      QStringLiteral("--json")});
+        QCOMPARE(result.exitCode, 0);
+        QJsonParseError error;
+        const QJsonObject root = QJsonDocument::fromJson(result.out, &error).object();
+        QCOMPARE(error.error, QJsonParseError::NoError);
+        const QJsonObject values = root.value(QStringLiteral("values")).toObject();
+        QCOMPARE(values.size(), 63 + 3);
+        QCOMPARE(values.value(QStringLiteral("background_x")).toString(), QStringLiteral("-213"));
+        QCOMPARE(values.value(QStringLiteral("show_organizer")).toString(), QStringLiteral("true"));
+        QVERIFY(root.value(QStringLiteral("engines")).toArray().isEmpty());
+
+        const Result text = runCli({QStringLiteral("config"), sourceFile("data/config.xml")});
+        QCOMPARE(text.exitCode, 0);
+        QCOMPARE(text.out.count('\n'), 66);
+        QVERIFY(text.out.contains("language = en-us\n"));
+    }
+
+    void unreadableInputIsOneLineAndFails()
+    {
+        QTemporaryDir dir;
+        const QString missing = dir.filePath(QStringLiteral("missing.xml"));
+        const Result absent = runCli({QStringLiteral("config"), missing});
+        QCOMPARE(absent.exitCode, 1);
+        QCOMPARE(absent.err.count('\n'), 1);
+        QVERIFY(absent.err.contains(missing.toLocal8Bit()));
+        QVERIFY(absent.out.isEmpty());
+
+        const QString broken = dir.filePath(QStringLiteral("broken.xml"));
+        QFile file(broken);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("<configuration><config name=\"a\"");
+        file.close();
+        const Result malformed = runCli({QStringLiteral("config"), broken, QStringLiteral("--json")});
+        QCOMPARE(malformed.exitCode, 1);
+        QCOMPARE(malformed.err.count('\n'), 1);
+        QVERIFY(malformed.err.contains("XML Error"));
+        QVERIFY(malformed.err.contains(broken.toLocal8Bit()));
+        QVERIFY(malformed.out.isEmpty());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCli)
+#include "tst_cli.moc"
