@@ -44,6 +44,12 @@ const QStringList valueTypes = {
     QStringLiteral("strexp2nil"), QStringLiteral("expstr"),     QStringLiteral("expstrexp2"),
     QStringLiteral("value")};
 
+// The types whose entries carry the words of their value in reg_exp.
+const QStringList typesWithWords = {
+    QStringLiteral("exp2value"), QStringLiteral("strexp"),     QStringLiteral("strexp2"),
+    QStringLiteral("strexp2nil"), QStringLiteral("expstrexp2"), QStringLiteral("expstr"),
+    QStringLiteral("value"),     QStringLiteral("string")};
+
 const QStringList entrySections = {QStringLiteral("state_controller"), QStringLiteral("bg_controller"),
                                    QStringLiteral("bg_control")};
 
@@ -93,6 +99,8 @@ void checkKey(const QXmlStreamAttributes& a, const QString& where, bool needsTyp
         faults << at + QStringLiteral(": unknown type '%1'").arg(type);
     if (type == QLatin1String("intn") && a.value(QLatin1String("max")).toInt() < 1)
         faults << at + QStringLiteral(": intn without a positive max");
+    if (a.hasAttribute(QLatin1String("reg_exp")) && !typesWithWords.contains(type))
+        faults << at + QStringLiteral(": reg_exp on type '%1', which reads none").arg(type);
     const QString format = a.value(QLatin1String("format")).toString();
     if (!format.isEmpty() && format != QLatin1String("name") && format != QLatin1String("func")
         && format != QLatin1String("regexp"))
