@@ -25,8 +25,8 @@ QTextCodec* codecAt(int index)
 /// The charset uchardet names for `data`, empty when it cannot tell.
 QByteArray detectCharset(const QByteArray& data)
 {
-    std::unique_ptr<std::remove_pointer_t<uchardet_t>, void (*)(uchardet_t)> detector(uchardet_new(),
-                                                                                        uchardet_delete);
+    std::unique_ptr<std::remove_pointer_t<uchardet_t>, void (*)(uchardet_t)> detector(
+        uchardet_new(), uchardet_delete);
     if (uchardet_handle_data(detector.get(), data.constData(), size_t(data.size())) != 0)
         return QByteArray();
     uchardet_data_end(detector.get());
@@ -39,8 +39,9 @@ QTextCodec* chooseCodec(const QByteArray& data, unsigned int wanted, int* index)
     if (wanted >= unsigned(codecCount()))
         wanted = 0;
     const QByteArray detected = detectCharset(data);
-    // Pure ASCII says nothing about the encoding the author writes in: saving
-    // later non-ASCII text as ASCII would lose it, so the wanted codec decides.
+    // Pure ASCII says nothing about the encoding the author writes in (older
+    // detectors reported nothing for it): saving later non-ASCII text as ASCII
+    // would lose it, so the wanted codec decides.
     if (!detected.isEmpty() && detected != "ASCII") {
         if (QTextCodec* codec = QTextCodec::codecForName(detected)) {
             *index = codecIndex(codec->name().constData());

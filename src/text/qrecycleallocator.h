@@ -9,8 +9,7 @@
  * out a free object as it was left (the user sets it up again); clean() puts
  * it back; flush() deletes the free ones; release() deletes all of them.
  */
-template<class T>
-class QRecycleAllocator
+template <class T> class QRecycleAllocator
 {
 public:
     QRecycleAllocator() = default;
