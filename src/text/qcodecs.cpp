@@ -33,6 +33,17 @@ QByteArray detectCharset(const QByteArray& data)
     return QByteArray(uchardet_get_charset(detector.get()));
 }
 
+/// The codec for a name the detector gives. It names some encodings in ways
+/// Qt does not know; those are the codecs that contain them.
+QTextCodec* codecForDetected(const QByteArray& detected)
+{
+    if (detected == "UHC") // Korean: unified Hangul code is code page 949
+        return QTextCodec::codecForName("windows-949");
+    if (detected == "ISO-8859-11") // Thai
+        return QTextCodec::codecForName("windows-874");
+    return QTextCodec::codecForName(detected);
+}
+
 /// getCodec(), also telling the index of the codec chosen: 0 for the locale's.
 QTextCodec* chooseCodec(const QByteArray& data, unsigned int wanted, int* index)
 {
@@ -43,7 +54,7 @@ QTextCodec* chooseCodec(const QByteArray& data, unsigned int wanted, int* index)
     // detectors reported nothing for it): saving later non-ASCII text as ASCII
     // would lose it, so the wanted codec decides.
     if (!detected.isEmpty() && detected != "ASCII") {
-        if (QTextCodec* codec = QTextCodec::codecForName(detected)) {
+        if (QTextCodec* codec = codecForDetected(detected)) {
             *index = codecIndex(codec->name().constData());
             return codec;
         }

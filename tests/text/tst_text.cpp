@@ -525,6 +525,11 @@ private slots:
             "[Info]\n; Personnage créé à Montréal — fenêtre, théâtre, élève, déjà vu, naïve.\n"
             "name = \"Größe Überraschung\"\nauthor = \"François Müller\"\n"
             "; Coût: 20 € pour le café; Straße, Mädchen, Brötchen, Ärger, Öl, süß, señor, año.\n");
+        const QString korean = QStringLiteral("[Info]\n; 이것은 격투 게임 캐릭터입니다. 제작자는 한국의 "
+                                              "애호가이며 모든 기술 이름은 한국어로 쓰여 있습니다.\n"
+                                              "name = \"쿵푸맨\"\n; 필살기: 파동권, 승룡권, 용권선풍각. "
+                                              "커맨드는 아래, 오른쪽 아래, 오른쪽과 펀치입니다.\n");
+        QTest::newRow("CP949") << QByteArray("windows-949") << QByteArray() << korean;
         QTest::newRow("Shift-JIS") << QByteArray("Shift_JIS") << QByteArray() << japanese;
         QTest::newRow("GBK") << QByteArray("GBK") << QByteArray() << chinese;
         QTest::newRow("CP1252") << QByteArray("windows-1252") << QByteArray() << western;
