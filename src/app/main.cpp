@@ -13,6 +13,7 @@
 #include "managers/qlanguagemanager.h"
 #include "managers/qpresetmanager.h"
 #include "managers/qstylesheetmanager.h"
+#include "text/qcodecs.h"
 
 #include <QApplication>
 #include <QDir>
@@ -72,6 +73,7 @@ int main(int argc, char** argv)
     colorMan = new QColorsetManager(programDir + QStringLiteral("/colorsets"));
     configMan = new QConfigManager;
     configMan->fromFile(programDir + QStringLiteral("/config.xml"));
+    initCodecs();
 
     // Only the segment's existence counts; its byte is never read.
     QSharedMemory instanceKey(QStringLiteral("Pugilforge3"));
