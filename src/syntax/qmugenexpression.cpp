@@ -192,22 +192,7 @@ bool QMugenSyntaxProcessor::parseRedirection(const QString& name)
 
 void QMugenSyntaxProcessor::parseTriggerValue(const QSynInfo& info, const QString& name)
 {
-    // Constants are named inside the parenthesis of "const".
-    if (name == QLatin1String("const")) {
-        if (!match(tkLParen, &m_operatorFormat))
-            return;
-        if (tokenCode() == tkIdent) {
-            if (m_properties->section(QStringLiteral("consts")).find(m_tokenText.toLower()))
-                colourToken(m_valueFormat);
-            else
-                errorFmt(tr("Unknown constant '%1'").arg(m_tokenText));
-            nextToken();
-        } else {
-            match(tkIdent);
-        }
-        match(tkRParen, &m_operatorFormat);
-        return;
-    }
+    Q_UNUSED(name) // the entry says all: Const is told by having no pattern
     if (info.format == QSynInfo::fmtFunc)
         return; // matchKey has read the argument
 
@@ -225,7 +210,20 @@ void QMugenSyntaxProcessor::parseTriggerValue(const QSynInfo& info, const QStrin
         break;
     case stValue:
         if (info.hasValueRegExp())
-            parseValueWord(info);
+            parseComponent(info);
+        return;
+    case stStrExp:
+        parseNameArgument(info);
+        return;
+    case stStrExp2:
+        // "(" name ")", then a comparison with a string, as in StageVar(info.name) = "x".
+        if (parseNameArgument(info) && (tokenCode() == tkEqual || tokenCode() == tkNotEqual)) {
+            match(tokenCode(), &m_operatorFormat);
+            match(tkString, &m_stringFormat);
+        }
+        return;
+    case stExpStr:
+        parseWordList(info);
         return;
     case stString:
         if (tokenCode() == tkEqual || tokenCode() == tkNotEqual) {
@@ -235,8 +233,9 @@ void QMugenSyntaxProcessor::parseTriggerValue(const QSynInfo& info, const QStrin
         return;
     case stInt:
     case stInt2:
-        // The comparison form: "= n" and, behind a comma, an optional operator and n.
-        if (tokenCode() != tkEqual && tokenCode() != tkNotEqual)
+        // A comparison with a number and, behind a comma, an optional
+        // comparison operator and a number: AnimElem = 3, >= 2.
+        if (!isComparison(tokenCode()))
             return;
         match(tokenCode(), &m_operatorFormat);
         parseNum(tkNumber);
@@ -253,56 +252,82 @@ void QMugenSyntaxProcessor::parseTriggerValue(const QSynInfo& info, const QStrin
 
     if (!match(tkLParen, &m_operatorFormat))
         return;
-    if (arguments == 1 && info.hasValueRegExp()) {
-        // An argument that is a name, as in gethitvar(xvel).
-        if (tokenCode() == tkIdent && info.valueMatches(m_tokenText)) {
-            match(tkIdent, &m_valueFormat);
-        } else {
-            errorFmt(tr("Unknown value"));
-            if (tokenCode() != tkEnd && tokenCode() != tkRParen)
-                nextToken();
-        }
-    } else {
-        for (int i = 0; arguments < 0 || i < arguments; ++i) {
-            if (i > 0 && !match(tkComma, &m_operatorFormat))
-                return;
-            parseExpression();
-            if (arguments < 0 && tokenCode() != tkComma)
-                break;
-        }
+    for (int i = 0; arguments < 0 || i < arguments; ++i) {
+        if (i > 0 && !match(tkComma, &m_operatorFormat))
+            return;
+        parseExpression();
+        if (arguments < 0 && tokenCode() != tkComma)
+            break;
     }
     match(tkRParen, &m_operatorFormat);
 }
 
-// A word that follows a trigger: a component ("vel x"), or behind "=" or
-// "!=" one or more words of a list ("hitdefattr = SC, NA, SA").
-bool QMugenSyntaxProcessor::parseValueWord(const QSynInfo& info)
+// A component word behind the trigger: Vel X, Pos Y.
+bool QMugenSyntaxProcessor::parseComponent(const QSynInfo& info)
 {
     if (tokenCode() == tkIdent && info.valueMatches(m_tokenText))
         return match(tkIdent, &m_valueFormat);
+    errorFmt(tr("Unknown value"));
+    return false;
+}
+
+// "(" name ")": a constant for Const (which has no pattern), otherwise a word
+// of the pattern, as in GetHitVar(xvel).
+bool QMugenSyntaxProcessor::parseNameArgument(const QSynInfo& info)
+{
+    if (!match(tkLParen, &m_operatorFormat))
+        return false;
+    if (tokenCode() != tkIdent) {
+        match(tkIdent);
+        return false;
+    }
+    if (!info.hasValueRegExp()) {
+        if (m_properties->section(QStringLiteral("consts")).find(m_tokenText.toLower()))
+            colourToken(m_valueFormat);
+        else
+            errorFmt(tr("Unknown constant '%1'").arg(m_tokenText));
+    } else if (info.valueMatches(m_tokenText)) {
+        colourToken(m_valueFormat);
+    } else {
+        errorFmt(tr("Unknown value"));
+    }
+    nextToken();
+    return match(tkRParen, &m_operatorFormat);
+}
+
+// "=" or "!=" and words separated by commas, which together match the
+// pattern: StateType = A, HitDefAttr = SC, NA, SA. The longest list that
+// matches is taken, so a comma behind it stays for an enclosing argument list.
+bool QMugenSyntaxProcessor::parseWordList(const QSynInfo& info)
+{
     if (tokenCode() != tkEqual && tokenCode() != tkNotEqual) {
         errorFmt(tr("Unknown value"));
         return false;
     }
     match(tokenCode(), &m_operatorFormat);
-    if (tokenCode() != tkIdent || !info.valueMatches(m_tokenText)) {
-        errorFmt(tr("Unknown value"));
-        if (tokenCode() != tkEnd)
-            nextToken();
-        return false;
-    }
-    match(tkIdent, &m_valueFormat);
-    while (tokenCode() == tkComma) {
-        const LexerState state = saveLexer();
+    const LexerState first = saveLexer();
+    QVector<LexerState> ends;
+    QStringList words;
+    while (tokenCode() == tkIdent) {
+        words.append(m_tokenText);
         nextToken();
-        if (tokenCode() != tkIdent || !info.valueMatches(m_tokenText)) {
-            restoreLexer(state);
+        ends.append(saveLexer());
+        if (tokenCode() != tkComma)
             break;
-        }
-        colour(state.token >> 6 & 0xFFFF, 1, m_operatorFormat);
-        match(tkIdent, &m_valueFormat);
+        nextToken();
     }
-    return true;
+    for (int count = int(words.size()); count > 0; --count) {
+        if (info.valueMatches(words.mid(0, count).join(QLatin1Char(',')))) {
+            restoreLexer(ends.at(count - 1));
+            colour(first.token >> 6 & 0xFFFF, tokenStart() - int(first.token >> 6 & 0xFFFF), m_valueFormat);
+            return true;
+        }
+    }
+    restoreLexer(first);
+    errorFmt(tr("Unknown value"));
+    if (tokenCode() != tkEnd)
+        nextToken();
+    return false;
 }
 
 bool QMugenSyntaxProcessor::matchKey(const QString& key, const QString& name, const QSynInfo& info, int& end)

@@ -125,8 +125,7 @@ void QMugenSyntaxProcessor::parseStatedefLine()
 
 void QMugenSyntaxProcessor::parseStateLine()
 {
-    static const QRegularExpression trigger(QStringLiteral("^trigger(?:all|\\d+)$"),
-                                            QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression trigger(QStringLiteral("^trigger\\d+$"), QRegularExpression::CaseInsensitiveOption);
     if (tokenCode() != tkIdent) {
         match(tkIdent);
         skipLine();
@@ -154,22 +153,26 @@ void QMugenSyntaxProcessor::parseStateLine()
                      ikController, column, length);
         return;
     }
-    if (trigger.match(key).hasMatch() || key == QLatin1String("persistent")
-        || key == QLatin1String("ignorehitpause") || key == QLatin1String("ctrlid")) {
-        if (key.startsWith(QLatin1String("trigger")) && key != QLatin1String("triggerall"))
-            m_state |= hasTriggerFlag;
-        match(tkIdent, &m_keyFormat);
-        parseParamValue(infoOf(stExp));
-        return;
-    }
+    if (trigger.match(key).hasMatch())
+        m_state |= hasTriggerFlag;
+
+    const QSynTable& common = m_properties->commonParams(QMugenSyntaxProperties::StateController);
     const int index = controllerIndex();
-    if (index < 0) {
-        // Without a known controller its parameters can't be told apart.
-        skipLine();
+    if (index >= 0) {
+        const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+        parseParam(controller.params, controller.name, &common);
         return;
     }
-    const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
-    parseParam(controller.params, controller.name);
+    // Before a known type only the keys of every controller can be told apart.
+    int end = 0;
+    const LexerState state = saveLexer();
+    nextToken();
+    const bool isCommon = findKey(common, key, end) != nullptr;
+    restoreLexer(state);
+    if (isCommon)
+        parseParam(common, QStringLiteral("State"));
+    else
+        skipLine();
 }
 
 void QMugenSyntaxProcessor::parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType)
@@ -189,6 +192,7 @@ void QMugenSyntaxProcessor::parseTypedLine(QMugenSyntaxProperties::ControllerKin
         int length = 0;
         const QString name = takeRest(column, length);
         const int index = m_properties->findController(kind, name);
+        m_state |= hasTypeFlag;
         setControllerIndex(index);
         if (index < 0)
             errorFmt(unknownType, column, qMax(1, length));
@@ -201,11 +205,15 @@ void QMugenSyntaxProcessor::parseTypedLine(QMugenSyntaxProperties::ControllerKin
     if (index < 0 && kind == QMugenSyntaxProperties::BgControl && !(m_state & hasTypeFlag))
         index = m_properties->findController(kind, QStringLiteral("normal"));
     if (index < 0) {
-        skipLine();
+        // Behind an unknown type its keys can't be checked.
+        if (m_state & hasTypeFlag)
+            skipLine();
+        else
+            parseParam(m_properties->commonParams(kind), kind == QMugenSyntaxProperties::BgControl ? QStringLiteral("BG") : QStringLiteral("BGCtrl"));
         return;
     }
     const QSynController& controller = m_properties->controller(kind, index);
-    parseParam(controller.params, controller.name);
+    parseParam(controller.params, controller.name, &m_properties->commonParams(kind));
 }
 
 void QMugenSyntaxProcessor::parseTableLine(const char* table, const QString& title)

@@ -97,7 +97,8 @@ void QMugenSyntaxProcessor::parseHeader()
 {
     const QString& text = *m_text;
     match(tkLBracket, &m_headerFormat);
-    const QString word = m_tokenText.toLower();
+    // Headers may carry a language prefix, as in [ja.Quotes].
+    const QString word = unprefixedKey(m_tokenText.toLower());
     const int wordStart = tokenStart();
     const int wordEnd = wordStart + tokenLength();
     const int close = int(text.indexOf(QLatin1Char(']'), wordStart));

@@ -79,13 +79,16 @@ private:
     void parseValueExp();
     bool parseRedirection(const QString& name);
     void parseTriggerValue(const QSynInfo& info, const QString& name);
-    bool parseValueWord(const QSynInfo& info);
+    bool parseComponent(const QSynInfo& info);
+    bool parseWordList(const QSynInfo& info);
+    bool parseNameArgument(const QSynInfo& info);
     bool matchKey(const QString& key, const QString& name, const QSynInfo& info, int& end);
     const QSynInfo* findKey(const QSynTable& table, const QString& key, int& end);
     void checkVersion(const QSynInfo& info, ItemKind kind, int column, int length);
 
     // Parameters and values (qmugenvalues.cpp).
-    bool parseParam(const QSynTable& table, const QString& controller);
+    /// Checks a "key = value" line against `table`, then against `common`.
+    bool parseParam(const QSynTable& table, const QString& controller, const QSynTable* common = nullptr);
     void parseParamValue(const QSynInfo& info);
     void parseShape(const QSynInfo& info);
     void parseTextValue(const QSynInfo& info, bool isValue);

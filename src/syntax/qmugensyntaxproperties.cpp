@@ -125,6 +125,10 @@ void QMugenSyntaxProperties::readController(QXmlStreamReader& xml, ControllerKin
     }
     if (controller.name.isEmpty())
         return;
+    if (controller.name == QLatin1String("*")) {
+        m_common[kind] = controller.params;
+        return;
+    }
     const QString key = controller.name.toLower();
     const auto existing = m_controllerIndex[kind].constFind(key);
     if (existing != m_controllerIndex[kind].cend()) {

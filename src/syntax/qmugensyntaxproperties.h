@@ -56,6 +56,8 @@ public:
     const QSynController& controller(ControllerKind kind, int index) const { return m_controllers[kind].at(index); }
     /// The index of the named controller (case ignored), or -1.
     int findController(ControllerKind kind, const QString& name) const;
+    /// The parameters every controller of the kind accepts (the entry "*").
+    const QSynTable& commonParams(ControllerKind kind) const { return m_common[kind]; }
 
 private:
     void readElement(QXmlStreamReader& xml);
@@ -65,4 +67,5 @@ private:
     QHash<QString, QSynTable> m_sections;
     QVector<QSynController> m_controllers[3];
     QHash<QString, int> m_controllerIndex[3];
+    QSynTable m_common[3];
 };

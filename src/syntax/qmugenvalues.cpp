@@ -36,7 +36,7 @@ const ValueShape* shapeOf(QSynType type)
         {"fff", 3, false, false},  // float3
         {"e", 1, false, false},    // exp
         {"ee", 2, false, false},   // exp2
-        {"ww", 1, false, false},   // exp2value
+        {"se", 1, false, false},   // exp2value
         {"eee", 3, false, false},  // exp3
         {"eeee", 4, false, false}, // exp4
         {"e", 1, true, false},     // expn
@@ -46,7 +46,7 @@ const ValueShape* shapeOf(QSynType type)
         {"s", 1, false, false},    // strexp
         {"se", 1, false, false},   // strexp2
         {"se", 0, false, true},    // strexp2nil
-        {"es", 1, false, false},   // expstr
+        {"w", 1, true, false},     // expstr
         {"esee", 1, false, false}, // expstrexp2
         {nullptr, 0, false, false}, // value
     };
@@ -55,7 +55,7 @@ const ValueShape* shapeOf(QSynType type)
 
 } // namespace
 
-bool QMugenSyntaxProcessor::parseParam(const QSynTable& table, const QString& controller)
+bool QMugenSyntaxProcessor::parseParam(const QSynTable& table, const QString& controller, const QSynTable* common)
 {
     const int column = tokenStart();
     const QString key = m_tokenText;
@@ -65,6 +65,8 @@ bool QMugenSyntaxProcessor::parseParam(const QSynTable& table, const QString& co
     }
     int end = column + int(key.size());
     const QSynInfo* info = findKey(table, key, end);
+    if (!info && common)
+        info = findKey(*common, key, end);
     if (!info && unprefixedKey(key) != key)
         info = findKey(table, unprefixedKey(key), end);
     if (!info) {
