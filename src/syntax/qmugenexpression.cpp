@@ -268,6 +268,8 @@ bool QMugenSyntaxProcessor::parseComponent(const QSynInfo& info)
     if (tokenCode() == tkIdent && info.valueMatches(m_tokenText))
         return match(tkIdent, &m_valueFormat);
     errorFmt(tr("Unknown value"));
+    if (tokenCode() == tkIdent)
+        nextToken(); // the word meant as the component
     return false;
 }
 
