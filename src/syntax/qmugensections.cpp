@@ -22,6 +22,7 @@ void QMugenSyntaxProcessor::parseSectionLine()
     switch (section()) {
     case secNone:
     case secInvalid:
+    case secMotif:
         return; // nothing to check against
     case secStatedef: parseStatedefLine(); return;
     case secState: parseStateLine(); return;

@@ -158,6 +158,38 @@ void QMugenSyntaxProcessor::parseHeader()
             return;
         }
     }
+
+    // Storyboards and motifs name their backgrounds with a prefix:
+    // [BG0Def], [TitleBGdef], [TitleBG Logo], [BG0Ctrl Start], [BG0CtrlDef a].
+    static const QRegularExpression background(QStringLiteral("^\\w*bg\\d*(def|ctrldef|ctrl)?$"),
+                                               QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch prefixed = background.match(word);
+    if (prefixed.hasMatch()) {
+        const QString kind = prefixed.captured(1).toLower();
+        setSection(kind.isEmpty() ? secBg : kind == QLatin1String("def") ? secBgDef
+                                        : kind == QLatin1String("ctrl")  ? secBgCtrl
+                                                                         : secBgCtrlDef);
+        return;
+    }
+    // The groups of the motif, fight and select definitions, kept unchecked.
+    static const QStringList motifGroups = {
+        QStringLiteral("title info"), QStringLiteral("select info"), QStringLiteral("vs screen"),
+        QStringLiteral("demo mode"), QStringLiteral("continue screen"), QStringLiteral("game over screen"),
+        QStringLiteral("victory screen"), QStringLiteral("win screen"), QStringLiteral("default ending"),
+        QStringLiteral("end credits"), QStringLiteral("survival results screen"), QStringLiteral("option info"),
+        QStringLiteral("infobox"), QStringLiteral("infobox text"), QStringLiteral("characters"),
+        QStringLiteral("extrastages"), QStringLiteral("options"), QStringLiteral("fightfx"),
+        QStringLiteral("lifebar"), QStringLiteral("simul lifebar"), QStringLiteral("turns lifebar"),
+        QStringLiteral("powerbar"), QStringLiteral("face"), QStringLiteral("simul face"),
+        QStringLiteral("turns face"), QStringLiteral("name"), QStringLiteral("simul name"),
+        QStringLiteral("turns name"), QStringLiteral("time"), QStringLiteral("combo"),
+        QStringLiteral("round"), QStringLiteral("winicon"),
+    };
+    const QString name = unprefixedGroup(text.mid(wordStart, (close < 0 ? int(text.size()) : close) - wordStart));
+    if (motifGroups.contains(name)) {
+        setSection(secMotif);
+        return;
+    }
     errorFmt(tr("Invalid group"), 0, close < 0 ? int(text.size()) : close + 1);
 }
 
@@ -198,6 +230,12 @@ QString QMugenSyntaxProcessor::unprefixedKey(const QString& key)
                                              QRegularExpression::CaseInsensitiveOption);
     const QRegularExpressionMatch found = prefixed.match(key);
     return found.hasMatch() ? found.captured(1) : key;
+}
+
+QString QMugenSyntaxProcessor::unprefixedGroup(const QString& name)
+{
+    static const QRegularExpression prefix(QStringLiteral("^[a-z]{2,2}\\."), QRegularExpression::CaseInsensitiveOption);
+    return name.simplified().toLower().remove(prefix);
 }
 
 void QMugenSyntaxProcessor::errorFmt(const QString& text, int column, int length)

@@ -37,7 +37,7 @@ private:
         secRemap, secKeymap, secQuotes, secInfo, secFiles, secArcade, secData, secSize,
         secVelocity, secMovement, secCamera, secPlayerInfo, secBound, secScaling, secShadow,
         secReflection, secStageInfo, secMusic, secBg, secBgCtrl, secBgCtrlDef, secBgDef,
-        secScene, secSceneDef, secDef, secFnt,
+        secScene, secSceneDef, secDef, secFnt, secMotif,
     };
     enum ItemKind { ikTrigger, ikParameter, ikController };
 
@@ -112,6 +112,8 @@ private:
     void matchCmdKey(const QTextCharFormat* format);
     bool isBlockEnded(bool& isState);
     static QString unprefixedKey(const QString& key);
+    /// A group's lowered name without its language prefix, blanks simplified.
+    static QString unprefixedGroup(const QString& name);
 
     // Findings.
     void errorFmt(const QString& text, int column, int length);

@@ -305,6 +305,12 @@ private slots:
         QTest::newRow("bgctrl") << "[BGCtrl a]\ntype = VelSet\ntime = 0, 10\nx = 1\n[BGCtrl b]\ntype = Spin"
                                 << QStringList{QStringLiteral("5:E:Unknown 'BG Ctrl' type")};
         QTest::newRow("font def type") << "[Def]\ntype = vector" << QStringList{QStringLiteral("1:E:Unknown parameter value 'vector'")};
+        QTest::newRow("storyboard backgrounds") << "[BG0Def]\nspr = a.sff\n[BG0 Credits]\nspriteno = 0, 0\n[BG0CtrlDef a]\nlooptime = 5\n"
+                                                   "[BG0Ctrl Start]\ntype = VelSet\nx = 1"
+                                                << none;
+        QTest::newRow("motif groups") << "[Title Info]\nfadein.time = 10\n[TitleBGdef]\nspr = a.sff\n[TitleBG Logo]\nstart = 0, 1\n"
+                                         "[ja.Infobox Text]\ntext = x\n[Simul  Lifebar]"
+                                      << none;
         QTest::newRow("invalid") << "[Nonsense]\nkey = 1" << QStringList{QStringLiteral("0:E:Invalid group")};
         QTest::newRow("empty lines keep the section") << "[Size]\n\n   \n; note\nxscale = 1" << none;
     }
