@@ -87,7 +87,7 @@ private:
     void checkVersion(const QSynInfo& info, ItemKind kind, int column, int length);
 
     // Parameters and values (qmugenvalues.cpp).
-    /// Checks a "key = value" line against `table`, then against `common`.
+    /// Checks a "key = value" line against `common`, then against `table`.
     bool parseParam(const QSynTable& table, const QString& controller, const QSynTable* common = nullptr);
     void parseParamValue(const QSynInfo& info);
     void parseShape(const QSynInfo& info);

@@ -64,9 +64,11 @@ bool QMugenSyntaxProcessor::parseParam(const QSynTable& table, const QString& co
         return false;
     }
     int end = column + int(key.size());
-    const QSynInfo* info = findKey(table, key, end);
-    if (!info && common)
-        info = findKey(*common, key, end);
+    // The keys every controller shares come first: a controller may accept
+    // any key of its own (Null does), but triggers stay triggers.
+    const QSynInfo* info = common ? findKey(*common, key, end) : nullptr;
+    if (!info)
+        info = findKey(table, key, end);
     if (!info && unprefixedKey(key) != key)
         info = findKey(table, unprefixedKey(key), end);
     if (!info) {

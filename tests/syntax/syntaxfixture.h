@@ -42,7 +42,9 @@ inline const char* syntaxFixture()
   <state_controller name="MakeDust" deprecated="1.0 (use Explod instead)">
     <param name="pos" type="int2"/>
   </state_controller>
-  <state_controller name="Null"/>
+  <state_controller name="Null">
+    <param name="any" type="string" format="regexp" fmt_reg_exp="[a-z0-9_.]+"/>
+  </state_controller>
   <state_controller name="ScreenBound" minver="1.0"/>
   <bg_control name="*">
     <param name="type" type="value" reg_exp="normal|anim|parallax|dummy"/>

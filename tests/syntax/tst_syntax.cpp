@@ -184,6 +184,9 @@ private slots:
         QCOMPARE(check(prefix + QStringLiteral("type = ChangeState\nvalue = 2\nanim = F5\ntrigger1 = 1\n")), QStringList());
         QCOMPARE(check(prefix + QStringLiteral("type = ChangeState\nanim = var(1)\ntrigger1 = 1\n")), QStringList());
         QCOMPARE(check(prefix + QStringLiteral("type = VarSet\nvar(3) = 2\ntrigger1 = 1\n")), QStringList());
+        // A controller that takes any key still has its triggers checked.
+        QCOMPARE(check(prefix + QStringLiteral("type = Null\nfoo = 1\ntrigger1 = tiem\n")),
+                 QStringList{QStringLiteral("4:E:Unknown trigger 'tiem'")});
         QCOMPARE(check(prefix + QStringLiteral("type = Teleport\nvalue = 2\ntrigger1 = 1\n")),
                  QStringList{QStringLiteral("2:E:Unknown 'State' type")});
         QCOMPARE(check(prefix + QStringLiteral("type = Null\ntriggerall = 1\n")),
