@@ -333,6 +333,34 @@ private slots:
         QCOMPARE(check(text, engineVersion::v1_1), QStringList());
     }
 
+    // Every cut of every line, and some bytes no file should hold: the checker
+    // never stops, and its spans stay inside the line.
+    void cutLinesStayInside()
+    {
+        const QStringList lines = {
+            QStringLiteral("[Statedef 200, x]"), QStringLiteral("[State 200, \"a\"]"), QStringLiteral("type = VelSet"),
+            QStringLiteral("trigger1 = ifelse(helper(2), var(1) := (time = [1, 2)), -.5 ** !vel x) ; note"),
+            QStringLiteral("flag = SCA, NA"), QStringLiteral("pair = -1, 2,"), QStringLiteral("x = const(data.life) || statetype = A, \"s"),
+            QStringLiteral("[Begin Action 1]"), QStringLiteral("Clsn2[0] = -1, 2, 3, 4"), QStringLiteral("0,0, 0,0, 5, HV, AS10D20, 1, 2, 3"),
+            QStringLiteral("[Command]"), QStringLiteral("command = ~30$D, >/F+a"), QStringLiteral("[BG x]"), QStringLiteral("type = parallax"),
+            QStringLiteral("\u00ff\t\u0001[=(]),;"),
+        };
+        QTextDocument document;
+        QMugenSyntaxProcessor processor(&document, &m_properties);
+        for (int line = 0; line < lines.size(); ++line) {
+            const QString full = lines.at(line);
+            for (int cut = 0; cut <= full.size(); ++cut) {
+                QStringList text = lines.mid(0, line);
+                text.append(full.left(cut));
+                const QVector<QSynMsgList> found = processor.checkText(text.join(QLatin1Char('\n')));
+                for (const QSynMsg& msg : found.last()) {
+                    QVERIFY2(msg.column >= 0 && msg.length >= 0 && msg.column + msg.length <= qMax(cut, 1) + 1,
+                             qPrintable(full.left(cut) + QStringLiteral(": ") + msg.text));
+                }
+            }
+        }
+    }
+
     // Every controller and trigger of the 1.1 reference's contents is in the
     // shipped vocabulary.
     void vocabularyCoversReference_data()
