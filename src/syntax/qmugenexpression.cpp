@@ -3,7 +3,6 @@
 #include "qmugensyntaxprocessor.h"
 #include "qmugentokens.h"
 
-#include <QCoreApplication>
 
 namespace {
 
