@@ -367,6 +367,7 @@ private slots:
     {
         QTest::addColumn<QString>("file");
         QTest::addColumn<unsigned int>("version");
+        // Both releases' kfm.def declare mugenversion 1.0; common1.cns goes with its release.
         for (const char* release : {"fanyer__mugen", "Tunlan__mugen-1.1b1"}) {
             const unsigned int version = QByteArray(release).contains("1.1") ? engineVersion::v1_1 : engineVersion::v1_0;
             for (const char* name : {"chars/kfm/kfm.def", "chars/kfm/kfm.cns", "chars/kfm/kfm.cmd", "chars/kfm/kfm.air"})
