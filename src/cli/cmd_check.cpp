@@ -3,6 +3,7 @@
 #include "qclicommand.h"
 
 #include "syntax/qmugensyntaxprocessor.h"
+#include "text/qcodecs.h"
 #include "util/qengineversion.h"
 
 #include <QCoreApplication>
@@ -98,7 +99,8 @@ int runCheck(const QCliRun& run)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return run.fail(fileName, QStringLiteral("can't open the file"));
-    const QString text = QString::fromUtf8(file.readAll());
+    // Authors' files come in any encoding; detection decides, as on loading.
+    const QString text = stringFromData(file.readAll(), 0, nullptr);
     if (engine.isEmpty())
         versionBeside(fileName, version, versionSource);
 

@@ -73,6 +73,18 @@ private slots:
         QVERIFY(text.out.contains("language = en-us\n"));
     }
 
+    void bundledSampleChecksClean()
+    {
+        for (const char* file : {"samples/ember/ember.def", "samples/ember/ember.cns",
+                                 "samples/ember/ember.cmd", "samples/ember/ember.air"}) {
+            const Result result = runCli({QStringLiteral("check"), sourceFile(file)});
+            QVERIFY2(result.exitCode == 0, result.out.constData());
+            QVERIFY2(result.out.endsWith("0 error(s), 0 warning(s), 0 deprecation(s) for M.U.G.E.N. 1.1 (from "
+                                         + sourceFile("samples/ember/ember.def").toLocal8Bit() + ")\n"),
+                     result.out.constData());
+        }
+    }
+
     void unreadableInputIsOneLineAndFails()
     {
         QTemporaryDir dir;
