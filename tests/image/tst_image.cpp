@@ -356,10 +356,16 @@ private slots:
             QCOMPARE(resizeImage(image, QSize(17, 18), palette, QImageResizeFilter(filter)).size(), QSize(17, 18));
             QCOMPARE(resizeImage(image, QSize(2, 3), palette, QImageResizeFilter(filter)).size(), QSize(2, 3));
         }
-        // 3.5 times by HQ: hq4x, then nearest neighbour down to size. The
-        // corner of the diagonal is white throughout, as hq4x leaves it.
-        const QImage three = resizeImage(image, QSize(17, 17), palette, irfHqNearest);
-        QCOMPARE(qRed(three.pixel(0, 0)), 255);
+        // Above three times: hq4x (or EPX twice), then nearest neighbour down
+        // to size; below one: hq2x (or EPX once), then down.
+        for (int filter : {int(irfEpxNearest), int(irfHqNearest)}) {
+            const auto scale = [&](const QImage& from, int side) {
+                return resizeImage(from, QSize(side, side), palette, QImageResizeFilter(filter));
+            };
+            QCOMPARE(scale(image, 17), resizeImageNearest(scale(image, 20), QSize(17, 17)));
+            QCOMPARE(scale(image, 3), resizeImageNearest(scale(image, 10), QSize(3, 3)));
+            QCOMPARE(scale(image, 14), resizeImageNearest(scale(image, 15), QSize(14, 14)));
+        }
         QVERIFY(resizeImage(image, QSize(10, 10), palette, QImageResizeFilter(6)).isNull());
         QVERIFY(resizeImage(image, QSize(10, 10), palette, QImageResizeFilter(-1)).isNull());
     }
