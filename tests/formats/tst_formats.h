@@ -19,4 +19,17 @@ private slots:
     void pcxPaletteTrailer();
     void imageFilesBySuffix();
     void rawRows();
+
+    // tst_palettes.cpp
+    void actRealFilesRoundTrip();
+    void actEdgeCases();
+    void riffReads();
+    void jascReads();
+    void painterReads();
+    void acoReads();
+    void aseReads();
+    void paletteChoiceAndTransparency();
+    void paletteFromIndexedImage();
+    void tableHelpers();
+    void nearestIndex();
 };
