@@ -32,4 +32,8 @@ private slots:
     void paletteFromIndexedImage();
     void tableHelpers();
     void nearestIndex();
+
+    // tst_gif.cpp
+    void gifFramesReadBack();
+    void gifHeaderBytes();
 };
