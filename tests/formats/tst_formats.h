@@ -36,4 +36,10 @@ private slots:
     // tst_gif.cpp
     void gifFramesReadBack();
     void gifHeaderBytes();
+
+    // tst_font.cpp
+    void fontRealFilesParse();
+    void fontParsesText();
+    void fontCutsGlyphs();
+    void fontRefusesBadInput();
 };
