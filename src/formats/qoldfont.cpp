@@ -153,7 +153,9 @@ QImage QOldFont::glyph(char character) const
         return QImage();
     const int width = m_fixed ? m_size.width() : it->y();
     const int height = qMin(m_size.height(), m_image.height());
-    if (width <= 0 || height <= 0)
+    // No glyph of a real font comes near this; a larger one is a damaged map.
+    constexpr int largest = 4096;
+    if (width <= 0 || height <= 0 || width > largest || height > largest)
         return QImage();
     QImage glyph(width, height, QImage::Format_Indexed8);
     glyph.fill(0);

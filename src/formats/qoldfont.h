@@ -52,8 +52,9 @@ public:
 
     /// The glyph of a mapped character, cut from the strip: the font's height (or
     /// the strip's, if lower) and its width in the map. Pixels outside the strip
-    /// are 0. Below 256 colours each pixel is moved up by the number of colours,
-    /// modulo 256, so that the last slice's colours become the bank's 0 to colors-1.
+    /// are 0; a glyph over 4096 pixels wide or high is taken for damage and null.
+    /// Below 256 colours each pixel is moved up by the number of colours, modulo
+    /// 256, so that the last slice's colours become the bank's 0 to colors-1.
     QImage glyph(char character) const;
 
 private:
