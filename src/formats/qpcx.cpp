@@ -130,9 +130,10 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
     return image;
 }
 
-// Appends one plane of a row, run-length encoded: runs of up to 63 equal bytes
-// that never cross the end of the row; a single byte below 192 stands alone.
-void encodePlane(const uchar* pixels, int count, int step, QByteArray& out)
+// Encodes one plane of a row into out, which has room for two bytes a pixel:
+// runs of up to 63 equal bytes that never cross the end of the row; a single
+// byte below 192 stands alone. Returns the end of what was written.
+char* encodePlane(const uchar* pixels, int count, int step, char* out)
 {
     int x = 0;
     while (x < count) {
@@ -141,10 +142,11 @@ void encodePlane(const uchar* pixels, int count, int step, QByteArray& out)
         while (run < 63 && x + run < count && pixels[qsizetype(x + run) * step] == value)
             ++run;
         if (run > 1 || value > 191)
-            out.append(char(0xC0 | run));
-        out.append(char(value));
+            *out++ = char(0xC0 | run);
+        *out++ = char(value);
         x += run;
     }
+    return out;
 }
 
 } // namespace
@@ -183,14 +185,13 @@ bool savePCX(const QImage& image, QIODevice* device)
 
     const int planes = header.planes;
     const int step = planes > 1 ? 4 : 1;
-    QByteArray rows;
-    rows.reserve(qsizetype(image.width()) * planes + 64);
+    QByteArray rows(qsizetype(image.width()) * planes * 2, Qt::Uninitialized);
     for (int y = 0; y < image.height(); ++y) {
-        rows.clear();
         const uchar* line = image.constScanLine(y);
+        char* end = rows.data();
         for (int plane = 0; plane < planes; ++plane)
-            encodePlane(line + planeByte(plane, planes), image.width(), step, rows);
-        stream.writeRawData(rows.constData(), int(rows.size()));
+            end = encodePlane(line + planeByte(plane, planes), image.width(), step, end);
+        stream.writeRawData(rows.constData(), int(end - rows.constData()));
     }
 
     if (planes == 1) {
