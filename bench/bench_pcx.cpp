@@ -16,7 +16,7 @@ int main()
 {
     const QString root = bench::realData() + QStringLiteral("/fanyer__mugen/work");
     QList<QByteArray> files;
-    QDirIterator it(root, {QStringLiteral("*.pcx")}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator it(root, { QStringLiteral("*.pcx") }, QDir::Files, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         QFile file(it.next());
         if (file.open(QIODevice::ReadOnly))

@@ -35,11 +35,9 @@ int runImage(const QCliRun& run)
 
     const int depth = formatToDepth(output.format());
     if (run.json()) {
-        QJsonObject result{{QStringLiteral("file"), fileName},
-                           {QStringLiteral("width"), image.width()},
-                           {QStringLiteral("height"), image.height()},
-                           {QStringLiteral("depth"), depth},
-                           {QStringLiteral("colors"), int(image.colorCount())}};
+        QJsonObject result { { QStringLiteral("file"), fileName }, { QStringLiteral("width"), image.width() },
+            { QStringLiteral("height"), image.height() }, { QStringLiteral("depth"), depth },
+            { QStringLiteral("colors"), int(image.colorCount()) } };
         if (!target.isEmpty())
             result.insert(QStringLiteral("written"), target);
         run.printJson(result);
@@ -50,13 +48,14 @@ int runImage(const QCliRun& run)
                   .arg(image.width())
                   .arg(image.height())
                   .arg(depth)
-                  .arg(image.colorCount() > 0 ? QStringLiteral(", %1 colours").arg(image.colorCount()) : QString()));
+                  .arg(image.colorCount() > 0 ? QStringLiteral(", %1 colours").arg(image.colorCount())
+                                              : QString()));
     if (!target.isEmpty())
         run.print(QStringLiteral("written: %1").arg(target));
     return 0;
 }
 
 const QCliCommand command("image", "image FILE [OUT]",
-                          "show an image's size and depth, or convert it by the suffixes (PCX <-> PNG)", runImage);
+    "show an image's size and depth, or convert it by the suffixes (PCX <-> PNG)", runImage);
 
 } // namespace

@@ -45,8 +45,9 @@ int runPalette(const QCliRun& run)
     palette.setPalette(&table);
     const QString format = formatOf(fileName);
     if (!palette.fromFile(fileName))
-        return run.fail(fileName, format == QLatin1String("image") ? QStringLiteral("not an indexed image")
-                                                                   : QStringLiteral("cannot be read"));
+        return run.fail(fileName,
+            format == QLatin1String("image") ? QStringLiteral("not an indexed image")
+                                             : QStringLiteral("cannot be read"));
     const QString target = arguments.value(1);
     if (!target.isEmpty() && !palette.toFile(target))
         return run.fail(target, QStringLiteral("cannot be written"));
@@ -56,10 +57,8 @@ int runPalette(const QCliRun& run)
         QJsonArray colours;
         for (const QRGBA& entry : table)
             colours.append(hex(entry));
-        QJsonObject result{{QStringLiteral("file"), fileName},
-                           {QStringLiteral("format"), format},
-                           {QStringLiteral("used"), used},
-                           {QStringLiteral("colors"), colours}};
+        QJsonObject result { { QStringLiteral("file"), fileName }, { QStringLiteral("format"), format },
+            { QStringLiteral("used"), used }, { QStringLiteral("colors"), colours } };
         if (!target.isEmpty())
             result.insert(QStringLiteral("written"), target);
         run.printJson(result);
@@ -80,8 +79,8 @@ int runPalette(const QCliRun& run)
 }
 
 const QCliCommand command("palette", "palette FILE [OUT.act]",
-                          "show a palette's 256 colours (#rrggbbaa, entry 0 transparent) from ACT, RIFF, JASC, "
-                          "Painter, ACO, ASE or an indexed PNG/PCX/BMP, or convert it to ACT",
-                          runPalette);
+    "show a palette's 256 colours (#rrggbbaa, entry 0 transparent) from ACT, RIFF, JASC, "
+    "Painter, ACO, ASE or an indexed PNG/PCX/BMP, or convert it to ACT",
+    runPalette);
 
 } // namespace

@@ -26,16 +26,17 @@ int planeByte(int plane, int planes)
     if (planes != 3 && planes != 4)
         return plane;
 #if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
-    static const int offsets[4] = {2, 1, 0, 3};
+    static const int offsets[4] = { 2, 1, 0, 3 };
 #else
-    static const int offsets[4] = {1, 2, 3, 0};
+    static const int offsets[4] = { 1, 2, 3, 0 };
 #endif
     return plane < 4 ? offsets[plane] : plane;
 }
 
 bool acceptable(const QPCXHeader& header, qsizetype dataSize)
 {
-    if (header.manufacturer != 10 || header.version != 5 || depthToFormat(header.depth()) == QImage::Format_Invalid)
+    if (header.manufacturer != 10 || header.version != 5
+        || depthToFormat(header.depth()) == QImage::Format_Invalid)
         return false;
     if (header.width() <= 0 || header.height() <= 0 || header.bytesPerLine == 0)
         return false;
@@ -117,7 +118,8 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
     if (header.depth() == 8 && in < end) {
         int marker = paletteMarker;
         if (complete)
-            in = reinterpret_cast<const uchar*>(data.constData()) + std::max<qsizetype>(0, data.size() - paletteBytes);
+            in = reinterpret_cast<const uchar*>(data.constData())
+                + std::max<qsizetype>(0, data.size() - paletteBytes);
         else
             marker = *in++;
         if (marker == paletteMarker && in < end) {
@@ -164,7 +166,7 @@ QImageInfo infoFromPCX(const QByteArray& data)
     QPCXHeader header;
     if (!header.read(data.constData(), data.size()) || !acceptable(header, data.size()))
         return QImageInfo();
-    return QImageInfo{header.width(), header.height(), depthToFormat(header.depth())};
+    return QImageInfo { header.width(), header.height(), depthToFormat(header.depth()) };
 }
 
 bool savePCX(const QImage& image, QIODevice* device)
@@ -196,7 +198,7 @@ bool savePCX(const QImage& image, QIODevice* device)
 
     if (planes == 1) {
         const QVector<QRgb> table = image.colorTable();
-        char trailer[1 + paletteBytes] = {char(paletteMarker)};
+        char trailer[1 + paletteBytes] = { char(paletteMarker) };
         for (int i = 0; i < 256 && i < table.size(); ++i) {
             trailer[1 + 3 * i] = char(qRed(table[i]));
             trailer[2 + 3 * i] = char(qGreen(table[i]));

@@ -53,7 +53,7 @@ void TestFormats::cliPalette()
     file.close();
 
     const QString act = dir.filePath(QStringLiteral("out.act"));
-    const CliResult converted = runCli({QStringLiteral("palette"), jasc, act, QStringLiteral("--json")});
+    const CliResult converted = runCli({ QStringLiteral("palette"), jasc, act, QStringLiteral("--json") });
     QCOMPARE(converted.exitCode, 0);
     const QJsonObject json = QJsonDocument::fromJson(converted.out).object();
     QCOMPARE(json.value(QStringLiteral("format")).toString(), QStringLiteral("JASC"));
@@ -66,21 +66,21 @@ void TestFormats::cliPalette()
     QCOMPARE(bytes.size(), 768);
     QCOMPARE(bytes.right(6), QByteArray("\xFA\x80\x00\x01\x02\x03", 6));
 
-    const CliResult shown = runCli({QStringLiteral("palette"), act});
+    const CliResult shown = runCli({ QStringLiteral("palette"), act });
     QCOMPARE(shown.exitCode, 0);
     QVERIFY(shown.out.startsWith(QByteArray(act.toUtf8() + ": ACT palette")));
     QCOMPARE(shown.out.count('\n'), 17);
 
-    const CliResult missing = runCli({QStringLiteral("palette"), dir.filePath(QStringLiteral("none.act"))});
+    const CliResult missing = runCli({ QStringLiteral("palette"), dir.filePath(QStringLiteral("none.act")) });
     QCOMPARE(missing.exitCode, 1);
     QCOMPARE(faultLines(missing.err), 1);
-    QCOMPARE(runCli({QStringLiteral("palette")}).exitCode, 2);
+    QCOMPARE(runCli({ QStringLiteral("palette") }).exitCode, 2);
 
     const QString rgb = dir.filePath(QStringLiteral("rgb.png"));
     QImage image(2, 2, QImage::Format_RGB32);
     image.fill(Qt::blue);
     QVERIFY(image.save(rgb));
-    const CliResult refused = runCli({QStringLiteral("palette"), rgb});
+    const CliResult refused = runCli({ QStringLiteral("palette"), rgb });
     QCOMPARE(refused.exitCode, 1);
     QVERIFY(refused.err.contains("not an indexed image"));
 }
@@ -100,14 +100,14 @@ void TestFormats::cliImage()
     QVERIFY(saveImage(pcx, image));
 
     const QString png = dir.filePath(QStringLiteral("out.png"));
-    const CliResult toPng = runCli({QStringLiteral("image"), pcx, png});
+    const CliResult toPng = runCli({ QStringLiteral("image"), pcx, png });
     QCOMPARE(toPng.exitCode, 0);
     QVERIFY(toPng.out.contains("5x3, 8-bit, 256 colours"));
     const QImage fromPng = QImage(png);
     QCOMPARE(fromPng.convertToFormat(QImage::Format_RGB32), image.convertToFormat(QImage::Format_RGB32));
 
     const QString back = dir.filePath(QStringLiteral("back.pcx"));
-    const CliResult toPcx = runCli({QStringLiteral("image"), png, back, QStringLiteral("--json")});
+    const CliResult toPcx = runCli({ QStringLiteral("image"), png, back, QStringLiteral("--json") });
     QCOMPARE(toPcx.exitCode, 0);
     const QJsonObject json = QJsonDocument::fromJson(toPcx.out).object();
     QCOMPARE(json.value(QStringLiteral("width")).toInt(), 5);
@@ -121,7 +121,7 @@ void TestFormats::cliImage()
     rgb.fill(QColor(10, 20, 30));
     QVERIFY(rgb.save(colour));
     const QString colourPcx = dir.filePath(QStringLiteral("colour.pcx"));
-    QCOMPARE(runCli({QStringLiteral("image"), colour, colourPcx}).exitCode, 0);
+    QCOMPARE(runCli({ QStringLiteral("image"), colour, colourPcx }).exitCode, 0);
     const QImage colourBack = loadImage(colourPcx);
     QCOMPARE(colourBack.format(), QImage::Format_RGB32);
     QCOMPARE(colourBack.pixel(3, 1), qRgb(10, 20, 30));
@@ -131,9 +131,10 @@ void TestFormats::cliImage()
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("not an image");
     file.close();
-    const CliResult unreadable = runCli({QStringLiteral("image"), junk});
+    const CliResult unreadable = runCli({ QStringLiteral("image"), junk });
     QCOMPARE(unreadable.exitCode, 1);
     QCOMPARE(faultLines(unreadable.err), 1);
-    const CliResult unwritable = runCli({QStringLiteral("image"), pcx, dir.filePath(QStringLiteral("no/dir/x.pcx"))});
+    const CliResult unwritable
+        = runCli({ QStringLiteral("image"), pcx, dir.filePath(QStringLiteral("no/dir/x.pcx")) });
     QCOMPARE(unwritable.exitCode, 1);
 }
