@@ -215,6 +215,14 @@ void TestFormats::pcxRefusedHeaders()
     QPCXHeader huge = header(65535, 65535, 4, 65535);
     QVERIFY(loadPCX(headerBytes(huge) + body).isNull());
     QVERIFY(loadPCX(headerBytes(good).left(127)).isNull());
+
+    // The widest image a header can state loads, but its row length cannot be saved.
+    QPCXHeader widest = header(65536, 1, 1, 65535);
+    const QImage wide = loadPCX(headerBytes(widest) + QByteArray(3000, '\xFF'));
+    QCOMPARE(wide.width(), 65536);
+    QBuffer sink;
+    sink.open(QIODevice::WriteOnly);
+    QVERIFY(!savePCX(wide, &sink));
     QVERIFY(loadPCX(QByteArray()).isNull());
 
     QPCXHeader colour = header(5, 3, 3, 6);
