@@ -1,47 +1,14 @@
 #include "tst_formats.h"
 
+#include "clirunner.h"
 #include "formats/qimagefiles.h"
 
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
-
-namespace {
-
-struct CliResult
-{
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-CliResult runCli(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(qEnvironmentVariable("PF_BIN_DIR") + QStringLiteral("/pugilforge-cli"), arguments);
-    CliResult result;
-    if (!process.waitForFinished(60000))
-        return result;
-    result.exitCode = process.exitCode();
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
-}
-
-/// Lines the tool itself wrote to standard error (Qt may add its own notes).
-int faultLines(const QByteArray& err)
-{
-    int count = 0;
-    for (const QByteArray& line : err.split('\n'))
-        count += line.startsWith("pugilforge-cli: ") ? 1 : 0;
-    return count;
-}
-
-} // namespace
 
 void TestFormats::cliPalette()
 {
@@ -73,7 +40,7 @@ void TestFormats::cliPalette()
 
     const CliResult missing = runCli({ QStringLiteral("palette"), dir.filePath(QStringLiteral("none.act")) });
     QCOMPARE(missing.exitCode, 1);
-    QCOMPARE(faultLines(missing.err), 1);
+    QCOMPARE(missing.faultLines(), 1);
     QCOMPARE(runCli({ QStringLiteral("palette") }).exitCode, 2);
 
     const QString rgb = dir.filePath(QStringLiteral("rgb.png"));
@@ -133,7 +100,7 @@ void TestFormats::cliImage()
     file.close();
     const CliResult unreadable = runCli({ QStringLiteral("image"), junk });
     QCOMPARE(unreadable.exitCode, 1);
-    QCOMPARE(faultLines(unreadable.err), 1);
+    QCOMPARE(unreadable.faultLines(), 1);
     const CliResult unwritable
         = runCli({ QStringLiteral("image"), pcx, dir.filePath(QStringLiteral("no/dir/x.pcx")) });
     QCOMPARE(unwritable.exitCode, 1);
