@@ -74,25 +74,13 @@ qsizetype decodeTight(const uchar* in, const uchar* const end, uchar* const dst,
 
 void decodeLZ5(const QByteArray& data, const QPixelBuffer& target)
 {
-    const qsizetype width = target.width;
-    const qsizetype tight = width * target.height;
-    if (tight <= 0 || target.bytesPerLine < width)
+    const qsizetype size = target.size();
+    if (size <= 0 || target.width <= 0 || target.bytesPerLine < target.width)
         return;
-    // The stream describes tight rows; they are decoded at the start of the
-    // buffer and then spread to their strides from the last row backwards, so
-    // no row is overwritten before it has moved.
-    uchar* bits = target.bits;
     const uchar* in = reinterpret_cast<const uchar*>(data.constData());
-    const qsizetype produced = decodeTight(in, in + data.size(), bits, tight);
-    std::memset(bits + produced, 0, size_t(tight - produced));
-    const qsizetype padding = target.bytesPerLine - width;
-    if (padding == 0)
-        return;
-    for (qsizetype y = target.height - 1; y >= 0; --y) {
-        uchar* row = bits + y * target.bytesPerLine;
-        std::memmove(row, bits + y * width, size_t(width));
-        std::memset(row + width, 0, size_t(padding));
-    }
+    const qsizetype produced = decodeTight(in, in + data.size(), target.bits,
+                                           pixelFill::rowCapacity(target.width, target.bytesPerLine, size));
+    pixelFill::spreadRows(target.bits, produced, target.width, target.bytesPerLine, size);
 }
 
 QImage loadLZ5(int width, int height, const QByteArray& data)
