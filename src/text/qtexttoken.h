@@ -10,7 +10,8 @@ class QTokenizer;
 /**
  * One token of a line as the text elements see it: its code, the column it
  * starts at (the tokenizer's column minus the length of the token text, so a
- * string's column is one past its opening quote's), and its text.
+ * string's column is one more than where its text starts, the quotes not
+ * being counted in the text), and its text.
  */
 struct QTextToken
 {

@@ -27,6 +27,8 @@ public:
     static constexpr int bufferSize = 512;
 
     explicit QTokenizer(const QString& text);
+    /// The tokenizer reads the string's own buffer: a temporary would vanish under it.
+    explicit QTokenizer(QString&&) = delete;
 
     /// Reads the next token and returns its code.
     QToken getToken();
