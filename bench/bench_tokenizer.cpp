@@ -19,8 +19,8 @@ QString largestStateFile(const QString& root)
 {
     QString largest;
     qint64 largestSize = -1;
-    QDirIterator it(root, {QStringLiteral("*.cns"), QStringLiteral("*.CNS")}, QDir::Files,
-                    QDirIterator::Subdirectories);
+    QDirIterator it(root, { QStringLiteral("*.cns"), QStringLiteral("*.CNS") }, QDir::Files,
+        QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QFileInfo info(it.next());
         if (info.size() > largestSize) {
@@ -39,7 +39,8 @@ int main(int argc, char** argv)
     const QString fileName = largestStateFile(bench::realData());
     QFile file(fileName);
     if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly)) {
-        std::printf("no real state file found under '%s': nothing to measure\n", qPrintable(bench::realData()));
+        std::printf(
+            "no real state file found under '%s': nothing to measure\n", qPrintable(bench::realData()));
         return 0;
     }
     initCodecs();
@@ -50,12 +51,12 @@ int main(int argc, char** argv)
     constexpr int passes = 50;
     constexpr int repetitions = 7;
     std::printf("%s: %lld bytes, %d lines, %d passes per measurement\n", qPrintable(fileName),
-                static_cast<long long>(data.size()), lineCount, passes);
+        static_cast<long long>(data.size()), lineCount, passes);
 
     const double scanMs = bench::bestMs(repetitions, [&] {
         for (int pass = 0; pass < passes; ++pass) {
             int feeds = 0;
-            for (const QChar* c = text.constData(), *end = c + text.size(); c != end; ++c)
+            for (const QChar *c = text.constData(), *end = c + text.size(); c != end; ++c)
                 feeds += *c == u'\n';
             bench::keep(feeds);
         }
@@ -80,10 +81,14 @@ int main(int argc, char** argv)
     });
 
     const double linesDone = double(lineCount) * passes;
-    auto linesPerSecond = [&](double ms) -> QByteArray { return QByteArray::number(linesDone / (ms / 1000.0), 'f', 0) + " lines/s"; };
+    auto linesPerSecond = [&](double ms) -> QByteArray {
+        return QByteArray::number(linesDone / (ms / 1000.0), 'f', 0) + " lines/s";
+    };
     bench::report("plain scan (count line feeds)", scanMs, scanMs, linesPerSecond(scanMs).constData());
-    bench::report("tokenizer, whole buffer, codes only", wholeMs, scanMs, linesPerSecond(wholeMs).constData());
-    bench::report("tokenizer, per line, QTextToken lists", perLineMs, scanMs, linesPerSecond(perLineMs).constData());
+    bench::report(
+        "tokenizer, whole buffer, codes only", wholeMs, scanMs, linesPerSecond(wholeMs).constData());
+    bench::report(
+        "tokenizer, per line, QTextToken lists", perLineMs, scanMs, linesPerSecond(perLineMs).constData());
 
     QByteArray copy(data.size(), '\0');
     const double copyMs = bench::bestMs(repetitions, [&] {
@@ -98,7 +103,8 @@ int main(int argc, char** argv)
     });
     bench::report("memcpy of the file's bytes", copyMs, copyMs);
     bench::report("detect encoding and decode", decodeMs, copyMs,
-                  QByteArray(QByteArray::number(bench::mbPerSecond(double(data.size()) * passes, decodeMs), 'f', 1) + " MB/s")
-                      .constData());
+        QByteArray(
+            QByteArray::number(bench::mbPerSecond(double(data.size()) * passes, decodeMs), 'f', 1) + " MB/s")
+            .constData());
     return 0;
 }

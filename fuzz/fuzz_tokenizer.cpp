@@ -55,8 +55,8 @@ void updateParams(const QString& line, unsigned char seed)
     QCommandParam command;
     QVersionParam version;
     QFileParam file;
-    for (QGroupParam* param : std::initializer_list<QGroupParam*>{&string, &value, &integer, &integers, &number,
-                                                                    &numbers, &command, &version, &file}) {
+    for (QGroupParam* param : std::initializer_list<QGroupParam*> {
+             &string, &value, &integer, &integers, &number, &numbers, &command, &version, &file }) {
         param->setup(QStringLiteral("key"), 1);
         param->takeValue(tokens, line);
         param->getValue();
@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     const QString raw(reinterpret_cast<const QChar*>(bytes.constData()), bytes.size() / 2);
     const QChar stop = QLatin1Char("]\n;x"[control & 3]);
 
-    for (const QString* text : {&decoded, &raw}) {
+    for (const QString* text : { &decoded, &raw }) {
         tokenizeWhole(*text, stop);
         for (const QString& line : text->split(u'\n'))
             updateParams(line, control);

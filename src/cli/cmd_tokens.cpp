@@ -31,7 +31,9 @@ QStringList documentLines(const QString& text)
 QString quoted(const QString& text)
 {
     QString escaped = text;
-    escaped.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("\\\"")).replace(u'\n', QLatin1String("\\n"));
+    escaped.replace(u'\\', QLatin1String("\\\\"))
+        .replace(u'"', QLatin1String("\\\""))
+        .replace(u'\n', QLatin1String("\\n"));
     return u'"' + escaped + u'"';
 }
 
@@ -51,9 +53,10 @@ int runTokens(const QCliRun& run)
 
     QJsonArray jsonLines;
     if (!run.json())
-        run.print(used == 0 ? QStringLiteral("encoding: %1 (%2)")
-                                  .arg(codecName(0), QString::fromLatin1(QTextCodec::codecForLocale()->name()))
-                            : QStringLiteral("encoding: %1").arg(codecName(used)));
+        run.print(used == 0
+                ? QStringLiteral("encoding: %1 (%2)")
+                      .arg(codecName(0), QString::fromLatin1(QTextCodec::codecForLocale()->name()))
+                : QStringLiteral("encoding: %1").arg(codecName(used)));
     for (int number = 0; number < lines.size(); ++number) {
         QTokenizer tokenizer(lines.at(number));
         const QList<QTextToken> tokens = QTextToken::readLine(tokenizer);
@@ -61,33 +64,32 @@ int runTokens(const QCliRun& run)
         if (run.json()) {
             QJsonArray jsonTokens;
             for (const QTextToken& token : tokens) {
-                jsonTokens.append(QJsonObject{{QStringLiteral("code"), int(token.id)},
-                                              {QStringLiteral("column"), token.column},
-                                              {QStringLiteral("text"), token.text}});
+                jsonTokens.append(QJsonObject { { QStringLiteral("code"), int(token.id) },
+                    { QStringLiteral("column"), token.column }, { QStringLiteral("text"), token.text } });
             }
-            QJsonObject line{{QStringLiteral("line"), number + 1}, {QStringLiteral("tokens"), jsonTokens}};
+            QJsonObject line { { QStringLiteral("line"), number + 1 },
+                { QStringLiteral("tokens"), jsonTokens } };
             if (tokenizer.hasComment())
                 line.insert(QStringLiteral("comment"), comment);
             jsonLines.append(line);
             continue;
         }
-        QStringList parts{QString::number(number + 1) + u':'};
+        QStringList parts { QString::number(number + 1) + u':' };
         for (const QTextToken& token : tokens)
-            parts.append(QStringLiteral("%1@%2 %3").arg(int(token.id)).arg(token.column).arg(quoted(token.text)));
+            parts.append(
+                QStringLiteral("%1@%2 %3").arg(int(token.id)).arg(token.column).arg(quoted(token.text)));
         if (tokenizer.hasComment())
             parts.append(u';' + quoted(comment));
         run.print(parts.join(QLatin1String("  ")));
     }
     if (run.json()) {
-        run.printJson(QJsonObject{{QStringLiteral("file"), fileName},
-                                  {QStringLiteral("encoding"), codecName(used)},
-                                  {QStringLiteral("lines"), jsonLines}});
+        run.printJson(QJsonObject { { QStringLiteral("file"), fileName },
+            { QStringLiteral("encoding"), codecName(used) }, { QStringLiteral("lines"), jsonLines } });
     }
     return 0;
 }
 
 const QCliCommand command("tokens", "tokens FILE",
-                          "print a text file's detected encoding and each line's tokens (code@column \"text\")",
-                          runTokens);
+    "print a text file's detected encoding and each line's tokens (code@column \"text\")", runTokens);
 
 } // namespace

@@ -7,8 +7,7 @@
  * The registry entry of parameter class T: recognises its lines and makes
  * its objects from the pool of T. T names its own sub-type (T::paramSubType).
  */
-template<class T>
-class ParamReg : public ParamRegBase
+template <class T> class ParamReg : public ParamRegBase
 {
 public:
     ParamReg(const QString& key, QGroupParamID id, QRecycleAllocator<T>* pool)

@@ -25,12 +25,23 @@ QTextCodec* codecAt(int index)
 /// The charset uchardet names for `data`, empty when it cannot tell.
 QByteArray detectCharset(const QByteArray& data)
 {
-    std::unique_ptr<std::remove_pointer_t<uchardet_t>, void (*)(uchardet_t)> detector(uchardet_new(),
-                                                                                        uchardet_delete);
+    std::unique_ptr<std::remove_pointer_t<uchardet_t>, void (*)(uchardet_t)> detector(
+        uchardet_new(), uchardet_delete);
     if (uchardet_handle_data(detector.get(), data.constData(), size_t(data.size())) != 0)
         return QByteArray();
     uchardet_data_end(detector.get());
     return QByteArray(uchardet_get_charset(detector.get()));
+}
+
+/// The codec for a name the detector gives. It names some encodings in ways
+/// Qt does not know; those are the codecs that contain them.
+QTextCodec* codecForDetected(const QByteArray& detected)
+{
+    if (detected == "UHC") // Korean: unified Hangul code is code page 949
+        return QTextCodec::codecForName("windows-949");
+    if (detected == "ISO-8859-11") // Thai
+        return QTextCodec::codecForName("windows-874");
+    return QTextCodec::codecForName(detected);
 }
 
 /// getCodec(), also telling the index of the codec chosen: 0 for the locale's.
@@ -39,10 +50,11 @@ QTextCodec* chooseCodec(const QByteArray& data, unsigned int wanted, int* index)
     if (wanted >= unsigned(codecCount()))
         wanted = 0;
     const QByteArray detected = detectCharset(data);
-    // Pure ASCII says nothing about the encoding the author writes in: saving
-    // later non-ASCII text as ASCII would lose it, so the wanted codec decides.
+    // Pure ASCII says nothing about the encoding the author writes in (older
+    // detectors reported nothing for it): saving later non-ASCII text as ASCII
+    // would lose it, so the wanted codec decides.
     if (!detected.isEmpty() && detected != "ASCII") {
-        if (QTextCodec* codec = QTextCodec::codecForName(detected)) {
+        if (QTextCodec* codec = codecForDetected(detected)) {
             *index = codecIndex(codec->name().constData());
             return codec;
         }

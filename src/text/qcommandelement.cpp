@@ -8,22 +8,22 @@ struct KeyName
     quint32 mask;
 };
 
-constexpr KeyName directions[] = {{u"U", QCommandElement::KeyU}, {u"D", QCommandElement::KeyD},
-                                  {u"B", QCommandElement::KeyB}, {u"F", QCommandElement::KeyF}};
-constexpr KeyName buttons[] = {{u"a", QCommandElement::KeyA}, {u"b", QCommandElement::KeyBButton},
-                               {u"c", QCommandElement::KeyC}, {u"x", QCommandElement::KeyX},
-                               {u"y", QCommandElement::KeyY}, {u"z", QCommandElement::KeyZ},
-                               {u"s", QCommandElement::KeyS}};
-constexpr KeyName diagonals[] = {{u"UB", QCommandElement::KeyU | QCommandElement::KeyB},
-                                 {u"DB", QCommandElement::KeyD | QCommandElement::KeyB},
-                                 {u"UF", QCommandElement::KeyU | QCommandElement::KeyF},
-                                 {u"DF", QCommandElement::KeyD | QCommandElement::KeyF}};
+constexpr KeyName directions[] = { { u"U", QCommandElement::KeyU }, { u"D", QCommandElement::KeyD },
+    { u"B", QCommandElement::KeyB }, { u"F", QCommandElement::KeyF } };
+constexpr KeyName buttons[] = { { u"a", QCommandElement::ButtonA }, { u"b", QCommandElement::ButtonB },
+    { u"c", QCommandElement::ButtonC }, { u"x", QCommandElement::ButtonX },
+    { u"y", QCommandElement::ButtonY }, { u"z", QCommandElement::ButtonZ },
+    { u"s", QCommandElement::ButtonS } };
+constexpr KeyName diagonals[] = { { u"UB", QCommandElement::KeyU | QCommandElement::KeyB },
+    { u"DB", QCommandElement::KeyD | QCommandElement::KeyB },
+    { u"UF", QCommandElement::KeyU | QCommandElement::KeyF },
+    { u"DF", QCommandElement::KeyD | QCommandElement::KeyF } };
 
 } // namespace
 
 quint32 QCommandElement::keyMask(QStringView name)
 {
-    for (const auto* table : {directions, diagonals}) {
+    for (const auto* table : { directions, diagonals }) {
         for (int i = 0; i < 4; ++i) {
             if (name == QStringView(table[i].name))
                 return table[i].mask;

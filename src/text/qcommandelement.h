@@ -16,19 +16,19 @@ struct QCommandElement
         KeyD = 0x2,
         KeyB = 0x4,
         KeyF = 0x8,
-        KeyA = 0x10,
-        KeyBButton = 0x20,
-        KeyC = 0x40,
-        KeyX = 0x80,
-        KeyY = 0x100,
-        KeyZ = 0x200,
-        KeyS = 0x400
+        ButtonA = 0x10,
+        ButtonB = 0x20,
+        ButtonC = 0x40,
+        ButtonX = 0x80,
+        ButtonY = 0x100,
+        ButtonZ = 0x200,
+        ButtonS = 0x400
     };
     enum Flag : quint16 {
-        FlagHold = 1,    ///< "/"
+        FlagHold = 1, ///< "/"
         FlagRelease = 2, ///< "~"
         FlagDirection = 4, ///< "$"
-        FlagOnly = 8     ///< ">"
+        FlagOnly = 8 ///< ">"
     };
 
     quint32 keys = 0;

@@ -5,9 +5,9 @@
  * stable: registries and saved match tables compare them directly.
  */
 enum QToken : unsigned char {
-    tokEnd = 0,       ///< end of text (also an unterminated string)
+    tokEnd = 0, ///< end of text (also an unterminated string)
     tokEndOfLine = 1, ///< a line feed, after any blank and comment lines
-    tokOther = 2,     ///< any character no other code stands for
+    tokOther = 2, ///< any character no other code stands for
     tokIdentifier = 3,
     tokInteger = 4,
     tokFloat = 5,

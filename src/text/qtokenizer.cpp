@@ -9,21 +9,36 @@ namespace {
 QToken singleCharToken(QChar c)
 {
     switch (c.unicode()) {
-    case '/': return tokSlash;
-    case '(': return tokLeftParen;
-    case '$': return tokDollar;
-    case '%': return tokPercent;
-    case '+': return tokPlus;
-    case ',': return tokComma;
-    case ')': return tokRightParen;
-    case ']': return tokRightBracket;
-    case '=': return tokAssign;
-    case '[': return tokLeftBracket;
-    case ':': return tokColon;
-    case '}': return tokRightBrace;
-    case '~': return tokTilde;
-    case '{': return tokLeftBrace;
-    default: return tokEnd;
+    case '/':
+        return tokSlash;
+    case '(':
+        return tokLeftParen;
+    case '$':
+        return tokDollar;
+    case '%':
+        return tokPercent;
+    case '+':
+        return tokPlus;
+    case ',':
+        return tokComma;
+    case ')':
+        return tokRightParen;
+    case ']':
+        return tokRightBracket;
+    case '=':
+        return tokAssign;
+    case '[':
+        return tokLeftBracket;
+    case ':':
+        return tokColon;
+    case '}':
+        return tokRightBrace;
+    case '~':
+        return tokTilde;
+    case '{':
+        return tokLeftBrace;
+    default:
+        return tokEnd;
     }
 }
 
@@ -81,7 +96,19 @@ float QTokenizer::getTokenFloat() const
 
 QToken QTokenizer::getToken()
 {
-    enum State { Start, Identifier, Minus, Integer, Fraction, String, Dot, Compare, Double, Comment, Newline };
+    enum State {
+        Start,
+        Identifier,
+        Minus,
+        Integer,
+        Fraction,
+        String,
+        Dot,
+        Compare,
+        Double,
+        Comment,
+        Newline
+    };
     State state = Start;
     int code = tokOther;
     QChar doubled;

@@ -11,5 +11,6 @@ void QVersionParam::takeValue(const QList<QTextToken>& tokens, const QString&)
 void QVersionParam::setVersion(unsigned int version)
 {
     m_version = version;
-    changeValue(version == engineVersion::beta ? QStringLiteral("04,14,2002") : engineVersion::label(version));
+    changeValue(
+        version == engineVersion::beta ? QStringLiteral("04,14,2002") : engineVersion::label(version));
 }

@@ -59,17 +59,15 @@ bool matches(const ParamRegBase& reg, const QString& line)
         if (!reg.matchToken(index++, token))
             return false;
     }
-    return reg.matchToken(index, QTextToken{tokEndOfLine, 0, QString()});
+    return reg.matchToken(index, QTextToken { tokEndOfLine, 0, QString() });
 }
 
-template<class T>
-void take(T& param, const QString& line)
+template <class T> void take(T& param, const QString& line)
 {
     param.takeValue(lineTokens(line), line);
 }
 
-template<class T>
-T* makeParam(const char* key)
+template <class T> T* makeParam(const char* key)
 {
     static QRecycleAllocator<T> pool;
     ParamReg<T> reg(QLatin1String(key), 7, &pool);
@@ -89,29 +87,49 @@ private slots:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("leading dot doubles its digit") << "x = .5" << "3:x 19:= 5:0.55 0";
-        QTest::newRow("leading dot, two digits") << ".25" << "5:0.225 0";
-        QTest::newRow("minus dot") << "-.5" << "5:-0.5 0";
-        QTest::newRow("negative after =") << "a=-1" << "3:a 19:= 4:-1 0";
-        QTest::newRow("minus between names") << "a-b" << "3:a 8:- 3:b 0";
-        QTest::newRow("minus before digit joins it") << "a-5" << "3:a 4:-5 0";
-        QTest::newRow("float then name") << "1.5e 2." << "5:1.5 3:e 5:2. 0";
-        QTest::newRow("expression") << "(var(3)*2)>=10&&!time" << "27:( 3:var 27:( 4:3 28:) 11:* 4:2 28:) 23:>= 4:10 14:&& 24:! 3:time 0";
-        QTest::newRow("operators") << "+ - / % * ** & && | || ^ ^^ = < <= > >= ! != , ( ) { } [ ] : ~ $"
-                                   << "7:+ 8:- 9:/ 10:% 11:* 12:** 13:& 14:&& 15:| 16:|| 17:^ 18:^^ 19:= 20:< "
-                                      "21:<= 22:> 23:>= 24:! 25:!= 26:, 27:( 28:) 29:{ 30:} 31:[ 32:] 33:: 34:~ 35:$ 0";
-        QTest::newRow("triple star") << "***" << "12:** 11:* 0";
-        QTest::newRow("identifier chars") << "pos.x_2 ökö" << "3:pos.x_2 3:ökö 0";
-        QTest::newRow("other characters") << "_x @ . #" << "2:_ 3:x 2:@ 2:. 2:# 0";
-        QTest::newRow("string") << "\"a b\" x" << "6:a b 3:x 0";
-        QTest::newRow("string keeps line feeds") << "\"a\nb\"" << "6:a\nb 0";
-        QTest::newRow("unterminated string ends the text") << "a = \"abc\nb = 1" << "3:a 19:= 0";
-        QTest::newRow("comment after value") << "1 ; one" << "4:1 0";
-        QTest::newRow("blanks and cr") << "ab\tcd\r\nx" << "3:ab 3:cd 1 3:x 0";
-        QTest::newRow("blank and comment lines fold into one end of line")
-            << "a\n\n; c\n   \nb" << "3:a 1 3:b 0";
-        QTest::newRow("line ends at end of text") << "a\n" << "3:a 1 0";
-        QTest::newRow("command") << "~30D, /F, >a+b, $B" << "34:~ 4:30 3:D 26:, 9:/ 3:F 26:, 22:> 3:a 7:+ 3:b 26:, 35:$ 3:B 0";
+        QTest::newRow("leading dot doubles its digit") << "x = .5"
+                                                       << "3:x 19:= 5:0.55 0";
+        QTest::newRow("leading dot, two digits") << ".25"
+                                                 << "5:0.225 0";
+        QTest::newRow("minus dot") << "-.5"
+                                   << "5:-0.5 0";
+        QTest::newRow("negative after =") << "a=-1"
+                                          << "3:a 19:= 4:-1 0";
+        QTest::newRow("minus between names") << "a-b"
+                                             << "3:a 8:- 3:b 0";
+        QTest::newRow("minus before digit joins it") << "a-5"
+                                                     << "3:a 4:-5 0";
+        QTest::newRow("float then name") << "1.5e 2."
+                                         << "5:1.5 3:e 5:2. 0";
+        QTest::newRow("expression")
+            << "(var(3)*2)>=10&&!time"
+            << "27:( 3:var 27:( 4:3 28:) 11:* 4:2 28:) 23:>= 4:10 14:&& 24:! 3:time 0";
+        QTest::newRow("operators")
+            << "+ - / % * ** & && | || ^ ^^ = < <= > >= ! != , ( ) { } [ ] : ~ $"
+            << "7:+ 8:- 9:/ 10:% 11:* 12:** 13:& 14:&& 15:| 16:|| 17:^ 18:^^ 19:= 20:< "
+               "21:<= 22:> 23:>= 24:! 25:!= 26:, 27:( 28:) 29:{ 30:} 31:[ 32:] 33:: 34:~ 35:$ 0";
+        QTest::newRow("triple star") << "***"
+                                     << "12:** 11:* 0";
+        QTest::newRow("identifier chars") << "pos.x_2 ökö"
+                                          << "3:pos.x_2 3:ökö 0";
+        QTest::newRow("other characters") << "_x @ . #"
+                                          << "2:_ 3:x 2:@ 2:. 2:# 0";
+        QTest::newRow("string") << "\"a b\" x"
+                                << "6:a b 3:x 0";
+        QTest::newRow("string keeps line feeds") << "\"a\nb\""
+                                                 << "6:a\nb 0";
+        QTest::newRow("unterminated string ends the text") << "a = \"abc\nb = 1"
+                                                           << "3:a 19:= 0";
+        QTest::newRow("comment after value") << "1 ; one"
+                                             << "4:1 0";
+        QTest::newRow("blanks and cr") << "ab\tcd\r\nx"
+                                       << "3:ab 3:cd 1 3:x 0";
+        QTest::newRow("blank and comment lines fold into one end of line") << "a\n\n; c\n   \nb"
+                                                                           << "3:a 1 3:b 0";
+        QTest::newRow("line ends at end of text") << "a\n"
+                                                  << "3:a 1 0";
+        QTest::newRow("command") << "~30D, /F, >a+b, $B"
+                                 << "34:~ 4:30 3:D 26:, 9:/ 3:F 26:, 22:> 3:a 7:+ 3:b 26:, 35:$ 3:B 0";
     }
 
     void tokens()
@@ -357,7 +375,7 @@ private slots:
 
         QIntNParam* size = makeParam<QIntNParam>("size");
         take(*size, QStringLiteral("size = 1, 2, 3"));
-        QCOMPARE(size->getValue().toList(), (QList<QVariant>{1, 2, 3}));
+        QCOMPARE(size->getValue().toList(), (QList<QVariant> { 1, 2, 3 }));
         size->setValue(1, 9);
         QCOMPARE(size->writtenLine(), QStringLiteral("size = 1, 9, 3"));
         take(*size, QStringLiteral("size = 4, -5"));
@@ -398,7 +416,8 @@ private slots:
         QTest::addColumn<QString>("written");
         QTest::newRow("dated") << "mugenversion = 04,14,2002" << 0u << "mugenversion = 04,14,2002";
         QTest::newRow("1.0") << "mugenversion = 1.0" << 0x01000000u << "mugenversion = 1.0";
-        QTest::newRow("1.1 with comment") << "MugenVersion = 1.1 ; new" << 0x01010000u << "mugenversion = 1.1";
+        QTest::newRow("1.1 with comment")
+            << "MugenVersion = 1.1 ; new" << 0x01010000u << "mugenversion = 1.1";
         QTest::newRow("integer") << "mugenversion = 1" << 0u << "mugenversion = 04,14,2002";
         QTest::newRow("three parts") << "mugenversion = 1.0.1" << 0u << "mugenversion = 04,14,2002";
     }
@@ -422,16 +441,26 @@ private slots:
         QTest::addColumn<QString>("value");
         QTest::addColumn<QString>("printed");
         QTest::addColumn<int>("length");
-        QTest::newRow("motion") << "~D, DF, F, x" << "~D, DF, F, x" << 4;
-        QTest::newRow("release time is lost") << "~30D" << "~D" << 1;
-        QTest::newRow("flags in fixed order") << ">~F, $>a" << "~>F, $>a" << 6;
-        QTest::newRow("hold") << "/F" << "/F" << 1;
-        QTest::newRow("time printed behind hold") << "/~30a" << "/30~a" << 1;
-        QTest::newRow("buttons") << "x+y+z, a+s" << "x+y+z, a+s" << 2;
-        QTest::newRow("direction before buttons") << "F+a" << "Fa" << 1;
-        QTest::newRow("diagonals") << "UB, DB, UF, DF" << "UB, DB, UF, DF" << 4;
-        QTest::newRow("case-sensitive names") << "d, X" << ", " << 2;
-        QTest::newRow("nothing known") << "" << "" << 1;
+        QTest::newRow("motion") << "~D, DF, F, x"
+                                << "~D, DF, F, x" << 4;
+        QTest::newRow("release time is lost") << "~30D"
+                                              << "~D" << 1;
+        QTest::newRow("flags in fixed order") << ">~F, $>a"
+                                              << "~>F, $>a" << 6;
+        QTest::newRow("hold") << "/F"
+                              << "/F" << 1;
+        QTest::newRow("time printed behind hold") << "/~30a"
+                                                  << "/30~a" << 1;
+        QTest::newRow("buttons") << "x+y+z, a+s"
+                                 << "x+y+z, a+s" << 2;
+        QTest::newRow("direction before buttons") << "F+a"
+                                                  << "Fa" << 1;
+        QTest::newRow("diagonals") << "UB, DB, UF, DF"
+                                   << "UB, DB, UF, DF" << 4;
+        QTest::newRow("case-sensitive names") << "d, X"
+                                              << ", " << 2;
+        QTest::newRow("nothing known") << ""
+                                       << "" << 1;
     }
 
     void commands()
@@ -484,16 +513,23 @@ private slots:
         QTest::addColumn<QByteArray>("prefix");
         QTest::addColumn<QString>("text");
         const QString japanese = QStringLiteral(
-            "[Info]\n; 格闘ゲームのキャラクターです。作者は日本の愛好家で、技の名前も日本語で書かれています。\n"
+            "[Info]\n; "
+            "格闘ゲームのキャラクターです。作者は日本の愛好家で、技の名前も日本語で書かれています。\n"
             "name = \"カンフーマン\"\ndisplayname = \"カンフーマン\"\nauthor = \"山田太郎\"\n"
             "; 必殺技：波動拳、昇竜拳、竜巻旋風脚。コマンドは下、右下、右とパンチです。\n");
         const QString chinese = QStringLiteral(
             "[Info]\n; 这是一个格斗游戏角色。作者是中国的爱好者，所有的招式名称都用中文书写。\n"
-            "name = \"功夫男\"\nauthor = \"张三\"\n; 必杀技：气功波、升龙拳、旋风腿。指令是下、右下、右加拳。\n");
+            "name = \"功夫男\"\nauthor = \"张三\"\n; "
+            "必杀技：气功波、升龙拳、旋风腿。指令是下、右下、右加拳。\n");
         const QString western = QStringLiteral(
             "[Info]\n; Personnage créé à Montréal — fenêtre, théâtre, élève, déjà vu, naïve.\n"
             "name = \"Größe Überraschung\"\nauthor = \"François Müller\"\n"
             "; Coût: 20 € pour le café; Straße, Mädchen, Brötchen, Ärger, Öl, süß, señor, año.\n");
+        const QString korean = QStringLiteral("[Info]\n; 이것은 격투 게임 캐릭터입니다. 제작자는 한국의 "
+                                              "애호가이며 모든 기술 이름은 한국어로 쓰여 있습니다.\n"
+                                              "name = \"쿵푸맨\"\n; 필살기: 파동권, 승룡권, 용권선풍각. "
+                                              "커맨드는 아래, 오른쪽 아래, 오른쪽과 펀치입니다.\n");
+        QTest::newRow("CP949") << QByteArray("windows-949") << QByteArray() << korean;
         QTest::newRow("Shift-JIS") << QByteArray("Shift_JIS") << QByteArray() << japanese;
         QTest::newRow("GBK") << QByteArray("GBK") << QByteArray() << chinese;
         QTest::newRow("CP1252") << QByteArray("windows-1252") << QByteArray() << western;
@@ -514,7 +550,7 @@ private slots:
         QCOMPARE(prefix + stringToData(text, used), data);
 
         // A confident detection is not overridden by the wanted codec.
-        for (const char* other : {"windows-1252", "Shift_JIS", "KOI8-R"}) {
+        for (const char* other : { "windows-1252", "Shift_JIS", "KOI8-R" }) {
             int usedWithWish = -1;
             QCOMPARE(stringFromData(data, codecIndex(other), &usedWithWish), text);
             QCOMPARE(usedWithWish, used);
@@ -536,15 +572,16 @@ private slots:
         QCOMPARE(getCodec("a = 1\n", unsigned(codecCount()) + 5), QTextCodec::codecForLocale());
         QCOMPARE(stringFromData("a = 1\n", -4, &used), QStringLiteral("a = 1\n"));
         QCOMPARE(used, 0);
-        QCOMPARE(stringToData(QStringLiteral("é"), 0), QTextCodec::codecForLocale()->fromUnicode(QStringLiteral("é")));
+        QCOMPARE(stringToData(QStringLiteral("é"), 0),
+            QTextCodec::codecForLocale()->fromUnicode(QStringLiteral("é")));
         QCOMPARE(stringToData(QStringLiteral("é"), latin), QByteArray("\xE9"));
     }
 
     void realTextFilesDecode()
     {
         PF_REQUIRE_REALDATA();
-        const QStringList files = realDataFiles({QStringLiteral("def"), QStringLiteral("air"), QStringLiteral("cmd"),
-                                                 QStringLiteral("cns"), QStringLiteral("st")});
+        const QStringList files = realDataFiles({ QStringLiteral("def"), QStringLiteral("air"),
+            QStringLiteral("cmd"), QStringLiteral("cns"), QStringLiteral("st") });
         QVERIFY(!files.isEmpty());
         for (const QString& fileName : files) {
             QFile file(fileName);
@@ -552,12 +589,12 @@ private slots:
             const QByteArray data = file.readAll();
             int used = -1;
             const QString text = stringFromData(data, 0, &used);
-            QVERIFY2(!text.contains(QChar::ReplacementCharacter), qPrintable(fileName + u' ' + codecName(used)));
+            QVERIFY2(
+                !text.contains(QChar::ReplacementCharacter), qPrintable(fileName + u' ' + codecName(used)));
             QVERIFY2(!text.startsWith(QChar::ByteOrderMark), qPrintable(fileName));
             // Every line tokenizes to its end.
             QTokenizer tokenizer(text);
-            while (tokenizer.getToken() != tokEnd) {
-            }
+            while (tokenizer.getToken() != tokEnd) { }
             QVERIFY2(tokenizer.line() >= text.count(u'\n'), qPrintable(fileName));
         }
     }
@@ -577,7 +614,7 @@ private slots:
         file.close();
 
         QProcess process;
-        process.start(cli, {QStringLiteral("tokens"), fileName, QStringLiteral("--json")});
+        process.start(cli, { QStringLiteral("tokens"), fileName, QStringLiteral("--json") });
         QVERIFY(process.waitForFinished(60000));
         QCOMPARE(process.exitCode(), 0);
         const QJsonObject root = QJsonDocument::fromJson(process.readAllStandardOutput()).object();
@@ -586,10 +623,11 @@ private slots:
         QCOMPARE(lines.size(), 4);
         const QJsonArray nameTokens = lines.at(2).toObject().value(QStringLiteral("tokens")).toArray();
         QCOMPARE(nameTokens.size(), 3);
-        QCOMPARE(nameTokens.at(2).toObject().value(QStringLiteral("text")).toString(), QStringLiteral("波動拳"));
+        QCOMPARE(
+            nameTokens.at(2).toObject().value(QStringLiteral("text")).toString(), QStringLiteral("波動拳"));
         QCOMPARE(nameTokens.at(2).toObject().value(QStringLiteral("code")).toInt(), int(tokString));
 
-        process.start(cli, {QStringLiteral("tokens"), dir.filePath(QStringLiteral("missing.cmd"))});
+        process.start(cli, { QStringLiteral("tokens"), dir.filePath(QStringLiteral("missing.cmd")) });
         QVERIFY(process.waitForFinished(60000));
         QCOMPARE(process.exitCode(), 1);
         const QStringList faults = QString::fromUtf8(process.readAllStandardError())
