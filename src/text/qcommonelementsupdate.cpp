@@ -27,7 +27,7 @@ bool isParam(const QTextElement* element)
 QParamGroup* asParamGroup(QTextElement* element)
 {
     return element && (element->type() & QTextElement::paramGroupBit) ? static_cast<QParamGroup*>(element)
-                                                                        : nullptr;
+                                                                      : nullptr;
 }
 
 /// A header is named by the comment right before it in the valid chain.
@@ -50,8 +50,8 @@ void relinkNameComments(const QList<QTextElementChange>& changes)
     for (QTextElement* site : std::as_const(sites)) {
         if (isHeader(site)) {
             QTextElement* before = site->previousValid();
-            static_cast<QGroupHeader*>(site)->setNameComment(isComment(before) ? static_cast<QNameComment*>(before)
-                                                                                 : nullptr);
+            static_cast<QGroupHeader*>(site)->setNameComment(
+                isComment(before) ? static_cast<QNameComment*>(before) : nullptr);
         } else if (isComment(site)) {
             auto* comment = static_cast<QNameComment*>(site);
             QTextElement* after = site->nextValid();

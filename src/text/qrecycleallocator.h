@@ -16,8 +16,7 @@
  * all of them. An element remembers its pool, so QTextElement::clean() finds
  * the way back on its own.
  */
-template<class T>
-class QRecycleAllocator : public QRecyclePool
+template <class T> class QRecycleAllocator : public QRecyclePool
 {
     static_assert(std::is_base_of_v<QTextElement, T>, "pools hold text elements");
 
