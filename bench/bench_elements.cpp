@@ -150,6 +150,23 @@ int main(int argc, char** argv)
         line("value keystroke, typed in a view", viewMs);
         line("value keystroke, through the cursor", cursorMs);
         line("key keystroke (element replaced)", keyMs);
+
+        // A paste of 1,000 lines in the middle, then its undo: proportional to
+        // the pasted lines, not to the document.
+        const QString pasted = stateFile(1000);
+        const int middle = bare.findBlockByNumber(bare.blockCount() / 2).position();
+        const auto paste = [&](QTextDocument& document) {
+            QTextCursor cursor(&document);
+            cursor.setPosition(middle);
+            cursor.insertText(pasted);
+            document.undo();
+        };
+        const double barePasteMs = bench::bestMs(repetitions, [&] { paste(bare); });
+        const double pasteMs = bench::bestMs(repetitions, [&] { paste(*editor.document()); });
+        std::snprintf(label, sizeof label, "%d lines: bare paste of 1,000 lines + undo", lines);
+        bench::report(label, barePasteMs, barePasteMs);
+        std::snprintf(label, sizeof label, "%d lines: paste of 1,000 lines + undo", lines);
+        bench::report(label, pasteMs, barePasteMs);
         bench::keep(elements);
     }
     return 0;
