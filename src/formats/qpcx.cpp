@@ -39,8 +39,10 @@ bool acceptable(const QPCXHeader& header, qsizetype dataSize)
         return false;
     if (header.width() <= 0 || header.height() <= 0 || header.bytesPerLine == 0)
         return false;
+    const qsizetype limit = maxExpansion * dataSize + 65536;
     const qsizetype decoded = qsizetype(header.bytesPerLine) * header.planes * header.height();
-    return decoded <= maxExpansion * dataSize + 65536;
+    const qsizetype pixels = qsizetype(header.width()) * header.height();
+    return decoded <= limit && pixels <= limit;
 }
 
 QImage decode(const QPCXHeader& header, const QByteArray& data)

@@ -19,4 +19,27 @@ private slots:
     void pcxPaletteTrailer();
     void imageFilesBySuffix();
     void rawRows();
+
+    // tst_palettes.cpp
+    void actRealFilesRoundTrip();
+    void actEdgeCases();
+    void riffReads();
+    void jascReads();
+    void painterReads();
+    void acoReads();
+    void aseReads();
+    void paletteChoiceAndTransparency();
+    void paletteFromIndexedImage();
+    void tableHelpers();
+    void nearestIndex();
+
+    // tst_gif.cpp
+    void gifFramesReadBack();
+    void gifHeaderBytes();
+
+    // tst_font.cpp
+    void fontRealFilesParse();
+    void fontParsesText();
+    void fontCutsGlyphs();
+    void fontRefusesBadInput();
 };
