@@ -7,7 +7,7 @@
 #include "qintnparam.h"
 #include "qintparam.h"
 #include "qnamecomment.h"
-#include "qrecycleallocator.h"
+#include "util/qrecycleallocator.h"
 #include "qsingletonparamgroup.h"
 #include "qstringparam.h"
 #include "qtextelementchange.h"

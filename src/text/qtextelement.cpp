@@ -1,7 +1,7 @@
 #include "qtextelement.h"
 
 #include "qelementtexteditor.h"
-#include "qrecyclepool.h"
+#include "util/qrecycleallocator.h"
 #include "qtexteditorblockdata.h"
 
 #include <QTextDocument>

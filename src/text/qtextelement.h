@@ -9,6 +9,7 @@
 #include <QTextCursor>
 
 class QElementTextEditor;
+template<typename Base>
 class QRecyclePool;
 class QTextElementReg;
 
@@ -33,6 +34,9 @@ class QTextElement : public QObject
     Q_OBJECT
 
 public:
+    /// Elements go back to their pools through this base.
+    using RecycleBase = QTextElement;
+
     static constexpr QTextElementType lineBit = 1;
     static constexpr QTextElementType headerBit = 2;
     static constexpr QTextElementType paramGroupBit = 4;
@@ -97,7 +101,7 @@ public:
     void release();
 
     /// Set once by the pool that made the element.
-    void setPool(QRecyclePool* pool) { m_pool = pool; }
+    void setPool(QRecyclePool<QTextElement>* pool) { m_pool = pool; }
     /// Called by the line's user data when the document deletes the line.
     void lineDeleted();
 
@@ -112,5 +116,5 @@ private:
     /// The registry entry that recognised the line: a line that another entry
     /// claims later is a different element.
     const QTextElementReg* m_reg = nullptr;
-    QRecyclePool* m_pool = nullptr;
+    QRecyclePool<QTextElement>* m_pool = nullptr;
 };

@@ -560,28 +560,28 @@ void TestElements::poolsRecycle()
     QRecycleAllocator<QIntParam> pool;
     QIntParam* a = pool.alloc();
     QIntParam* b = pool.alloc();
-    QCOMPARE(pool.size(), 2);
+    QCOMPARE(pool.allocated(), 2);
     a->clean(); // an element finds its own pool
-    QCOMPARE(pool.freeCount(), 1);
+    QCOMPARE(pool.available(), 1);
     QCOMPARE(pool.alloc(), a);
     pool.clean(a);
     pool.clean(b);
     pool.flush();
-    QCOMPARE(pool.size(), 0);
-    QCOMPARE(pool.freeCount(), 0);
+    QCOMPARE(pool.allocated(), 0);
+    QCOMPARE(pool.available(), 0);
 
     {
         Editor editor;
         editor.setText(stateText);
-        const int free = intAlloc.freeCount();
+        const int free = intAlloc.available();
         edit(editor, 4, 0, 10, QString());
-        QCOMPARE(intAlloc.freeCount(), free + 1); // the removed line's element went back
+        QCOMPARE(intAlloc.available(), free + 1); // the removed line's element went back
         edit(editor, 4, 0, 0, QStringLiteral("life = 2\n"));
-        QCOMPARE(intAlloc.freeCount(), free); // and is taken again
+        QCOMPARE(intAlloc.available(), free); // and is taken again
     }
     flushCommonElements();
-    QCOMPARE(intAlloc.freeCount(), 0);
-    QCOMPARE(intAlloc.size(), 0); // every editor is gone, so every element was free
+    QCOMPARE(intAlloc.available(), 0);
+    QCOMPARE(intAlloc.allocated(), 0); // every editor is gone, so every element was free
 }
 
 void TestElements::randomEditsMatchFreshChain_data()
