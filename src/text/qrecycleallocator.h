@@ -1,16 +1,25 @@
 #pragma once
 
+#include "qrecyclepool.h"
+#include "qtextelement.h"
+
 #include <QList>
+#include <QSet>
+
+#include <type_traits>
 
 /**
- * A pool of objects of one class that are never deleted singly: text
- * elements come and go with every edit, so they are taken from the free list
- * and given back to it instead of being allocated each time. alloc() hands
- * out a free object as it was left (the user sets it up again); clean() puts
- * it back; flush() deletes the free ones; release() deletes all of them.
+ * A pool of text elements of one class. Elements come and go with every
+ * edit, so they are never deleted singly: alloc() hands out the last free
+ * object as it was left (the caller sets it up again) or makes a new one,
+ * clean() puts one back, flush() deletes the free ones and release() deletes
+ * all of them. An element remembers its pool, so QTextElement::clean() finds
+ * the way back on its own.
  */
-template <class T> class QRecycleAllocator
+template <class T> class QRecycleAllocator : public QRecyclePool
 {
+    static_assert(std::is_base_of_v<QTextElement, T>, "pools hold text elements");
+
 public:
     QRecycleAllocator() = default;
     QRecycleAllocator(const QRecycleAllocator&) = delete;
@@ -22,6 +31,7 @@ public:
         if (!m_free.isEmpty())
             return m_free.takeLast();
         T* object = new T;
+        object->setPool(this);
         m_all.append(object);
         return object;
     }
@@ -30,8 +40,8 @@ public:
 
     void flush()
     {
-        for (T* object : std::as_const(m_free))
-            m_all.removeOne(object);
+        const QSet<T*> free(m_free.cbegin(), m_free.cend());
+        m_all.removeIf([&free](T* object) { return free.contains(object); });
         qDeleteAll(m_free);
         m_free.clear();
     }
@@ -43,8 +53,11 @@ public:
         m_free.clear();
     }
 
+    /// Objects made and not deleted, in use or free.
     int size() const { return int(m_all.size()); }
     int freeCount() const { return int(m_free.size()); }
+
+    void recycle(QTextElement* element) override { clean(static_cast<T*>(element)); }
 
 private:
     QList<T*> m_all;
