@@ -1,8 +1,8 @@
 #pragma once
 
 #include "qsynmsg.h"
+#include "text/qtexteditorblockdata.h"
 
-#include <QTextBlockUserData>
 #include <QVector>
 
 /// One bracket of a line, for the editor's bracket matching.
@@ -15,9 +15,11 @@ struct QParenthesis
 /**
  * What the syntax processor keeps beside one line of a document: the line's
  * findings and its brackets. Made on the first pass over the line and kept
- * (the document owns it); each pass replaces its contents.
+ * (the document owns it); each pass replaces its contents. A line has one
+ * user data object, so this is also the line's link to its text element
+ * when the document is an element document.
  */
-class QSyntaxBlockData : public QTextBlockUserData
+class QSyntaxBlockData : public QTextEditorBlockData
 {
 public:
     QSynMsgList messages;

@@ -135,7 +135,7 @@ int QElementTextEditor::processBlock(const QTextBlock& block, QTextElement*& pre
 {
     QTextEditorBlockData* data = blockData(block);
     if (!data) {
-        data = new QTextEditorBlockData;
+        data = newBlockData();
         QTextBlock(block).setUserData(data);
     }
     QTextElement* element = data->element();
@@ -179,6 +179,11 @@ int QElementTextEditor::processBlock(const QTextBlock& block, QTextElement*& pre
     if (element)
         previous = element;
     return result;
+}
+
+QTextEditorBlockData* QElementTextEditor::newBlockData() const
+{
+    return new QTextEditorBlockData;
 }
 
 void QElementTextEditor::removeElement(QTextElement* element, QList<QTextElementChange>& changes)

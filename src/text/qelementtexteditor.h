@@ -11,6 +11,7 @@
 #include <QTextBlock>
 
 class QTextDocument;
+class QTextEditorBlockData;
 class QTextElement;
 
 /**
@@ -82,6 +83,10 @@ protected:
     /// Hears every change; the default emits update(). Models call
     /// updateCommonElements() first.
     virtual void updateInternal(QList<QTextElementChange>& changes);
+    /// The user data for a line that has none yet. A document shared with a
+    /// syntax processor needs the processor's kind, since a line holds one
+    /// user data object for both.
+    virtual QTextEditorBlockData* newBlockData() const;
 
 private:
     friend class QTextElement;
