@@ -94,8 +94,7 @@ QList<int> positions(const QTextDocument& document, int count, bool inKey)
 }
 
 /// Types one character at each position and deletes it again.
-template<class Cursor>
-void keystrokes(Cursor& cursor, const QList<int>& at)
+template <class Cursor> void keystrokes(Cursor& cursor, const QList<int>& at)
 {
     for (int position : at) {
         cursor.setPosition(position);
@@ -115,10 +114,10 @@ int main(int argc, char** argv)
     constexpr int edits = 2000; // keystrokes per measurement, half typing, half deleting
     constexpr int repetitions = 5;
     std::printf("one keystroke in a states document; %d keystrokes per measurement, best of %d\n", edits,
-                repetitions);
+        repetitions);
     std::printf("%-44s %10s      %s\n", "", "ms", "baseline: the same keystrokes on a bare document");
 
-    for (int lines : {1000, 10000, 30000, 100000}) {
+    for (int lines : { 1000, 10000, 30000, 100000 }) {
         const QString text = stateFile(lines);
         QTextDocument bare;
         bare.setPlainText(text);
@@ -138,8 +137,9 @@ int main(int argc, char** argv)
         const double keyMs = bench::bestMs(repetitions, [&] { keystrokes(viewCursor, keys); });
 
         char label[96];
-        std::printf("\n%d lines, %d elements, built in %.1f ms (%.2f us per line)\n", editor.document()->blockCount(),
-                    elements, loadMs, loadMs * 1000 / editor.document()->blockCount());
+        std::printf("\n%d lines, %d elements, built in %.1f ms (%.2f us per line)\n",
+            editor.document()->blockCount(), elements, loadMs,
+            loadMs * 1000 / editor.document()->blockCount());
         const auto line = [&](const char* what, double ms) {
             char extra[64];
             std::snprintf(extra, sizeof extra, "= %.2f us per keystroke", ms * 1000 / edits);
@@ -150,6 +150,23 @@ int main(int argc, char** argv)
         line("value keystroke, typed in a view", viewMs);
         line("value keystroke, through the cursor", cursorMs);
         line("key keystroke (element replaced)", keyMs);
+
+        // A paste of 1,000 lines in the middle, then its undo: proportional to
+        // the pasted lines, not to the document.
+        const QString pasted = stateFile(1000);
+        const int middle = bare.findBlockByNumber(bare.blockCount() / 2).position();
+        const auto paste = [&](QTextDocument& document) {
+            QTextCursor cursor(&document);
+            cursor.setPosition(middle);
+            cursor.insertText(pasted);
+            document.undo();
+        };
+        const double barePasteMs = bench::bestMs(repetitions, [&] { paste(bare); });
+        const double pasteMs = bench::bestMs(repetitions, [&] { paste(*editor.document()); });
+        std::snprintf(label, sizeof label, "%d lines: bare paste of 1,000 lines + undo", lines);
+        bench::report(label, barePasteMs, barePasteMs);
+        std::snprintf(label, sizeof label, "%d lines: paste of 1,000 lines + undo", lines);
+        bench::report(label, pasteMs, barePasteMs);
         bench::keep(elements);
     }
     return 0;

@@ -14,7 +14,8 @@ bool NamedParamGrpReg::matchToken(unsigned int index, const QTextToken& token) c
         return token.id == tokLeftBracket;
     }
     if (index == 1)
-        return token.id == tokIdentifier && token.text.compare(QLatin1String(m_keyword), Qt::CaseInsensitive) == 0;
+        return token.id == tokIdentifier
+            && token.text.compare(QLatin1String(m_keyword), Qt::CaseInsensitive) == 0;
     if (m_closed)
         return true;
     if (token.id == tokRightBracket) {

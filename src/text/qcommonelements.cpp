@@ -18,8 +18,7 @@ QRecycleAllocator<QFileParam> fpAlloc;
 
 namespace {
 
-template<typename Call>
-void forEachPool(Call call)
+template <typename Call> void forEachPool(Call call)
 {
     call(cmmAlloc);
     call(ugrpAlloc);

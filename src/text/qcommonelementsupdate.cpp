@@ -27,7 +27,7 @@ bool isParam(const QTextElement* element)
 QParamGroup* asParamGroup(QTextElement* element)
 {
     return element && (element->type() & QTextElement::paramGroupBit) ? static_cast<QParamGroup*>(element)
-                                                                        : nullptr;
+                                                                      : nullptr;
 }
 
 /// A header is named by the comment right before it in the valid chain.
@@ -50,8 +50,8 @@ void relinkNameComments(const QList<QTextElementChange>& changes)
     for (QTextElement* site : std::as_const(sites)) {
         if (isHeader(site)) {
             QTextElement* before = site->previousValid();
-            static_cast<QGroupHeader*>(site)->setNameComment(isComment(before) ? static_cast<QNameComment*>(before)
-                                                                                 : nullptr);
+            static_cast<QGroupHeader*>(site)->setNameComment(
+                isComment(before) ? static_cast<QNameComment*>(before) : nullptr);
         } else if (isComment(site)) {
             auto* comment = static_cast<QNameComment*>(site);
             QTextElement* after = site->nextValid();
@@ -148,10 +148,33 @@ private:
     QList<QParamGroup*> m_updatedOrder;
 };
 
-QParamGroup* enclosingGroup(QTextElement* element)
+/// Finds the header that governs a line. Lines pasted in bulk come in a row,
+/// so each walk back stops at the parameter found before it.
+class HeaderFinder
 {
-    return asParamGroup(element->previous(QTextElement::headerBit));
-}
+public:
+    QParamGroup* enclosingGroup(QTextElement* element)
+    {
+        QTextElement* header = nullptr;
+        for (QTextElement* before = element->previousValid(); before; before = before->previousValid()) {
+            if (isHeader(before)) {
+                header = before;
+                break;
+            }
+            const auto known = m_headers.constFind(before);
+            if (known != m_headers.cend()) {
+                header = known.value();
+                break;
+            }
+        }
+        if (isParam(element))
+            m_headers.insert(element, header);
+        return asParamGroup(header);
+    }
+
+private:
+    QHash<const QTextElement*, QTextElement*> m_headers;
+};
 
 } // namespace
 
@@ -160,6 +183,7 @@ void updateCommonElements(QList<QTextElementChange>& changes)
     relinkNameComments(changes);
 
     MembershipReport report;
+    HeaderFinder finder;
     for (const QTextElementChange& change : std::as_const(changes)) {
         QTextElement* element = change.element;
         if (change.kind == QTextElementChange::Added)
@@ -169,12 +193,12 @@ void updateCommonElements(QList<QTextElementChange>& changes)
             if (change.kind == QTextElementChange::Removed)
                 report.affect(param->group());
             else if (change.kind == QTextElementChange::Added)
-                report.affect(enclosingGroup(param));
+                report.affect(finder.enclosingGroup(param));
             else
                 report.noteUpdated(param);
         } else if (isHeader(element) && change.kind != QTextElementChange::Updated) {
             report.affect(asParamGroup(element));
-            report.affect(enclosingGroup(element));
+            report.affect(finder.enclosingGroup(element));
         }
     }
     report.rebuildAndReport();

@@ -124,14 +124,14 @@ int QElementTextEditor::takeDeletedLines(QList<QTextElementChange>& changes)
         return 0;
     for (QTextElement* element : std::as_const(m_deletedLines)) {
         element->m_valid = false;
-        changes.append(QTextElementChange{QTextElementChange::Removed, element});
+        changes.append(QTextElementChange { QTextElementChange::Removed, element });
     }
     m_deletedLines.clear();
     return 1;
 }
 
-int QElementTextEditor::processBlock(const QTextBlock& block, QTextElement*& previous,
-                                     QList<QTextElementChange>& changes)
+int QElementTextEditor::processBlock(
+    const QTextBlock& block, QTextElement*& previous, QList<QTextElementChange>& changes)
 {
     QTextEditorBlockData* data = blockData(block);
     if (!data) {
@@ -169,11 +169,11 @@ int QElementTextEditor::processBlock(const QTextBlock& block, QTextElement*& pre
         link(element, previous);
         data->setElement(element);
         element->update(tokens);
-        changes.append(QTextElementChange{QTextElementChange::Added, element});
+        changes.append(QTextElementChange { QTextElementChange::Added, element });
         result |= 1;
     } else if (match) {
         element->update(tokens);
-        changes.append(QTextElementChange{QTextElementChange::Updated, element});
+        changes.append(QTextElementChange { QTextElementChange::Updated, element });
         result |= 2;
     }
     if (element)
@@ -191,7 +191,7 @@ void QElementTextEditor::removeElement(QTextElement* element, QList<QTextElement
     element->m_valid = false;
     if (QTextEditorBlockData* data = blockData(element->m_block))
         data->setElement(nullptr);
-    changes.append(QTextElementChange{QTextElementChange::Removed, element});
+    changes.append(QTextElementChange { QTextElementChange::Removed, element });
 }
 
 void QElementTextEditor::finishChange(int result, QList<QTextElementChange>& changes)

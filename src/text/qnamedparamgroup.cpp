@@ -4,7 +4,8 @@ void QNamedParamGroup::update(const QList<QTextToken>& tokens)
 {
     m_name.clear();
     int close = 2;
-    while (close < tokens.size() && tokens.at(close).id != tokRightBracket && tokens.at(close).id > tokEndOfLine)
+    while (
+        close < tokens.size() && tokens.at(close).id != tokRightBracket && tokens.at(close).id > tokEndOfLine)
         ++close;
     if (close == 2 || close >= tokens.size())
         return;

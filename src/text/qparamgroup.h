@@ -28,8 +28,8 @@ public:
     QTextElementType type() const override { return groupType() | headerBit | paramGroupBit; }
     void clean() override;
 
-    virtual void paramsRemoved(const QList<QGroupParam*>& params) {}
-    virtual void paramsUpdated(const QList<QGroupParam*>& params) {}
+    virtual void paramsRemoved(const QList<QGroupParam*>& params) { }
+    virtual void paramsUpdated(const QList<QGroupParam*>& params) { }
 
     int parameterCount() const { return int(m_params.size()); }
     QGroupParam* parameter(int index) const { return m_params.value(index); }

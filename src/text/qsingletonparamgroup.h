@@ -15,7 +15,7 @@ public:
     QTextElementSubType subType() const override { return m_subType; }
     /// Set by the registry entry that makes the group.
     void setSubType(QTextElementSubType subType) { m_subType = subType; }
-    void update(const QList<QTextToken>&) override {}
+    void update(const QList<QTextToken>&) override { }
 
 private:
     QTextElementSubType m_subType = 0;

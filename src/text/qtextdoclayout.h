@@ -15,7 +15,7 @@ class QTextDocLayout : public QAbstractTextDocumentLayout
 public:
     explicit QTextDocLayout(QTextDocument* document);
 
-    void draw(QPainter*, const PaintContext&) override {}
+    void draw(QPainter*, const PaintContext&) override { }
     int hitTest(const QPointF&, Qt::HitTestAccuracy) const override { return -1; }
     int pageCount() const override { return 1; }
     QSizeF documentSize() const override { return QSizeF(); }
@@ -23,5 +23,5 @@ public:
     QRectF blockBoundingRect(const QTextBlock&) const override { return QRectF(); }
 
 protected:
-    void documentChanged(int, int, int) override {}
+    void documentChanged(int, int, int) override { }
 };

@@ -147,8 +147,8 @@ QTextCursor QTextElement::select() const
         return QTextCursor();
     QTextCursor cursor(m_editor->document());
     cursor.setPosition(startPosition());
-    cursor.setPosition(std::min(endPosition(), m_editor->document()->characterCount() - 1),
-                       QTextCursor::KeepAnchor);
+    cursor.setPosition(
+        std::min(endPosition(), m_editor->document()->characterCount() - 1), QTextCursor::KeepAnchor);
     return cursor;
 }
 

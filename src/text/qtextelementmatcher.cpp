@@ -31,7 +31,7 @@ void QTextElementMatcher::refresh(const EnableCounts& counts)
 }
 
 QTextElementReg* QTextElementMatcher::regMatch(const QTextBlock& block, QTokenizer& tokenizer, QToken first,
-                                               QList<QTextToken>& tokens, const EnableCounts& counts)
+    QList<QTextToken>& tokens, const EnableCounts& counts)
 {
     if (!m_valid || m_generation != QTextElementReg::generation())
         refresh(counts);
@@ -53,18 +53,18 @@ QTextElementReg* QTextElementMatcher::regMatch(const QTextBlock& block, QTokeniz
     unsigned int index = 0;
     QToken id = first;
     while (id != tokEnd && !m_candidates.isEmpty()) {
-        tokens.append(QTextToken{id, tokenizer.column() - int(text.size()), text});
+        tokens.append(QTextToken { id, tokenizer.column() - int(text.size()), text });
         offer(index++, tokens.last());
         id = tokenizer.getToken();
         text = id == tokEnd ? QString() : tokenizer.getTokenString();
     }
     if (id == tokEnd && tokenizer.hasComment() && !m_candidates.isEmpty() && groupFollows(block)) {
         const QString comment = tokenizer.getComment();
-        tokens.append(QTextToken{tokEndOfLine, tokenizer.column() - int(comment.size()), comment});
+        tokens.append(QTextToken { tokEndOfLine, tokenizer.column() - int(comment.size()), comment });
         offer(index++, tokens.last());
     }
     if (!m_candidates.isEmpty())
-        offer(index, QTextToken{tokEndOfLine, tokenizer.column(), QString()});
+        offer(index, QTextToken { tokEndOfLine, tokenizer.column(), QString() });
     if (tokens.isEmpty())
         return nullptr;
     return m_candidates.isEmpty() ? nullptr : m_candidates.first();

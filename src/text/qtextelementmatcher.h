@@ -36,7 +36,7 @@ public:
      * when the next non-blank line opens a group.
      */
     QTextElementReg* regMatch(const QTextBlock& block, QTokenizer& tokenizer, QToken first,
-                              QList<QTextToken>& tokens, const EnableCounts& counts);
+        QList<QTextToken>& tokens, const EnableCounts& counts);
 
 private:
     void refresh(const EnableCounts& counts);

@@ -13,5 +13,5 @@ public:
     static constexpr QTextElementType unknownGroupType = 0x20;
 
     QTextElementType groupType() const override { return unknownGroupType; }
-    void update(const QList<QTextToken>&) override {}
+    void update(const QList<QTextToken>&) override { }
 };

@@ -12,61 +12,61 @@ namespace kit {
 
 namespace {
 
-QRecycleAllocator<LoggingGroup> loggingPool;
+    QRecycleAllocator<LoggingGroup> loggingPool;
 
-class LoggingGroupReg : public NamedParamGrpReg
-{
-public:
-    LoggingGroupReg(const char* keyword, QTextElementType type)
-        : NamedParamGrpReg(keyword)
-        , m_type(type)
+    class LoggingGroupReg : public NamedParamGrpReg
     {
+    public:
+        LoggingGroupReg(const char* keyword, QTextElementType type)
+            : NamedParamGrpReg(keyword)
+            , m_type(type)
+        {
+        }
+
+        QTextElementType type() const override { return m_type; }
+        QTextElement* create() override
+        {
+            LoggingGroup* group = loggingPool.alloc();
+            group->setGroupType(m_type);
+            return setup(group);
+        }
+
+    private:
+        QTextElementType m_type;
+    };
+
+    template <class T> void param(const char* key, QGroupParamID id, QRecycleAllocator<T>& pool)
+    {
+        QTextElementReg::registerElement(new ParamReg<T>(QLatin1String(key), id, &pool));
     }
 
-    QTextElementType type() const override { return m_type; }
-    QTextElement* create() override
+    QString lines(const QList<QGroupParam*>& params)
     {
-        LoggingGroup* group = loggingPool.alloc();
-        group->setGroupType(m_type);
-        return setup(group);
+        QStringList list;
+        for (const QGroupParam* param : params)
+            list.append(param->line() < 0 ? QStringLiteral("-") : QString::number(param->line()));
+        return list.join(QLatin1Char(','));
     }
 
-private:
-    QTextElementType m_type;
-};
+    QString lineOf(const QTextElement* element)
+    {
+        return element && element->line() >= 0 ? QString::number(element->line()) : QStringLiteral("-");
+    }
 
-template<class T>
-void param(const char* key, QGroupParamID id, QRecycleAllocator<T>& pool)
-{
-    QTextElementReg::registerElement(new ParamReg<T>(QLatin1String(key), id, &pool));
-}
+    QString valueText(const QVariant& value)
+    {
+        QString text;
+        QDebug(&text).nospace().noquote() << value;
+        return text;
+    }
 
-QString lines(const QList<QGroupParam*>& params)
-{
-    QStringList list;
-    for (const QGroupParam* param : params)
-        list.append(param->line() < 0 ? QStringLiteral("-") : QString::number(param->line()));
-    return list.join(QLatin1Char(','));
-}
-
-QString lineOf(const QTextElement* element)
-{
-    return element && element->line() >= 0 ? QString::number(element->line()) : QStringLiteral("-");
-}
-
-QString valueText(const QVariant& value)
-{
-    QString text;
-    QDebug(&text).nospace().noquote() << value;
-    return text;
-}
-
-QString kindName(const QTextElement* element)
-{
-    if (element->type() & QTextElement::headerBit)
-        return QStringLiteral("header");
-    return element->groupType() == QGroupParam::paramGroupType ? QStringLiteral("param") : QStringLiteral("comment");
-}
+    QString kindName(const QTextElement* element)
+    {
+        if (element->type() & QTextElement::headerBit)
+            return QStringLiteral("header");
+        return element->groupType() == QGroupParam::paramGroupType ? QStringLiteral("param")
+                                                                   : QStringLiteral("comment");
+    }
 
 } // namespace
 
@@ -135,7 +135,8 @@ Editor::Editor(bool linkDocument)
             enableElement(true, reg->type(), reg->subType());
         }
     }
-    connect(this, &QElementTextEditor::updated, this, [this](bool structure) { updatedSignals.append(structure); });
+    connect(this, &QElementTextEditor::updated, this,
+        [this](bool structure) { updatedSignals.append(structure); });
 }
 
 void Editor::setText(const QString& text)
@@ -152,10 +153,11 @@ void Editor::updateInternal(QList<QTextElementChange>& list)
 {
     updateCommonElements(list);
     changes.clear();
-    static const char kinds[] = {'R', 'A', 'U'};
+    static const char kinds[] = { 'R', 'A', 'U' };
     for (const QTextElementChange& change : std::as_const(list))
         changes.append(QStringLiteral("%1 %2 %3")
-                           .arg(QString(QLatin1Char(kinds[change.kind])), lineOf(change.element), kindName(change.element)));
+                           .arg(QString(QLatin1Char(kinds[change.kind])), lineOf(change.element),
+                               kindName(change.element)));
     QElementTextEditor::updateInternal(list);
 }
 
@@ -163,13 +165,17 @@ QStringList describe(const QElementTextEditor& editor)
 {
     QStringList out;
     for (const QTextElement* element = editor.head(); element; element = element->chainNext()) {
-        QString line = QStringLiteral("%1 %2/%3").arg(element->line()).arg(element->type(), 0, 16).arg(element->subType(), 0, 16);
+        QString line = QStringLiteral("%1 %2/%3")
+                           .arg(element->line())
+                           .arg(element->type(), 0, 16)
+                           .arg(element->subType(), 0, 16);
         if (element->groupType() == QGroupParam::paramGroupType) {
             auto* param = static_cast<const QGroupParam*>(element);
             line += QStringLiteral(" %1#%2 = %3 in %4")
                         .arg(param->key())
                         .arg(param->id())
-                        .arg(valueText(param->getValue()), param->group() ? lineOf(param->group()) : QStringLiteral("-"));
+                        .arg(valueText(param->getValue()),
+                            param->group() ? lineOf(param->group()) : QStringLiteral("-"));
         } else if (element->groupType() == QNameComment::commentGroupType) {
             auto* comment = static_cast<const QNameComment*>(element);
             line += QStringLiteral(" '%1' names %2").arg(comment->text(), lineOf(comment->header()));
@@ -177,7 +183,8 @@ QStringList describe(const QElementTextEditor& editor)
             auto* header = static_cast<const QGroupHeader*>(element);
             line += QStringLiteral(" named by %1").arg(lineOf(header->nameComment()));
             if (element->type() & QTextElement::paramGroupBit)
-                line += QStringLiteral(" holds [%1]").arg(lines(static_cast<const QParamGroup*>(element)->parameters()));
+                line += QStringLiteral(" holds [%1]")
+                            .arg(lines(static_cast<const QParamGroup*>(element)->parameters()));
             if (element->groupType() >= statedefType)
                 line += QStringLiteral(" '%1'").arg(static_cast<const QNamedParamGroup*>(element)->name());
         }
@@ -214,7 +221,9 @@ QString checkChain(const QElementTextEditor& editor)
     int chained = 0;
     for (const QTextElement* element = editor.head(); element; element = element->chainNext())
         ++chained;
-    return count == chained ? QString() : QStringLiteral("%1 lines with elements, %2 in the chain").arg(count).arg(chained);
+    return count == chained
+        ? QString()
+        : QStringLiteral("%1 lines with elements, %2 in the chain").arg(count).arg(chained);
 }
 
 } // namespace kit

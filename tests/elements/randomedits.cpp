@@ -43,9 +43,15 @@ TextEdit RandomEdits::next(const QTextDocument& document)
 {
     static const QString keys = QStringLiteral(" =[];,-\"\nax0D1");
     static const QStringList structure = {
-        QStringLiteral("\n"),           QStringLiteral("; a name\n"),  QStringLiteral("[State 1, x]\n"),
-        QStringLiteral("[Info]\n"),     QStringLiteral("life = 5\n"),  QStringLiteral("name = \"Q\"\n"),
-        QStringLiteral("[Statedef 9]\n"), QStringLiteral("; ------\n\n"), QStringLiteral("type = S\n"),
+        QStringLiteral("\n"),
+        QStringLiteral("; a name\n"),
+        QStringLiteral("[State 1, x]\n"),
+        QStringLiteral("[Info]\n"),
+        QStringLiteral("life = 5\n"),
+        QStringLiteral("name = \"Q\"\n"),
+        QStringLiteral("[Statedef 9]\n"),
+        QStringLiteral("; ------\n\n"),
+        QStringLiteral("type = S\n"),
     };
     const int length = document.characterCount() - 1;
     const int lines = document.blockCount();

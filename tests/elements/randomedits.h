@@ -17,8 +17,7 @@ struct TextEdit
 
     /// Applies the edit through a QTextCursor or a QElementTextCursor (whose
     /// edit calls hide those of QTextCursor, hence the template).
-    template<class Cursor>
-    void apply(Cursor& cursor) const
+    template <class Cursor> void apply(Cursor& cursor) const
     {
         cursor.setPosition(position);
         cursor.setPosition(position + removed, QTextCursor::KeepAnchor);

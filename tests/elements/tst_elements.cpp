@@ -15,22 +15,21 @@ using kit::Editor;
 
 namespace {
 
-const QString stateText = QStringLiteral(
-    "; Stand\n"
-    "\n"
-    "[Statedef 0]\n"
-    "type = S\n"
-    "life = 10\n"
-    "\n"
-    "[State 0, 1]\n"
-    "type = ChangeAnim\n"
-    "life = 20\n"
-    "life = 30\n"
-    "trigger1 = Anim != 0 && Anim != 5\n"
-    "\n"
-    "; Walk\n"
-    "[Statedef 20]\n"
-    "life = 40\n");
+const QString stateText = QStringLiteral("; Stand\n"
+                                         "\n"
+                                         "[Statedef 0]\n"
+                                         "type = S\n"
+                                         "life = 10\n"
+                                         "\n"
+                                         "[State 0, 1]\n"
+                                         "type = ChangeAnim\n"
+                                         "life = 20\n"
+                                         "life = 30\n"
+                                         "trigger1 = Anim != 0 && Anim != 5\n"
+                                         "\n"
+                                         "; Walk\n"
+                                         "[Statedef 20]\n"
+                                         "life = 40\n");
 
 QString lineText(const QElementTextEditor& editor, int line)
 {
@@ -40,13 +39,15 @@ QString lineText(const QElementTextEditor& editor, int line)
 QGroupParam* paramAt(const QElementTextEditor& editor, int line)
 {
     QTextElement* element = editor.elementAt(line);
-    return element && element->groupType() == QGroupParam::paramGroupType ? static_cast<QGroupParam*>(element) : nullptr;
+    return element && element->groupType() == QGroupParam::paramGroupType ? static_cast<QGroupParam*>(element)
+                                                                          : nullptr;
 }
 
 QParamGroup* groupAt(const QElementTextEditor& editor, int line)
 {
     QTextElement* element = editor.elementAt(line);
-    return element && (element->type() & QTextElement::paramGroupBit) ? static_cast<QParamGroup*>(element) : nullptr;
+    return element && (element->type() & QTextElement::paramGroupBit) ? static_cast<QParamGroup*>(element)
+                                                                      : nullptr;
 }
 
 /// Replaces `removed` characters at (line, column) through the editor's cursor.
@@ -108,8 +109,10 @@ void TestElements::firstCharacterRules_data()
     QTest::newRow("anything") << 1u << QStringLiteral("a[;0\x01") << QString();
     QTest::newRow("digit or minus") << 2u << QStringLiteral("09-") << QStringLiteral("a+.");
     QTest::newRow("bracket") << 0x5B03u << QStringLiteral("[") << QStringLiteral("]a{");
-    QTest::newRow("two") << ((0x42u << 16) | (0x41u << 8) | 4u) << QStringLiteral("AB") << QStringLiteral("abC");
-    QTest::newRow("three") << ((0x43u << 24) | (0x42u << 16) | (0x41u << 8) | 5u) << QStringLiteral("ABC") << QStringLiteral("abcD");
+    QTest::newRow("two") << ((0x42u << 16) | (0x41u << 8) | 4u) << QStringLiteral("AB")
+                         << QStringLiteral("abC");
+    QTest::newRow("three") << ((0x43u << 24) | (0x42u << 16) | (0x41u << 8) | 5u) << QStringLiteral("ABC")
+                           << QStringLiteral("abcD");
     QTest::newRow("letter either case") << 0x4306u << QStringLiteral("Cc") << QStringLiteral("Dd#");
     QTest::newRow("two letters either case") << 0x494C07u << QStringLiteral("LlIi") << QStringLiteral("Jj");
     QTest::newRow("three letters either case") << ((0x43u << 24) | (0x42u << 16) | (0x41u << 8) | 8u)
@@ -133,33 +136,40 @@ void TestElements::linesRecognisedByPriority_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected"); // description of line 0, empty for none
     QTest::newRow("singleton") << QStringLiteral("[Info]") << QStringLiteral("0 46/10 named by - holds []");
-    QTest::newRow("singleton any case") << QStringLiteral("[iNFO]") << QStringLiteral("0 46/10 named by - holds []");
-    QTest::newRow("two-word singleton") << QStringLiteral("[Select Info]") << QStringLiteral("0 46/1a named by - holds []");
-    QTest::newRow("singleton with more words is unknown") << QStringLiteral("[Info 2]") << QStringLiteral("0 22/0 named by -");
-    QTest::newRow("named before unknown") << QStringLiteral("[State 200, Hit]")
-                                          << QStringLiteral("0 20006/0 named by - holds [] '200, Hit'");
-    QTest::newRow("keyword is a whole word") << QStringLiteral("[Statedef 5]")
-                                             << QStringLiteral("0 10006/0 named by - holds [] '5'");
-    QTest::newRow("unclosed named is unknown") << QStringLiteral("[State 200") << QStringLiteral("0 22/0 named by -");
+    QTest::newRow("singleton any case")
+        << QStringLiteral("[iNFO]") << QStringLiteral("0 46/10 named by - holds []");
+    QTest::newRow("two-word singleton")
+        << QStringLiteral("[Select Info]") << QStringLiteral("0 46/1a named by - holds []");
+    QTest::newRow("singleton with more words is unknown")
+        << QStringLiteral("[Info 2]") << QStringLiteral("0 22/0 named by -");
+    QTest::newRow("named before unknown")
+        << QStringLiteral("[State 200, Hit]") << QStringLiteral("0 20006/0 named by - holds [] '200, Hit'");
+    QTest::newRow("keyword is a whole word")
+        << QStringLiteral("[Statedef 5]") << QStringLiteral("0 10006/0 named by - holds [] '5'");
+    QTest::newRow("unclosed named is unknown")
+        << QStringLiteral("[State 200") << QStringLiteral("0 22/0 named by -");
     QTest::newRow("any bracket line") << QStringLiteral("  [Foo bar]") << QStringLiteral("0 22/0 named by -");
-    QTest::newRow("int") << QStringLiteral("LIFE = -3 ; hurt") << QStringLiteral("0 11/3 life#2 = QVariant(int, -3) in -");
+    QTest::newRow("int") << QStringLiteral("LIFE = -3 ; hurt")
+                         << QStringLiteral("0 11/3 life#2 = QVariant(int, -3) in -");
     QTest::newRow("int with a float is nothing") << QStringLiteral("life = 3.5") << QString();
     QTest::newRow("string") << QStringLiteral("name = \"Kung Fu\"")
                             << QStringLiteral("0 11/1 name#1 = QVariant(QString, Kung Fu) in -");
     QTest::newRow("string without quotes is nothing") << QStringLiteral("name = Kung") << QString();
-    QTest::newRow("value") << QStringLiteral("type = S") << QStringLiteral("0 11/2 type#3 = QVariant(QString, S) in -");
-    QTest::newRow("float list") << QStringLiteral("velset = 2.5, -1")
-                                << QStringLiteral("0 11/6 velset#4 = QVariant(QPointF, QPointF(2.5,-1)) in -");
-    QTest::newRow("file keeps spaces") << QStringLiteral("sprite = my chars/kfm.sff ; comment")
-                                       << QStringLiteral("0 11/9 sprite#10 = QVariant(QString, my chars/kfm.sff) in -");
+    QTest::newRow("value") << QStringLiteral("type = S")
+                           << QStringLiteral("0 11/2 type#3 = QVariant(QString, S) in -");
+    QTest::newRow("float list") << QStringLiteral(
+        "velset = 2.5, -1") << QStringLiteral("0 11/6 velset#4 = QVariant(QPointF, QPointF(2.5,-1)) in -");
+    QTest::newRow("file keeps spaces")
+        << QStringLiteral("sprite = my chars/kfm.sff ; comment")
+        << QStringLiteral("0 11/9 sprite#10 = QVariant(QString, my chars/kfm.sff) in -");
     QTest::newRow("version") << QStringLiteral("mugenversion = 1.0")
                              << QStringLiteral("0 11/8 mugenversion#5 = QVariant(uint, 16777216) in -");
     QTest::newRow("unknown key is nothing") << QStringLiteral("height = 3") << QString();
     QTest::newRow("lone comment is nothing") << QStringLiteral("; just a note\nlife = 1") << QString();
-    QTest::newRow("comment above a group") << QStringLiteral("; Walk\n[Statedef 20]")
-                                           << QStringLiteral("0 9/0 'Walk' names 1");
-    QTest::newRow("ruler above a group names it too") << QStringLiteral(";------\n[Info]")
-                                                      << QStringLiteral("0 9/0 '------' names 1");
+    QTest::newRow("comment above a group")
+        << QStringLiteral("; Walk\n[Statedef 20]") << QStringLiteral("0 9/0 'Walk' names 1");
+    QTest::newRow("ruler above a group names it too")
+        << QStringLiteral(";------\n[Info]") << QStringLiteral("0 9/0 '------' names 1");
     QTest::newRow("blank") << QStringLiteral("   \t") << QString();
 }
 
@@ -170,7 +180,8 @@ void TestElements::linesRecognisedByPriority()
     Editor editor;
     editor.setText(text);
     const QStringList chain = kit::describe(editor);
-    const QString first = chain.isEmpty() || !chain.first().startsWith(QLatin1String("0 ")) ? QString() : chain.first();
+    const QString first
+        = chain.isEmpty() || !chain.first().startsWith(QLatin1String("0 ")) ? QString() : chain.first();
     QCOMPARE(first, expected);
     QCOMPARE(chain, kit::describeFresh(text));
 }
@@ -203,33 +214,38 @@ void TestElements::chainFollowsLineEdits_data()
     QTest::addColumn<QStringList>("changes");
 
     QTest::newRow("type in a value") << 4 << 8 << 0 << QStringLiteral("5")
-                                     << QStringList{QStringLiteral("U 4 param")};
+                                     << QStringList { QStringLiteral("U 4 param") };
     QTest::newRow("insert a line") << 5 << 0 << 0 << QStringLiteral("ctrl = 1\n")
-                                   << QStringList{QStringLiteral("A 5 param")};
+                                   << QStringList { QStringLiteral("A 5 param") };
     QTest::newRow("insert lines") << 3 << 0 << 0 << QStringLiteral("ctrl = 1\n\n[Info]\n")
-                                  << QStringList{QStringLiteral("R 3 param"), QStringLiteral("A 3 param"),
-                                                 QStringLiteral("A 5 header"), QStringLiteral("A 6 param")};
-    QTest::newRow("delete a line") << 4 << 0 << 10 << QString() << QStringList{QStringLiteral("R - param")};
-    QTest::newRow("delete a whole group") << 6 << 0 << 87 << QString()
-                                          << QStringList{QStringLiteral("R - header"), QStringLiteral("R - param"),
-                                                         QStringLiteral("R - param"), QStringLiteral("R - param"),
-                                                         QStringLiteral("R - param")};
+                                  << QStringList { QStringLiteral("R 3 param"), QStringLiteral("A 3 param"),
+                                         QStringLiteral("A 5 header"), QStringLiteral("A 6 param") };
+    QTest::newRow("delete a line") << 4 << 0 << 10 << QString()
+                                   << QStringList { QStringLiteral("R - param") };
+    QTest::newRow("delete a whole group")
+        << 6 << 0 << 87 << QString()
+        << QStringList { QStringLiteral("R - header"), QStringLiteral("R - param"),
+               QStringLiteral("R - param"), QStringLiteral("R - param"), QStringLiteral("R - param") };
     QTest::newRow("replace a line") << 3 << 0 << 8 << QStringLiteral("[Info]")
-                                    << QStringList{QStringLiteral("R 3 param"), QStringLiteral("A 3 header")};
+                                    << QStringList { QStringLiteral("R 3 param"),
+                                           QStringLiteral("A 3 header") };
     QTest::newRow("change a key") << 4 << 0 << 4 << QStringLiteral("ctrl")
-                                  << QStringList{QStringLiteral("R 4 param"), QStringLiteral("A 4 param")};
+                                  << QStringList { QStringLiteral("R 4 param"), QStringLiteral("A 4 param") };
     QTest::newRow("join two lines") << 3 << 8 << 1 << QString()
-                                    << QStringList{QStringLiteral("R - param"), QStringLiteral("R 3 param")};
-    QTest::newRow("delete the first line") << 0 << 0 << 8 << QString()
-                                           << QStringList{QStringLiteral("R - comment")};
-    QTest::newRow("delete the last line") << 13 << 13 << 10 << QString()
-                                          << QStringList{QStringLiteral("R - param")};
-    QTest::newRow("replace the last line") << 14 << 0 << 9 << QStringLiteral("[Info]\nname = \"A\"")
-                                           << QStringList{QStringLiteral("R 14 param"), QStringLiteral("A 14 header"),
-                                                          QStringLiteral("A 15 param")};
-    QTest::newRow("paste before the first line") << 0 << 0 << 0 << QStringLiteral("[Info]\nlife = 1\n")
-                                                 << QStringList{QStringLiteral("R 0 comment"), QStringLiteral("A 0 header"),
-                                                                QStringLiteral("A 1 param"), QStringLiteral("A 2 comment")};
+                                    << QStringList { QStringLiteral("R - param"),
+                                           QStringLiteral("R 3 param") };
+    QTest::newRow("delete the first line")
+        << 0 << 0 << 8 << QString() << QStringList { QStringLiteral("R - comment") };
+    QTest::newRow("delete the last line")
+        << 13 << 13 << 10 << QString() << QStringList { QStringLiteral("R - param") };
+    QTest::newRow("replace the last line")
+        << 14 << 0 << 9 << QStringLiteral("[Info]\nname = \"A\"")
+        << QStringList { QStringLiteral("R 14 param"), QStringLiteral("A 14 header"),
+               QStringLiteral("A 15 param") };
+    QTest::newRow("paste before the first line")
+        << 0 << 0 << 0 << QStringLiteral("[Info]\nlife = 1\n")
+        << QStringList { QStringLiteral("R 0 comment"), QStringLiteral("A 0 header"),
+               QStringLiteral("A 1 param"), QStringLiteral("A 2 comment") };
 }
 
 void TestElements::chainFollowsLineEdits()
@@ -240,7 +256,7 @@ void TestElements::chainFollowsLineEdits()
     QFETCH(QString, inserted);
     QFETCH(QStringList, changes);
 
-    for (bool linked : {true, false}) {
+    for (bool linked : { true, false }) {
         Editor editor(linked);
         editor.setText(stateText);
         editor.updateAllElements();
@@ -315,7 +331,7 @@ void TestElements::deletedKeyPromotesDuplicate()
     QCOMPARE(paramAt(editor, 9)->group(), nullptr); // a later duplicate is no member
 
     edit(editor, 8, 0, 10, QString()); // "life = 20\n"
-    QCOMPARE(kit::groupLog(), QStringList{QStringLiteral("updated 6: 8")});
+    QCOMPARE(kit::groupLog(), QStringList { QStringLiteral("updated 6: 8") });
     QCOMPARE(state->paramAsInt(kit::idLife, -1), 30);
     QCOMPARE(state->parameter(1), paramAt(editor, 8)); // in document order, after type
 
@@ -340,7 +356,8 @@ void TestElements::deletedKeyPromotesDuplicate()
     QParamGroup* stand = groupAt(editor, 2);
     QCOMPARE(stand->paramAsString(kit::idTrigger, QString()), QStringLiteral("Anim != 0 && Anim != 5"));
     QCOMPARE(stand->paramAsInt(kit::idLife, -1), 10); // the first one stays
-    QVERIFY2(kit::groupLog().contains(QStringLiteral("updated 2: 10")), qPrintable(kit::groupLog().join(QLatin1String(" | "))));
+    QVERIFY2(kit::groupLog().contains(QStringLiteral("updated 2: 10")),
+        qPrintable(kit::groupLog().join(QLatin1String(" | "))));
     QCOMPARE(kit::describe(editor), kit::describeFresh(editor.text()));
 
     // removeParam promotes the next duplicate of the group by hand, too.
@@ -368,10 +385,11 @@ void TestElements::setParamValueCases()
     QCOMPARE(state->paramAsInt(kit::idCtrl, -1), 1);
     QVERIFY(kit::groupLog().isEmpty());
 
-    state->setParamValue(kit::idLife, QStringLiteral("life"), QString()); // empty: removed, duplicate takes over
+    state->setParamValue(
+        kit::idLife, QStringLiteral("life"), QString()); // empty: removed, duplicate takes over
     QCOMPARE(lineText(editor, 8), QStringLiteral("life = 30"));
     QCOMPARE(state->paramAsInt(kit::idLife, -1), 30);
-    QCOMPARE(kit::groupLog(), QStringList{QStringLiteral("updated 6: 8")});
+    QCOMPARE(kit::groupLog(), QStringList { QStringLiteral("updated 6: 8") });
 
     const QString before = editor.text();
     const int signalsBefore = int(editor.updatedSignals.size());
@@ -427,7 +445,7 @@ void TestElements::changeGroupsAndSignals()
     edit(editor, 3, 0, 0, QStringLiteral("ctrl = 0\n"));
     QVERIFY(editor.updatedSignals.isEmpty());
     editor.endChange();
-    QCOMPARE(editor.updatedSignals, QList<bool>{true});
+    QCOMPARE(editor.updatedSignals, QList<bool> { true });
     QCOMPARE(paramAt(editor, 5)->getValue().toInt(), 11);
 
     editor.document()->undo(); // one step for the whole group
@@ -443,19 +461,19 @@ void TestElements::changeGroupsAndSignals()
     editor.endChange();
     QVERIFY(editor.updatedSignals.isEmpty());
     editor.endChange();
-    QCOMPARE(editor.updatedSignals, QList<bool>{false});
+    QCOMPARE(editor.updatedSignals, QList<bool> { false });
 
     // An empty group still reports.
     editor.updatedSignals.clear();
     editor.beginChange();
     editor.endChange();
-    QCOMPARE(editor.updatedSignals, QList<bool>{false});
+    QCOMPARE(editor.updatedSignals, QList<bool> { false });
 
     // Outside a group every edit reports by itself.
     edit(editor, 5, 7, 2, QStringLiteral("13"));
     edit(editor, 5, 0, 0, QStringLiteral("\n"));
     edit(editor, 6, 0, 0, QStringLiteral("[Info]\n"));
-    QCOMPARE(editor.updatedSignals, (QList<bool>{false, false, true, true}));
+    QCOMPARE(editor.updatedSignals, (QList<bool> { false, false, true, true }));
 }
 
 void TestElements::unlinkedEditorFollowsOnlyItsCursor()
@@ -497,7 +515,8 @@ void TestElements::groupExtentAndInsertion()
     // After a group in the middle: below its last line, the blank one.
     editor.insertAfter(info, QStringLiteral("displayname = \"b\""), false);
     QCOMPARE(lineText(editor, 3), QStringLiteral("displayname = \"b\""));
-    QCOMPARE(static_cast<QParamGroup*>(info)->paramAsString(kit::idDisplayName, QString()), QStringLiteral("b"));
+    QCOMPARE(
+        static_cast<QParamGroup*>(info)->paramAsString(kit::idDisplayName, QString()), QStringLiteral("b"));
     editor.insertAfter(nullptr, QStringLiteral("; end"), false);
     editor.insert(QStringLiteral("; end 2"));
     QCOMPARE(lineText(editor, editor.document()->blockCount() - 1), QStringLiteral("; end 2"));
@@ -528,7 +547,8 @@ void TestElements::chainWalks()
     QCOMPARE(last->previous(kit::stateType, kit::statedefType), nullptr);
     QCOMPARE(last->previous(kit::stateType, kit::statedefType | 0x1), editor.elementAt(6));
     QCOMPARE(last->previous(kit::stateType, QTextElement::stopAnyBit | kit::statedefType | 0x1), nullptr);
-    QCOMPARE(last->previous(QGroupParam::paramGroupType, QGroupParam::paramGroupType), editor.elementAt(10)); // want first
+    QCOMPARE(last->previous(QGroupParam::paramGroupType, QGroupParam::paramGroupType),
+        editor.elementAt(10)); // want first
     QCOMPARE(editor.elementAt(3)->next(QNameComment::commentGroupType), editor.elementAt(12));
     QCOMPARE(editor.elementAt(3)->nextOfKind(kit::statedefType, 0), editor.elementAt(13));
     QCOMPARE(last->previousOfKind(QGroupParam::paramGroupType, 2), editor.elementAt(7));
@@ -568,14 +588,19 @@ void TestElements::randomEditsMatchFreshChain_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<int>("edits");
-    const int scale = qEnvironmentVariableIsSet("PF_RANDOM_EDITS") ? qEnvironmentVariableIntValue("PF_RANDOM_EDITS") : 1;
-    const struct {
+    const int scale
+        = qEnvironmentVariableIsSet("PF_RANDOM_EDITS") ? qEnvironmentVariableIntValue("PF_RANDOM_EDITS") : 1;
+    const struct
+    {
         const char* path;
         int edits;
     } files[] = {
-        {"fanyer__mugen/chars/kfm/kfm.def", 400},   {"fanyer__mugen/stages/kfm.def", 500},
-        {"fanyer__mugen/data/system.def", 400},     {"fanyer__mugen/chars/kfm/kfm.cmd", 500},
-        {"fanyer__mugen/chars/kfm/kfm.cns", 300},   {"fanyer__mugen/chars/kfm/kfm.air", 150},
+        { "fanyer__mugen/chars/kfm/kfm.def", 400 },
+        { "fanyer__mugen/stages/kfm.def", 500 },
+        { "fanyer__mugen/data/system.def", 400 },
+        { "fanyer__mugen/chars/kfm/kfm.cmd", 500 },
+        { "fanyer__mugen/chars/kfm/kfm.cns", 300 },
+        { "fanyer__mugen/chars/kfm/kfm.air", 150 },
     };
     for (const auto& file : files)
         QTest::newRow(file.path) << QString::fromLatin1(file.path) << file.edits * scale;
@@ -591,7 +616,7 @@ void TestElements::randomEditsMatchFreshChain()
     const quint32 seed = qHash(file) ^ 0x5eed;
     RandomEdits random(seed, original.split(QLatin1Char('\n')));
 
-    Editor linked(true);   // follows its document, edited as a view would, with undo
+    Editor linked(true); // follows its document, edited as a view would, with undo
     Editor unlinked(false); // follows only its own cursor
     linked.setText(original);
     unlinked.setText(original);
@@ -627,9 +652,10 @@ void TestElements::randomEditsMatchFreshChain()
         if (unlinked.text() != linked.text())
             TextEdit::difference(unlinked.text(), linked.text()).apply(unlinked.cursor());
 
-        const QString where = QStringLiteral("%1, seed %2, edit %3 (%4)").arg(file).arg(seed).arg(i).arg(label);
+        const QString where
+            = QStringLiteral("%1, seed %2, edit %3 (%4)").arg(file).arg(seed).arg(i).arg(label);
         const QStringList fresh = kit::describeFresh(linked.text());
-        for (const Editor* editor : {&linked, &unlinked}) {
+        for (const Editor* editor : { &linked, &unlinked }) {
             const QString broken = kit::checkChain(*editor);
             QVERIFY2(broken.isEmpty(), qPrintable(where + QLatin1String(": ") + broken));
             const QStringList chain = kit::describe(*editor);
@@ -637,10 +663,11 @@ void TestElements::randomEditsMatchFreshChain()
                 int at = 0;
                 while (at < chain.size() && at < fresh.size() && chain.at(at) == fresh.at(at))
                     ++at;
-                QFAIL(qPrintable(QStringLiteral("%1, %2 editor: element %3 is \"%4\", a fresh read gives \"%5\"")
-                                     .arg(where, editor == &linked ? QStringLiteral("linked") : QStringLiteral("unlinked"))
-                                     .arg(at)
-                                     .arg(chain.value(at), fresh.value(at))));
+                QFAIL(qPrintable(
+                    QStringLiteral("%1, %2 editor: element %3 is \"%4\", a fresh read gives \"%5\"")
+                        .arg(where, editor == &linked ? QStringLiteral("linked") : QStringLiteral("unlinked"))
+                        .arg(at)
+                        .arg(chain.value(at), fresh.value(at))));
             }
         }
     }
