@@ -3,7 +3,6 @@
 #include "qmugentokens.h"
 #include "util/qengineversion.h"
 
-#include <QCoreApplication>
 
 void QMugenSyntaxProcessor::parseActionLine()
 {

@@ -3,7 +3,6 @@
 #include "qmugensyntaxprocessor.h"
 #include "qmugentokens.h"
 
-#include <QCoreApplication>
 
 namespace {
 
@@ -151,7 +150,8 @@ void QMugenSyntaxProcessor::parseValueExp()
         return;
     }
 
-    const QString name = m_tokenText.toLower();
+    const QString word = m_tokenText;
+    const QString name = word.toLower();
     const int column = tokenStart();
     const int length = tokenLength();
     if (parseRedirection(name))
@@ -161,7 +161,7 @@ void QMugenSyntaxProcessor::parseValueExp()
     int end = 0;
     const QSynInfo* info = findKey(m_properties->section(QStringLiteral("trigger")), name, end);
     if (!info) {
-        errorFmt(tr("Unknown trigger '%1'").arg(m_text->mid(column, length)), column, length);
+        errorFmt(tr("Unknown trigger '%1'").arg(word), column, length);
         return;
     }
     colour(column, length, m_triggerFormat);

@@ -2,7 +2,6 @@
 #include "qmugensyntaxprocessor.h"
 #include "qmugentokens.h"
 
-#include <QCoreApplication>
 
 namespace {
 

@@ -2,7 +2,6 @@
 #include "qmugensyntaxprocessor.h"
 #include "qmugentokens.h"
 
-#include <QCoreApplication>
 
 namespace {
 
@@ -125,8 +124,8 @@ bool QMugenSyntaxProcessor::match(int code, const QTextCharFormat* format)
         nextToken();
         return true;
     }
-    errorFmt(QCoreApplication::translate("QMugenSyntaxProcessor", "Unexpected token '%1'").arg(m_tokenText));
-    if (tokenCode() != tkEnd)
+    errorFmt(tr("Unexpected token '%1'").arg(m_tokenText));
+    if (!m_eot)
         nextToken();
     return false;
 }
@@ -150,17 +149,6 @@ void QMugenSyntaxProcessor::restoreLexer(const LexerState& state)
     m_tokenText = state.text;
     m_eot = state.eot;
     m_parentheses.resize(state.parentheses);
-}
-
-int QMugenSyntaxProcessor::peekToken()
-{
-    const LexerState state = saveLexer();
-    const bool inBlock = m_inBlock;
-    m_inBlock = false; // a look ahead colours nothing
-    const int code = nextToken();
-    m_inBlock = inBlock;
-    restoreLexer(state);
-    return code;
 }
 
 void QMugenSyntaxProcessor::colour(int column, int length, const QTextCharFormat& format)

@@ -1,7 +1,6 @@
 #include "qmugensyntaxprocessor.h"
 #include "qmugentokens.h"
 
-#include <QCoreApplication>
 #include <QTextDocument>
 
 namespace {

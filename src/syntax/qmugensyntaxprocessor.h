@@ -58,7 +58,6 @@ private:
     };
     LexerState saveLexer() const;
     void restoreLexer(const LexerState& state);
-    int peekToken();
     void colour(int column, int length, const QTextCharFormat& format);
     void colourToken(const QTextCharFormat& format);
     /// The raw text from the current token to a comment or the end, trimmed;

@@ -2,7 +2,6 @@
 #include "qmugensyntaxprocessor.h"
 #include "qmugentokens.h"
 
-#include <QCoreApplication>
 
 namespace {
 
@@ -193,9 +192,7 @@ void QMugenSyntaxProcessor::paramNumError(int count)
     int end = int(m_text->indexOf(QLatin1Char(';'), m_valueColumn));
     if (end < 0)
         end = int(m_text->size());
-    warningFmt(QCoreApplication::translate("QMugenSyntaxProcessor", "This parameter requires %n value(s)",
-                                           nullptr, count),
-               m_valueColumn, qMax(1, end - m_valueColumn));
+    warningFmt(tr("This parameter requires %n value(s)", nullptr, count), m_valueColumn, qMax(1, end - m_valueColumn));
     skipLine();
 }
 

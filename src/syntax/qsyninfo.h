@@ -29,7 +29,6 @@ struct QSynInfo
     QRegularExpression nameRegExp;      ///< the key's pattern for fmtRegExp
     int max = 0;                        ///< how many values "intn" takes at most
 
-    bool isKnown() const { return type != stUnknown; }
     bool isDeprecated() const { return !deprecated.isEmpty(); }
     bool hasValueRegExp() const { return valueRegExp.isValid() && !valueRegExp.pattern().isEmpty(); }
     /// True when `word` is one of the words the value pattern allows.
