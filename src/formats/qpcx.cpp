@@ -46,20 +46,117 @@ bool acceptable(const QPCXHeader& header, qsizetype dataSize)
     return decoded <= limit && pixels <= limit;
 }
 
-QImage decode(const QPCXHeader& header, const QByteArray& data)
+/// Where decoding stopped: the first byte not consumed, and whether every row was filled.
+struct DecodeEnd
 {
-    const int width = header.width();
-    const int height = header.height();
+    const uchar* in;
+    bool complete;
+};
+
+/// True when none of eight bytes is a run byte (both top bits set).
+inline bool allLiterals(quint64 group)
+{
+    return (group & (group << 1) & 0x8080808080808080ull) == 0;
+}
+
+// One plane of one byte a pixel, the layout of every SFF 1.0 sprite, decoded
+// straight into the scan lines with bounds checked once per run or per group of
+// eight literal bytes. Runs are stored 16 or 64 bytes at a time (a run is at
+// most 63) and literal groups 8 at a time, so a store may reach past the run, into the
+// line's padding or the lines below, though never past the image. That is
+// harmless because the cursor only moves forward: every byte ahead of it is
+// written again later, zeroed as padding when its line ends, or zeroed with the
+// rest of the image when the data runs out. So equal files give equal bytes.
+DecodeEnd decodeIndexed(int bytesPerLine, const uchar* in, const uchar* end, QImage& image)
+{
+    constexpr int widestStore = 64;
+    const int height = image.height();
+    const qsizetype stride = image.bytesPerLine();
+    const int shown = std::min(image.width(), bytesPerLine);
+    uchar* const last = image.bits() + image.sizeInBytes();
+    // Up to here a run byte always has its value after it.
+    const uchar* const bothBytes = end - 1;
+    uchar* line = image.bits();
+    int count = 0; // pixels of a run that crossed the end of the line above
+    uchar value = 0;
+
+    for (int row = 0; row < height; ++row, line += stride) {
+        // The columns of this line from which a store of 64 or of 8 bytes stays inside the image.
+        const qsizetype room = last - line;
+        const int runLimit = int(std::min<qsizetype>(shown, room - widestStore));
+        const int groupLimit = int(std::min<qsizetype>(bytesPerLine, room) - 8);
+        auto storeRun = [&](int column, int n) {
+            if (column < runLimit) {
+                // Most runs are short: one store of 16 covers them.
+                std::memset(line + column, value, 16);
+                if (n > 16)
+                    std::memset(line + column + 16, value, widestStore - 16);
+            } else if (column < shown) {
+                std::memset(line + column, value, size_t(std::min(column + n, shown) - column));
+            }
+        };
+
+        int column = std::min(count, bytesPerLine);
+        if (column > 0)
+            storeRun(0, column);
+        count -= column;
+        while (column < bytesPerLine && in < bothBytes) {
+            if (*in < 192) {
+                if (column < shown)
+                    line[column] = *in;
+                ++in;
+                ++column;
+                while (column <= groupLimit && end - in >= 8) {
+                    quint64 group;
+                    std::memcpy(&group, in, 8);
+                    if (!allLiterals(group))
+                        break;
+                    std::memcpy(line + column, &group, 8);
+                    in += 8;
+                    column += 8;
+                }
+                continue;
+            }
+            count = in[0] & 63;
+            value = in[1];
+            in += 2;
+            const int n = std::min(count, bytesPerLine - column);
+            storeRun(column, n);
+            column += n;
+            count -= n;
+        }
+        if (column < bytesPerLine && in < end) {
+            // The last byte of the data: a literal, or a run byte without its value.
+            if (*in < 192 && column < shown)
+                line[column] = *in;
+            column += *in < 192 ? 1 : 0;
+            ++in;
+        }
+        if (column < bytesPerLine) {
+            uchar* const reached = line + std::min(column, shown);
+            std::memset(reached, 0, size_t(last - reached));
+            return { in, false };
+        }
+        std::memset(line + shown, 0, size_t(stride - shown));
+    }
+    return { in, true };
+}
+
+// Any other plane layout: each plane of a line goes to its byte of every pixel.
+// The image is cleared first, since damaged data may leave any part unwritten.
+DecodeEnd decodePlanes(const QPCXHeader& header, const uchar* in, const uchar* end, QImage& image)
+{
+    const int width = image.width();
+    const int height = image.height();
     const int planes = header.planes;
     const int bytesPerLine = header.bytesPerLine;
-    const QImage::Format format = depthToFormat(header.depth());
-    QImage image(width, height, format);
-    if (image.isNull())
-        return image;
-    image.fill(format == QImage::Format_RGB32 ? qRgb(0, 0, 0) : 0u);
+    if (image.format() == QImage::Format_RGB32)
+        image.fill(qRgb(0, 0, 0));
+    else
+        std::memset(image.bits(), 0, size_t(image.sizeInBytes()));
 
     const int step = planes == 3 ? 4 : planes;
-    const int pixelBytes = format == QImage::Format_Indexed8 ? 1 : 4;
+    const int pixelBytes = image.format() == QImage::Format_Indexed8 ? 1 : 4;
     // How many columns of a plane fit in a row of the image: a plane layout the
     // format does not expect (8 planes of 1 bit, say) must still stay inside.
     auto columnsOf = [&](int plane) {
@@ -68,16 +165,13 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
         return offset >= rowBytes ? 0 : std::min(width, (rowBytes - offset + step - 1) / step);
     };
 
-    const auto* in = reinterpret_cast<const uchar*>(data.constData()) + QPCXHeader::size;
-    const auto* end = reinterpret_cast<const uchar*>(data.constData()) + data.size();
     int row = 0;
     int plane = 0;
     int column = 0;
     int visible = columnsOf(0);
     uchar* place = image.scanLine(0) + planeByte(0, planes);
-    bool complete = false;
 
-    while (!complete && in < end) {
+    while (in < end) {
         uchar value = *in++;
         int count = 1;
         if (value > 191) {
@@ -89,15 +183,9 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
         while (count > 0) {
             const int n = std::min(count, bytesPerLine - column);
             const int shown = std::min(column + n, visible) - column;
-            if (shown > 0) {
-                if (step == 1) {
-                    std::memset(place + column, value, size_t(shown));
-                } else {
-                    uchar* at = place + qsizetype(column) * step;
-                    for (int i = 0; i < shown; ++i, at += step)
-                        *at = value;
-                }
-            }
+            uchar* at = place + qsizetype(column) * step;
+            for (int i = 0; i < shown; ++i, at += step)
+                *at = value;
             column += n;
             count -= n;
             if (column < bytesPerLine)
@@ -105,27 +193,41 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
             column = 0;
             if (++plane == planes) {
                 plane = 0;
-                if (++row == height) {
-                    complete = true;
-                    break;
-                }
+                if (++row == height)
+                    return { in, true };
             }
             visible = columnsOf(plane);
             place = image.scanLine(row) + planeByte(plane, planes);
         }
     }
+    return { in, false };
+}
 
+QImage decode(const QPCXHeader& header, const QByteArray& data)
+{
+    const QImage::Format format = depthToFormat(header.depth());
+    QImage image(header.width(), header.height(), format);
+    if (image.isNull())
+        return image;
+    const auto* begin = reinterpret_cast<const uchar*>(data.constData());
+    const auto* end = begin + data.size();
+    const auto* pixels = begin + QPCXHeader::size;
+    const DecodeEnd stop = format == QImage::Format_Indexed8 && header.planes == 1
+        ? decodeIndexed(header.bytesPerLine, pixels, end, image)
+        : decodePlanes(header, pixels, end, image);
+
+    const uchar* in = stop.in;
     if (header.depth() == 8 && in < end) {
         int marker = paletteMarker;
-        if (complete)
-            in = reinterpret_cast<const uchar*>(data.constData())
-                + std::max<qsizetype>(0, data.size() - paletteBytes);
+        if (stop.complete)
+            in = begin + std::max<qsizetype>(0, data.size() - paletteBytes);
         else
             marker = *in++;
         if (marker == paletteMarker && in < end) {
             QVector<QRgb> colours(256, qRgb(0, 0, 0));
+            QRgb* colour = colours.data();
             for (int i = 0; i < 256 && end - in >= 3; ++i, in += 3)
-                colours[i] = qRgb(in[0], in[1], in[2]);
+                colour[i] = qRgb(in[0], in[1], in[2]);
             image.setColorTable(colours);
         }
     }

@@ -3,6 +3,11 @@
 #include <QtEndian>
 #include <cstring>
 
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+#include <immintrin.h>
+#define PF_CRC64_CLMUL 1
+#endif
+
 namespace {
 
 constexpr quint64 polynomial = 0x95AC9329AC4BC9B5ull;
@@ -104,9 +109,100 @@ quint64 shift(const Crc64Tables& t, quint64 crc, quint32 length)
     return crc;
 }
 
+#ifdef PF_CRC64_CLMUL
+
+/// x^n modulo the polynomial, in the register's bit order.
+quint64 xPower(const Crc64Tables& t, quint32 n)
+{
+    quint64 result = quint64(1) << 63; // x^0
+    for (int k = 0; n != 0; n >>= 1, ++k)
+        if (n & 1)
+            result = multiply(t.power[k], result);
+    return result;
+}
+
+/// Inputs at least this long go through carry-less multiplication where the processor has it.
+constexpr quint32 clmulLength = 64;
+
+/**
+ * Folding by carry-less multiplication. Sixteen input bytes loaded little-endian
+ * are a polynomial of degree below 128 whose bit k is the coefficient of
+ * x^(127-k), the register's own order widened to 128 bits; the low half holds
+ * the higher degrees. A carry-less product of two 64-bit values in this order
+ * comes out multiplied by x, so the constants are x^(n-1) for a move by x^n.
+ * Moving a block 16 bytes on is lo * x^192 + hi * x^128, two products whose sum
+ * stays below degree 128 and is XORed onto the next block. Four blocks are
+ * folded side by side, 64 bytes apart, since each product waits several cycles.
+ */
+struct ClmulConstants
+{
+    __m128i by16; ///< x^191 and x^127: a block moved on by 16 bytes
+    __m128i by64; ///< x^575 and x^511: a block moved on by 64 bytes
+
+    explicit ClmulConstants(const Crc64Tables& t)
+        : by16(_mm_set_epi64x(qint64(xPower(t, 127)), qint64(xPower(t, 191))))
+        , by64(_mm_set_epi64x(qint64(xPower(t, 511)), qint64(xPower(t, 575))))
+    {
+    }
+};
+
+__attribute__((target("pclmul,sse2"))) inline __m128i fold(__m128i block, __m128i constants)
+{
+    return _mm_xor_si128(
+        _mm_clmulepi64_si128(block, constants, 0x00), _mm_clmulepi64_si128(block, constants, 0x11));
+}
+
+__attribute__((target("pclmul,sse2"))) quint64 clmulCrc(const Crc64Tables& t, const uchar* p, quint32 length)
+{
+    static const ClmulConstants k(t);
+    auto load = [](const uchar* at) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(at)); };
+
+    // The initial register goes onto the first eight bytes, as in the table loop.
+    __m128i a = _mm_xor_si128(load(p), _mm_set_epi64x(0, -1));
+    __m128i b = load(p + 16);
+    __m128i c = load(p + 32);
+    __m128i d = load(p + 48);
+    p += 64;
+    length -= 64;
+    for (; length >= 64; length -= 64, p += 64) {
+        a = _mm_xor_si128(fold(a, k.by64), load(p));
+        b = _mm_xor_si128(fold(b, k.by64), load(p + 16));
+        c = _mm_xor_si128(fold(c, k.by64), load(p + 32));
+        d = _mm_xor_si128(fold(d, k.by64), load(p + 48));
+    }
+    __m128i x = _mm_xor_si128(fold(a, k.by16), b);
+    x = _mm_xor_si128(fold(x, k.by16), c);
+    x = _mm_xor_si128(fold(x, k.by16), d);
+    for (; length >= 16; length -= 16, p += 16)
+        x = _mm_xor_si128(fold(x, k.by16), load(p));
+
+    // What is left of the folding is a message of sixteen bytes whose CRC from a
+    // zero register is the CRC so far; the last bytes follow it as usual.
+    uchar rest[16];
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(rest), x);
+    return update(t, update(t, 0, rest, 16), p, length);
+}
+
+bool hasClmul()
+{
+    static const bool has = __builtin_cpu_supports("pclmul");
+    return has;
+}
+
+#endif
+
 } // namespace
 
 quint64 crc64(const char* data, quint32 length)
+{
+#ifdef PF_CRC64_CLMUL
+    if (length >= clmulLength && hasClmul())
+        return clmulCrc(tables(), reinterpret_cast<const uchar*>(data), length);
+#endif
+    return crc64Portable(data, length);
+}
+
+quint64 crc64Portable(const char* data, quint32 length)
 {
     const Crc64Tables& t = tables();
     const uchar* p = reinterpret_cast<const uchar*>(data);

@@ -8,11 +8,19 @@
  * polynomial 0x95AC9329AC4BC9B5, started at all ones, with no final inversion.
  * An empty input gives 0xFFFFFFFFFFFFFFFF. The stream cache stores it beside
  * each payload and compares it before comparing bytes, so it must be fast:
- * the tables are built on first use, the input is taken sixteen bytes at a
- * time, and inputs of a few kilobytes or more as three interleaved parts.
- * Not thread-safe on first use, like the rest of the cache.
+ * where the processor has carry-less multiplication (PCLMULQDQ), inputs of 64
+ * bytes or more are folded 64 bytes at a time; otherwise tables built on first
+ * use take the input sixteen bytes at a time, and inputs of a few kilobytes or
+ * more as three interleaved parts. Not thread-safe on first use, like the rest
+ * of the cache.
  */
 quint64 crc64(const char* data, quint32 length);
+
+/**
+ * The same values from the tables alone, which crc64 falls back to where the
+ * processor has no carry-less multiplication (and uses for short inputs).
+ */
+quint64 crc64Portable(const char* data, quint32 length);
 
 /// crc64 of a whole byte array.
 inline quint64 crc64(const QByteArray& data)

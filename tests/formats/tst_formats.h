@@ -16,6 +16,7 @@ private slots:
     void pcxRunBoundaries();
     void pcxRefusedHeaders();
     void pcxDamagedData();
+    void pcxDefinedBytes();
     void pcxPaletteTrailer();
     void imageFilesBySuffix();
     void rawRows();

@@ -265,6 +265,45 @@ void TestFormats::pcxDamagedData()
     QCOMPARE(loadPCX(alpha).pixel(0, 0), qRgba(1, 2, 3, 4));
 }
 
+void TestFormats::pcxDefinedBytes()
+{
+    // The cache hashes and compares whole scan lines, padding included, so two
+    // decodes of one file must give the same bytes even when the heap hands
+    // back memory that held something else.
+    auto dirtyHeap = [](const QImage& like) {
+        QImage dirt(like.size(), like.format());
+        std::memset(dirt.bits(), 0xA5, size_t(dirt.sizeInBytes()));
+    };
+    auto bytes = [](const QImage& image) {
+        return QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+    };
+    const QByteArray odd = encode(randomImage(37, 11, QImage::Format_Indexed8, false));
+    QByteArray wideLines = headerBytes(header(5, 3, 1, 8));
+    for (int y = 0; y < 3; ++y)
+        wideLines += QByteArray("\x01\x02\x03\xC3\x04\xC2\xD0", 7);
+    const QList<QByteArray> cases = {
+        odd,
+        odd.left(QPCXHeader::size + 150), // cut short
+        wideLines, // lines longer than the image: their tails are dropped
+        headerBytes(header(3, 4, 1, 3)) + QByteArray("\xFF\x07", 2), // one run over every line
+    };
+    for (const QByteArray& data : cases) {
+        const QImage first = loadPCX(data);
+        QVERIFY(!first.isNull());
+        dirtyHeap(first);
+        const QImage second = loadPCX(data);
+        QCOMPARE(bytes(second), bytes(first));
+        for (int y = 0; y < first.height(); ++y)
+            for (qsizetype x = first.width(); x < first.bytesPerLine(); ++x)
+                QCOMPARE(first.constScanLine(y)[x], uchar(0));
+    }
+    const QImage wide = loadPCX(wideLines);
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(wide.constScanLine(2)), 5),
+        QByteArray("\x01\x02\x03\x04\x04", 5));
+    const QImage run = loadPCX(cases.last());
+    QCOMPARE(run.constScanLine(3)[2], uchar(7));
+}
+
 void TestFormats::pcxPaletteTrailer()
 {
     QImage image = randomImage(16, 4, QImage::Format_Indexed8, false);
