@@ -1,3 +1,4 @@
+#include "clirunner.h"
 #include "projectkit.h"
 #include "realdata.h"
 #include "tst_project.h"
@@ -5,31 +6,10 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-
-struct CliResult
-{
-    int exitCode = -1;
-    QJsonObject json;
-    QByteArray text;
-};
-
-CliResult runCli(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(qEnvironmentVariable("PF_BIN_DIR") + QStringLiteral("/pugilforge-cli"), arguments);
-    CliResult result;
-    if (!process.waitForFinished(120000))
-        return result;
-    result.exitCode = process.exitCode();
-    result.text = process.readAllStandardOutput();
-    result.json = QJsonDocument::fromJson(result.text).object();
-    return result;
-}
 
 QJsonObject fileEntry(const QJsonObject& info, const QString& name)
 {
@@ -48,21 +28,21 @@ void TestProject::infoCommandDescribesProject()
     const QString def = realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def");
     const CliResult info = runCli({QStringLiteral("--json"), QStringLiteral("info"), def});
     QCOMPARE(info.exitCode, 0);
-    QCOMPARE(info.json.value(QStringLiteral("type")).toString(), QStringLiteral("character"));
-    QCOMPARE(info.json.value(QStringLiteral("name")).toString(), QStringLiteral("Kung Fu Man"));
-    QCOMPARE(info.json.value(QStringLiteral("engine")).toString(), QStringLiteral("1.0"));
-    QCOMPARE(info.json.value(QStringLiteral("localcoord")).toArray(), (QJsonArray{320, 240}));
-    QCOMPARE(info.json.value(QStringLiteral("files")).toArray().size(), 6);
-    QVERIFY(fileEntry(info.json, QStringLiteral("kfm.sff")).value(QStringLiteral("exists")).toBool());
-    QCOMPARE(fileEntry(info.json, QStringLiteral("kfm.cns")).value(QStringLiteral("role")).toString(),
+    QCOMPARE(info.json().value(QStringLiteral("type")).toString(), QStringLiteral("character"));
+    QCOMPARE(info.json().value(QStringLiteral("name")).toString(), QStringLiteral("Kung Fu Man"));
+    QCOMPARE(info.json().value(QStringLiteral("engine")).toString(), QStringLiteral("1.0"));
+    QCOMPARE(info.json().value(QStringLiteral("localcoord")).toArray(), (QJsonArray{320, 240}));
+    QCOMPARE(info.json().value(QStringLiteral("files")).toArray().size(), 6);
+    QVERIFY(fileEntry(info.json(), QStringLiteral("kfm.sff")).value(QStringLiteral("exists")).toBool());
+    QCOMPARE(fileEntry(info.json(), QStringLiteral("kfm.cns")).value(QStringLiteral("role")).toString(),
              QStringLiteral("states"));
-    QVERIFY(!fileEntry(info.json, QStringLiteral("common1.cns")).value(QStringLiteral("exists")).toBool());
+    QVERIFY(!fileEntry(info.json(), QStringLiteral("common1.cns")).value(QStringLiteral("exists")).toBool());
 
     const CliResult text = runCli({QStringLiteral("info"), realDataDir() + QStringLiteral("/fanyer__mugen/stages/kfm.def")});
     QCOMPARE(text.exitCode, 0);
-    QVERIFY(text.text.contains("type: Stage\n"));
-    QVERIFY(text.text.contains("name: Mountainside Temple\n"));
-    QVERIFY(text.text.contains("sprites: kfm.sff -> "));
+    QVERIFY(text.out.contains("type: Stage\n"));
+    QVERIFY(text.out.contains("name: Mountainside Temple\n"));
+    QVERIFY(text.out.contains("sprites: kfm.sff -> "));
 
     QTemporaryDir dir;
     QCOMPARE(runCli({QStringLiteral("info"), dir.filePath(QStringLiteral("none.def"))}).exitCode, 1);
@@ -81,10 +61,10 @@ void TestProject::checkCommandChecksProjectAndNames()
 
     const CliResult check = runCli({QStringLiteral("--json"), QStringLiteral("check"), dir.filePath(QStringLiteral("Hero.def"))});
     QCOMPARE(check.exitCode, 3); // BackEdge is a trigger of the engine's 1.1, the DEF says 1.0
-    QCOMPARE(check.json.value(QStringLiteral("engine")).toString(), QStringLiteral("1.0"));
-    QCOMPARE(check.json.value(QStringLiteral("files")).toArray().size(), 3);
+    QCOMPARE(check.json().value(QStringLiteral("engine")).toString(), QStringLiteral("1.0"));
+    QCOMPARE(check.json().value(QStringLiteral("files")).toArray().size(), 3);
     QStringList found;
-    for (const QJsonValue& value : check.json.value(QStringLiteral("messages")).toArray()) {
+    for (const QJsonValue& value : check.json().value(QStringLiteral("messages")).toArray()) {
         const QJsonObject msg = value.toObject();
         found << QStringLiteral("%1:%2:%3")
                      .arg(QFileInfo(msg.value(QStringLiteral("file")).toString()).fileName())
@@ -100,6 +80,6 @@ void TestProject::checkCommandChecksProjectAndNames()
     const CliResult later = runCli({QStringLiteral("check"), dir.filePath(QStringLiteral("Hero.def")),
                                     QStringLiteral("--engine"), QStringLiteral("1.1")});
     QCOMPARE(later.exitCode, 0);
-    QVERIFY(later.text.contains("letter case"));
-    QVERIFY(later.text.contains("0 error(s), 2 warning(s)"));
+    QVERIFY(later.out.contains("letter case"));
+    QVERIFY(later.out.contains("0 error(s), 2 warning(s)"));
 }

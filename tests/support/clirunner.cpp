@@ -1,5 +1,6 @@
 #include "clirunner.h"
 
+#include <QJsonDocument>
 #include <QProcess>
 
 int CliResult::faultLines() const
@@ -8,6 +9,11 @@ int CliResult::faultLines() const
     for (const QByteArray& line : err.split('\n'))
         count += line.startsWith("pugilforge-cli: ") ? 1 : 0;
     return count;
+}
+
+QJsonObject CliResult::json() const
+{
+    return QJsonDocument::fromJson(out).object();
 }
 
 CliResult runCli(const QStringList& arguments)

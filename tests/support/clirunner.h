@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QStringList>
 
 /// What one run of pugilforge-cli printed and returned.
@@ -12,6 +13,8 @@ struct CliResult
 
     /// The lines of standard error that the tool itself wrote as faults.
     int faultLines() const;
+    /// Standard output read as a JSON object (empty when it is not one).
+    QJsonObject json() const;
 };
 
 /// Runs the command-line tool of this build (PF_BIN_DIR) and waits for it.
