@@ -1,0 +1,113 @@
+#include "qimagefiles.h"
+
+#include "qpcx.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <cstring>
+
+QImage::Format depthToFormat(int depth)
+{
+    switch (depth) {
+    case 5:
+    case 8:
+        return QImage::Format_Indexed8;
+    case 24:
+        return QImage::Format_RGB32;
+    case 32:
+        return QImage::Format_ARGB32;
+    default:
+        return QImage::Format_Invalid;
+    }
+}
+
+int formatToDepth(QImage::Format format)
+{
+    switch (format) {
+    case QImage::Format_Indexed8:
+        return 8;
+    case QImage::Format_RGB32:
+        return 24;
+    case QImage::Format_ARGB32:
+        return 32;
+    default:
+        return 0;
+    }
+}
+
+static bool isPcxName(const QString& path)
+{
+    return QFileInfo(path).suffix().compare(QLatin1String("pcx"), Qt::CaseInsensitive) == 0;
+}
+
+QImage loadImage(const QString& path)
+{
+    if (!isPcxName(path))
+        return QImage(path);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QImage();
+    return loadPCX(file.readAll());
+}
+
+bool saveImage(const QString& path, const QImage& image)
+{
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    const bool written = isPcxName(path) ? savePCX(image, &file)
+                                         : image.save(&file, QFileInfo(path).suffix().toLatin1().constData());
+    if (!written) {
+        file.cancelWriting();
+        return false;
+    }
+    return file.commit();
+}
+
+QImage loadPNG(const QByteArray& data)
+{
+    return QImage::fromData(data, "PNG");
+}
+
+QByteArray savePNG(const QImage& image)
+{
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, "PNG"))
+        return QByteArray();
+    return data;
+}
+
+QImage loadRAW(unsigned short width, unsigned short height, QImage::Format format, const QByteArray& data)
+{
+    const int depth = formatToDepth(format);
+    if (depth == 0 || width == 0 || height == 0)
+        return QImage();
+    QImage image(width, height, format);
+    if (image.isNull())
+        return image;
+    image.fill(format == QImage::Format_RGB32 ? qRgb(0, 0, 0) : 0u);
+    const int rowBytes = depth * width / 8;
+    const auto* source = reinterpret_cast<const uchar*>(data.constData());
+    for (int y = 0; y < height; ++y) {
+        const qsizetype start = qsizetype(y) * rowBytes;
+        if (start >= data.size())
+            break;
+        const int available = int(qMin<qsizetype>(rowBytes, data.size() - start));
+        uchar* line = image.scanLine(y);
+        if (format != QImage::Format_RGB32) {
+            std::memcpy(line, source + start, size_t(available));
+            continue;
+        }
+        // Rows hold three bytes a pixel, blue, green, red, as the 32-bit pixel's low bytes.
+        auto* pixels = reinterpret_cast<QRgb*>(line);
+        const uchar* in = source + start;
+        for (int x = 0; x < available / 3; ++x, in += 3)
+            pixels[x] = qRgb(in[2], in[1], in[0]);
+    }
+    return image;
+}

@@ -1,0 +1,125 @@
+#include "qrgbpalette.h"
+
+#include "qabstractpalette.h"
+#include "qimagefiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <climits>
+#include <cstring>
+
+QRGBPalette::QRGBPalette(QObject* parent) : QObject(parent) {}
+
+bool QRGBPalette::fromFile(const QString& path)
+{
+    if (!m_palette)
+        return false;
+    emit changing();
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix == QLatin1String("png") || suffix == QLatin1String("pcx") || suffix == QLatin1String("bmp")) {
+        const QImage image = loadImage(path);
+        if (image.format() != QImage::Format_Indexed8)
+            return false;
+        getRGBPal(image.colorTable(), *m_palette);
+    } else {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        const std::unique_ptr<QAbstractPalette> reader = QAbstractPalette::forFile(suffix, file.peek(4));
+        std::memset(static_cast<void*>(*m_palette), 0, sizeof *m_palette);
+        reader->fromFile(&file, m_palette);
+    }
+    (*m_palette)[0].a = 0;
+    emit changed();
+    return true;
+}
+
+bool QRGBPalette::toFile(const QString& path)
+{
+    if (!m_palette)
+        return false;
+    QRGBA copy[256];
+    std::memcpy(static_cast<void*>(copy), *m_palette, sizeof copy);
+    invertPalette(&copy);
+    QRGB triples[256];
+    for (int i = 0; i < 256; ++i)
+        triples[i] = copy[i].toRGB();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return false;
+    if (file.write(reinterpret_cast<const char*>(triples), sizeof triples) != qint64(sizeof triples)) {
+        file.cancelWriting();
+        return false;
+    }
+    return file.commit();
+}
+
+int QRGBPalette::index(const QRGBA& colour) const
+{
+    if (!m_palette)
+        return 0;
+    int best = 0;
+    int bestDistance = INT_MAX;
+    uchar bestAlpha = 255;
+    for (int i = 0; i < 256; ++i) {
+        const QRGBA& entry = (*m_palette)[i];
+        const int dr = int(entry.r) - colour.r;
+        const int dg = int(entry.g) - colour.g;
+        const int db = int(entry.b) - colour.b;
+        const int distance = dr * dr + dg * dg + db * db;
+        const int alpha = int(entry.a) - colour.a;
+        if (distance < bestDistance || (distance == bestDistance && alpha < int(bestAlpha))) {
+            best = i;
+            bestDistance = distance;
+            bestAlpha = uchar(alpha);
+        }
+    }
+    return best;
+}
+
+void QRGBPalette::fromPalette(const QRGBA* source)
+{
+    if (!m_palette || !source)
+        return;
+    emit changing();
+    std::memcpy(static_cast<void*>(*m_palette), source, sizeof *m_palette);
+    emit changed();
+}
+
+void QRGBPalette::toPalette(QRGBA (&target)[256]) const
+{
+    if (m_palette)
+        std::memcpy(static_cast<void*>(target), *m_palette, sizeof target);
+}
+
+void getRGBPal(const QVector<QRgb>& colours, QRGBA (&palette)[256])
+{
+    const int count = int(std::min<qsizetype>(colours.size(), 256));
+    for (int i = 0; i < count; ++i)
+        palette[i] = QRGBA::fromQRgb(colours.at(i));
+}
+
+void getRgbPal(const QRGBA (*palette)[256], QVector<QRgb>& colours)
+{
+    colours.reserve(colours.size() + 256);
+    for (int i = 0; i < 256; ++i)
+        colours.append(palette ? (*palette)[i].toQRgb() : 0u);
+}
+
+void invertPalette(QRGBA (*palette)[256])
+{
+    if (palette)
+        std::reverse(*palette, *palette + 256);
+}
+
+int getPaletteColorCount(const QRGBA* palette)
+{
+    for (int i = 254; i > 0; --i)
+        if (palette[i] != palette[255])
+            return i;
+    return 0;
+}

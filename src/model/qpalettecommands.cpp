@@ -1,0 +1,108 @@
+#include "qpalettecommands.h"
+
+#include "model/qsprites.h"
+
+#include <algorithm>
+
+void PaletteUndoColors::hold(const QRGBA* colors)
+{
+    m_present = colors != nullptr;
+    if (m_present)
+        std::copy(colors, colors + 256, m_colors.begin());
+}
+
+PaletteListCommand::PaletteListCommand(QSprites* sprites, int position)
+    : SpriteUndoCommand(sprites)
+    , m_position(position)
+{
+}
+
+void PaletteListCommand::capture()
+{
+    const QSpritePalette* palette = m_sprites->paletteAt(m_position);
+    m_colors.hold(palette->colors());
+    m_group = palette->itemGroup();
+    m_index = palette->itemIndex();
+    m_count = palette->colorCount();
+    m_sharer = m_sprites->paletteSharer(m_position);
+}
+
+void PaletteListCommand::takeOut()
+{
+    capture();
+    m_sprites->deletePalette(m_position);
+}
+
+void PaletteListCommand::putBack()
+{
+    QSpritePalette* palette = m_sprites->insertPaletteObject(m_position);
+    palette->setSubItem(QSubItem(m_group, m_index));
+    palette->setColorCount(m_count);
+    m_sprites->restoreColors(m_position, m_colors.colors(), m_sharer);
+}
+
+PaletteRemove::PaletteRemove(QSprites* sprites, int position)
+    : PaletteListCommand(sprites, position)
+{
+    capture();
+}
+
+PaletteMove::PaletteMove(QSprites* sprites, int from, int to)
+    : SpriteUndoCommand(sprites)
+    , m_from(from)
+    , m_to(to)
+{
+}
+
+void PaletteMove::doRedo()
+{
+    m_sprites->movePaletteObject(m_from, m_to);
+}
+
+void PaletteMove::doUndo()
+{
+    m_sprites->movePaletteObject(m_to, m_from);
+}
+
+PaletteChangeInfo::PaletteChangeInfo(QSprites* sprites, int position)
+    : SpriteUndoCommand(sprites)
+    , m_position(position)
+    , m_group(sprites->paletteAt(position)->itemGroup())
+    , m_index(sprites->paletteAt(position)->itemIndex())
+    , m_count(sprites->paletteAt(position)->colorCount())
+{
+}
+
+void PaletteChangeInfo::swap()
+{
+    QSpritePalette* palette = m_sprites->paletteAt(m_position);
+    const QSubItem present = palette->subItem();
+    const quint16 presentCount = palette->colorCount();
+    palette->setSubItem(QSubItem(m_group, m_index));
+    palette->setColorCount(m_count);
+    m_group = present.group;
+    m_index = present.index;
+    m_count = presentCount;
+}
+
+PaletteChangeColors::PaletteChangeColors(QSprites* sprites, int position)
+    : SpriteUndoCommand(sprites)
+    , m_position(position)
+    , m_sharer(sprites->paletteSharer(position))
+{
+    m_colors.hold(sprites->paletteAt(position)->colors());
+}
+
+void PaletteChangeColors::swap()
+{
+    QSpritePalette* palette = m_sprites->paletteAt(m_position);
+    PaletteUndoColors present;
+    present.hold(palette->colors());
+    const int sharer = m_sprites->paletteSharer(m_position);
+    if (m_inPlace)
+        palette->storeColors(m_colors.colors());
+    else
+        m_sprites->restoreColors(m_position, m_colors.colors(), m_sharer);
+    m_colors = present;
+    m_sharer = sharer;
+}

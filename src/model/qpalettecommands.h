@@ -1,0 +1,124 @@
+#pragma once
+
+// The undo commands of palette edits; see qspritecommands.h for the rules
+// they share.
+
+#include "formats/qrgba.h"
+#include "model/qspriteundocommand.h"
+
+#include <array>
+
+/// 256 colours as an undo command keeps them; empty for a palette without data.
+class PaletteUndoColors
+{
+public:
+    void hold(const QRGBA* colors);
+    const QRGBA* colors() const { return m_present ? m_colors.data() : nullptr; }
+
+private:
+    std::array<QRGBA, 256> m_colors;
+    bool m_present = false;
+};
+
+/**
+ * A whole palette taken out of the list or put back: colours, group,
+ * index, count, and the palette it shared its table with. The sprites that
+ * used it are restored by their own commands.
+ */
+class PaletteListCommand : public SpriteUndoCommand
+{
+public:
+    PaletteListCommand(QSprites* sprites, int position);
+
+protected:
+    void capture();
+    void takeOut();
+    void putBack();
+
+private:
+    int m_position;
+    PaletteUndoColors m_colors;
+    qint32 m_group = 0;
+    qint32 m_index = 0;
+    quint16 m_count = 0;
+    int m_sharer = -1;
+};
+
+/// A palette inserted at a position; make it after the insertion.
+class PaletteInsert : public PaletteListCommand
+{
+public:
+    using PaletteListCommand::PaletteListCommand;
+
+protected:
+    void doRedo() override { putBack(); }
+    void doUndo() override { takeOut(); }
+};
+
+/// A palette removed; make it before the removal, which it records.
+class PaletteRemove : public PaletteListCommand
+{
+public:
+    PaletteRemove(QSprites* sprites, int position);
+
+protected:
+    void doRedo() override { takeOut(); }
+    void doUndo() override { putBack(); }
+};
+
+class PaletteMove : public SpriteUndoCommand
+{
+public:
+    PaletteMove(QSprites* sprites, int from, int to);
+
+protected:
+    void doRedo() override;
+    void doUndo() override;
+
+private:
+    int m_from;
+    int m_to;
+};
+
+/// Group, index and colour count of one palette, swapped on each replay.
+class PaletteChangeInfo : public SpriteUndoCommand
+{
+public:
+    PaletteChangeInfo(QSprites* sprites, int position);
+
+protected:
+    void doRedo() override { swap(); }
+    void doUndo() override { swap(); }
+
+private:
+    void swap();
+
+    int m_position;
+    qint32 m_group;
+    qint32 m_index;
+    quint16 m_count;
+};
+
+/**
+ * The colours of one palette, swapped on each replay: on the shared table
+ * for a change that rewrote it for all sharers (setInPlace), otherwise on
+ * this palette alone, rejoining the palette it shared with before.
+ */
+class PaletteChangeColors : public SpriteUndoCommand
+{
+public:
+    PaletteChangeColors(QSprites* sprites, int position);
+    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
+
+protected:
+    void doRedo() override { swap(); }
+    void doUndo() override { swap(); }
+
+private:
+    void swap();
+
+    int m_position;
+    PaletteUndoColors m_colors;
+    int m_sharer = -1;
+    bool m_inPlace = false;
+};

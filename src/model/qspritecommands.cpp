@@ -1,0 +1,90 @@
+#include "qspritecommands.h"
+
+#include "model/qsprites.h"
+
+SpriteListCommand::SpriteListCommand(QSprites* sprites, int position)
+    : SpriteUndoCommand(sprites)
+    , m_position(position)
+{
+}
+
+void SpriteListCommand::capture()
+{
+    const QSprite* sprite = m_sprites->at(m_position);
+    m_properties = sprite->properties();
+    m_image.hold(sprite->image());
+    m_sharer = m_sprites->imageSharer(m_position);
+}
+
+void SpriteListCommand::takeOut()
+{
+    capture();
+    m_sprites->deleteSprite(m_position);
+}
+
+void SpriteListCommand::putBack()
+{
+    QSprite* sprite = m_sprites->insertSprite(m_position);
+    sprite->setProperties(m_properties);
+    m_sprites->restoreImage(m_position, m_image.image(), m_sharer);
+    m_image.hold(QImage());
+}
+
+SpriteRemove::SpriteRemove(QSprites* sprites, int position)
+    : SpriteListCommand(sprites, position)
+{
+    capture();
+}
+
+SpriteMove::SpriteMove(QSprites* sprites, int from, int to)
+    : SpriteUndoCommand(sprites)
+    , m_from(from)
+    , m_to(to)
+{
+}
+
+void SpriteMove::doRedo()
+{
+    m_sprites->moveSprite(m_from, m_to);
+}
+
+void SpriteMove::doUndo()
+{
+    m_sprites->moveSprite(m_to, m_from);
+}
+
+SpriteChangeInfo::SpriteChangeInfo(QSprites* sprites, int position)
+    : SpriteUndoCommand(sprites)
+    , m_position(position)
+    , m_properties(sprites->at(position)->properties())
+{
+}
+
+void SpriteChangeInfo::swap()
+{
+    QSprite* sprite = m_sprites->at(m_position);
+    const QSpriteProperties present = sprite->properties();
+    sprite->setProperties(m_properties);
+    m_properties = present;
+}
+
+SpriteChangeImage::SpriteChangeImage(QSprites* sprites, int position)
+    : SpriteUndoCommand(sprites)
+    , m_position(position)
+    , m_sharer(sprites->imageSharer(position))
+{
+    m_image.hold(sprites->at(position)->image());
+}
+
+void SpriteChangeImage::swap()
+{
+    QSprite* sprite = m_sprites->at(m_position);
+    const QImage held = m_image.image();
+    m_image.hold(sprite->image());
+    const int sharer = m_sprites->imageSharer(m_position);
+    if (m_inPlace)
+        sprite->storeImage(held);
+    else
+        m_sprites->restoreImage(m_position, held, m_sharer);
+    m_sharer = sharer;
+}

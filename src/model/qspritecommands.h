@@ -1,0 +1,109 @@
+#pragma once
+
+// The undo commands of sprite edits. Each is made before its change and
+// captures what the change will replace; positions stay valid because the
+// undo stack replays changes strictly in reverse order.
+
+#include "model/qspriteundocommand.h"
+#include "model/qspritetypes.h"
+
+/**
+ * A whole sprite taken out of the list or put back: its properties, its
+ * pixels in the undo cache, and which sprite it shared its record with, so
+ * that putting it back restores the link as well as the picture.
+ */
+class SpriteListCommand : public SpriteUndoCommand
+{
+public:
+    SpriteListCommand(QSprites* sprites, int position);
+
+protected:
+    /// Records the sprite as it stands, without touching it.
+    void capture();
+    void takeOut();
+    void putBack();
+
+private:
+    int m_position;
+    QSpriteProperties m_properties;
+    SpriteUndoImage m_image;
+    int m_sharer = -1;
+};
+
+/// An empty sprite inserted at a position.
+class SpriteInsert : public SpriteListCommand
+{
+public:
+    using SpriteListCommand::SpriteListCommand;
+
+protected:
+    void doRedo() override { putBack(); }
+    void doUndo() override { takeOut(); }
+};
+
+/// A sprite removed; make it before the removal, which it records.
+class SpriteRemove : public SpriteListCommand
+{
+public:
+    SpriteRemove(QSprites* sprites, int position);
+
+protected:
+    void doRedo() override { takeOut(); }
+    void doUndo() override { putBack(); }
+};
+
+class SpriteMove : public SpriteUndoCommand
+{
+public:
+    SpriteMove(QSprites* sprites, int from, int to);
+
+protected:
+    void doRedo() override;
+    void doUndo() override;
+
+private:
+    int m_from;
+    int m_to;
+};
+
+/// Group, index, axis, flags and palette of one sprite, swapped on each replay.
+class SpriteChangeInfo : public SpriteUndoCommand
+{
+public:
+    SpriteChangeInfo(QSprites* sprites, int position);
+
+protected:
+    void doRedo() override { swap(); }
+    void doUndo() override { swap(); }
+
+private:
+    void swap();
+
+    int m_position;
+    QSpriteProperties m_properties;
+};
+
+/**
+ * The pixels of one sprite, swapped on each replay. A change that rewrote
+ * the shared record (setInPlace) is replayed on the record, for all its
+ * sharers; any other is replayed on this sprite alone, rejoining the sprite
+ * it shared with before, or taking a record of its own.
+ */
+class SpriteChangeImage : public SpriteUndoCommand
+{
+public:
+    SpriteChangeImage(QSprites* sprites, int position);
+    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
+
+protected:
+    void doRedo() override { swap(); }
+    void doUndo() override { swap(); }
+
+private:
+    void swap();
+
+    int m_position;
+    SpriteUndoImage m_image;
+    int m_sharer = -1;
+    bool m_inPlace = false;
+};

@@ -1,0 +1,76 @@
+#include "model/qstreamcachefilters.h"
+
+#include "formats/qimagefiles.h"
+#include "formats/qpcx.h"
+#include "model/qspritecodecs.h"
+
+#include <cstring>
+
+namespace {
+
+/// The scan lines of a decoded image, row padding zeroed: image readers
+/// leave it as the allocator gave it, and equal pictures must give equal bytes.
+QByteArray bitsOf(const QImage& image)
+{
+    QByteArray out(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+    const qsizetype used = (qsizetype(image.width()) * image.depth() + 7) / 8;
+    const qsizetype padding = image.bytesPerLine() - used;
+    if (padding > 0)
+        for (qsizetype y = 0; y < image.height(); ++y)
+            std::memset(out.data() + y * image.bytesPerLine() + used, 0, size_t(padding));
+    return out;
+}
+
+/**
+ * A buffer laid out like the QImage the parameter describes, ready for a
+ * decoder to fill; `out` is left empty when the parameter describes no image.
+ */
+QPixelBuffer allocate(const void* param, QImage::Format format, QByteArray& out)
+{
+    const auto* image = static_cast<const QStreamImageParam*>(param);
+    if (!image || image->width == 0 || image->height == 0 || format == QImage::Format_Invalid)
+        return QPixelBuffer();
+    QPixelBuffer buffer;
+    buffer.width = image->width;
+    buffer.height = image->height;
+    buffer.bytesPerLine = QPixelBuffer::strideFor(buffer.width, QImage::toPixelFormat(format).bitsPerPixel());
+    out = QByteArray(buffer.size(), Qt::Uninitialized);
+    buffer.bits = reinterpret_cast<uchar*>(out.data());
+    return buffer;
+}
+
+} // namespace
+
+QByteArray QPCXCacheFilter::process(const QByteArray& data, void*)
+{
+    return bitsOf(loadPCX(data));
+}
+
+QByteArray QRLE8CacheFilter::process(const QByteArray& data, void* param)
+{
+    const auto* image = static_cast<const QStreamImageParam*>(param);
+    if (!image || formatToDepth(image->format) == 0)
+        return QByteArray();
+    QByteArray out;
+    decodeRLE8(data, image->format, allocate(image, image->format, out));
+    return out;
+}
+
+QByteArray QRLE5CacheFilter::process(const QByteArray& data, void* param)
+{
+    QByteArray out;
+    decodeRLE5(data, allocate(param, QImage::Format_Indexed8, out));
+    return out;
+}
+
+QByteArray QLZ5CacheFilter::process(const QByteArray& data, void* param)
+{
+    QByteArray out;
+    decodeLZ5(data, allocate(param, QImage::Format_Indexed8, out));
+    return out;
+}
+
+QByteArray QPNGCacheFilter::process(const QByteArray& data, void*)
+{
+    return bitsOf(loadPNG(data));
+}

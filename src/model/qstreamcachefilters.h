@@ -1,0 +1,38 @@
+#pragma once
+
+// The five decoders a stream cache knows, one per encoding of
+// QStreamCacheFilterType. RLE8, RLE5 and LZ5 streams carry no header: their
+// filters read size (and, for RLE8, format) from a QStreamImageParam.
+
+#include "model/qstreamcachefilter.h"
+
+/// PCX payloads of SFF version 1.
+class QPCXCacheFilter : public QStreamCacheFilter
+{
+public:
+    QByteArray process(const QByteArray& data, void* param) override;
+};
+
+class QRLE8CacheFilter : public QStreamCacheFilter
+{
+public:
+    QByteArray process(const QByteArray& data, void* param) override;
+};
+
+class QRLE5CacheFilter : public QStreamCacheFilter
+{
+public:
+    QByteArray process(const QByteArray& data, void* param) override;
+};
+
+class QLZ5CacheFilter : public QStreamCacheFilter
+{
+public:
+    QByteArray process(const QByteArray& data, void* param) override;
+};
+
+class QPNGCacheFilter : public QStreamCacheFilter
+{
+public:
+    QByteArray process(const QByteArray& data, void* param) override;
+};
