@@ -1,0 +1,7 @@
+#include "qoctreenode.h"
+
+QOctreeNode::~QOctreeNode()
+{
+    for (QOctreeNode* child : children)
+        delete child;
+}
