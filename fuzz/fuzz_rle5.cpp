@@ -1,7 +1,7 @@
 // RLE5 decoding of arbitrary bytes: the image is never written outside, holds
 // only 5-bit values, and the cache filter agrees with the QImage loader; the
 // result survives LZ5, which is how an RLE5 sprite is written back.
-// Input: width (2 bytes, low 10 bits), height (1 byte), then the stream.
+// Input: width (2 bytes, low 9 bits), height (1 byte), then the stream.
 #include "model/qspritecodecs.h"
 #include "model/qstreamcachefilter.h"
 #include "model/qstreamcachefilters.h"
@@ -14,8 +14,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     if (size < 3)
         return 0;
     QStreamImageParam param;
-    param.width = quint16(1 + ((data[0] | (data[1] << 8)) & 0x3FF));
-    param.height = quint16(1 + data[2] % 64);
+    param.width = quint16(1 + ((data[0] | (data[1] << 8)) & 0x1FF));
+    param.height = quint16(1 + data[2] % 16);
     const QByteArray stream(reinterpret_cast<const char*>(data + 3), qsizetype(size - 3));
 
     const QImage image = loadRLE5(param.width, param.height, stream);

@@ -1,6 +1,6 @@
 // RLE8 decoding of arbitrary bytes: the image is never written outside, the
 // cache filter agrees with the QImage loader, and re-encoding an indexed
-// result decodes to the same pixels. Input: width (2 bytes, low 10 bits),
+// result decodes to the same pixels. Input: width (2 bytes, low 9 bits),
 // height (1 byte), format selector (1 byte), then the stream.
 #include "model/qspritecodecs.h"
 #include "model/qstreamcachefilter.h"
@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         return 0;
     const QImage::Format formats[] = { QImage::Format_Indexed8, QImage::Format_RGB32, QImage::Format_ARGB32 };
     QStreamImageParam param;
-    param.width = quint16(1 + ((data[0] | (data[1] << 8)) & 0x3FF));
-    param.height = quint16(1 + data[2] % 64);
+    param.width = quint16(1 + ((data[0] | (data[1] << 8)) & 0x1FF));
+    param.height = quint16(1 + data[2] % 16);
     param.format = formats[data[3] % 3];
     const QByteArray stream(reinterpret_cast<const char*>(data + 4), qsizetype(size - 4));
 

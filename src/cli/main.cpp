@@ -4,6 +4,8 @@
 #include "qclicommand.h"
 #include "qstderrprompt.h"
 
+#include "text/qcodecs.h"
+
 #include <QGuiApplication>
 #include <QTextStream>
 
@@ -39,6 +41,7 @@ int main(int argc, char** argv)
     QGuiApplication application(argc, argv);
     QStderrPrompt stderrPrompt;
     QPrompt::install(&stderrPrompt);
+    initCodecs();
 
     QStringList arguments = QCoreApplication::arguments().mid(1);
     const bool json = arguments.removeAll(QStringLiteral("--json")) > 0;

@@ -72,8 +72,8 @@ bool QASEPalette::fromFile(QIODevice* device, QRGBA (*palette)[256])
             (*palette)[next++] = QRGBA(channel(a), channel(b), channel(c));
         } else if (name == "CMYK") {
             stream >> a >> b >> c >> d;
-            (*palette)[next++] =
-                QRGBA(QColor::fromCmyk(channel(a), channel(b), channel(c), channel(d), 255).toRgb());
+            (*palette)[next++]
+                = QRGBA(QColor::fromCmyk(channel(a), channel(b), channel(c), channel(d), 255).toRgb());
         } else if (name == "Gray") {
             stream >> a;
             const uchar grey = channel(a);

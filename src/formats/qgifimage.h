@@ -20,7 +20,11 @@ class QIODevice;
 class QGIFImage
 {
 public:
-    QGIFImage(int width, int height) : m_width(width), m_height(height) {}
+    QGIFImage(int width, int height)
+        : m_width(width)
+        , m_height(height)
+    {
+    }
 
     void setGlobalColorMap(const QGIFColorMap& colorMap) { m_globalColorMap = colorMap; }
     const QGIFColorMap& globalColorMap() const { return m_globalColorMap; }

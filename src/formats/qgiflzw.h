@@ -14,7 +14,10 @@
 class QGIFLZW
 {
 public:
-    explicit QGIFLZW(QDataStream& stream) : m_stream(stream) {}
+    explicit QGIFLZW(QDataStream& stream)
+        : m_stream(stream)
+    {
+    }
 
     void compressInit();
     void compressByte(uchar value);

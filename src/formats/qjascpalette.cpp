@@ -16,9 +16,9 @@ bool QJascPalette::fromFile(QIODevice* device, QRGBA (*palette)[256])
         if (!match.hasMatch())
             continue;
         const QString alpha = match.captured(4);
-        (*palette)[line - 3] = QRGBA(intToByte(match.captured(1).toInt()), intToByte(match.captured(2).toInt()),
-                                     intToByte(match.captured(3).toInt()),
-                                     alpha.isEmpty() ? 255 : intToByte(alpha.toInt()));
+        (*palette)[line - 3]
+            = QRGBA(intToByte(match.captured(1).toInt()), intToByte(match.captured(2).toInt()),
+                intToByte(match.captured(3).toInt()), alpha.isEmpty() ? 255 : intToByte(alpha.toInt()));
     }
     return true;
 }

@@ -82,11 +82,11 @@ void QOldFont::parseText(const QString& text)
             static const QRegularExpression separators(QStringLiteral("[\\s,]+"));
             static const QRegularExpression space(QStringLiteral("\\s"));
             const int gap = line.indexOf(space);
-            MapLine entry{0, 0, 0};
+            MapLine entry { 0, 0, 0 };
             if (!mapCharacter(gap < 0 ? line : line.left(gap), entry.character))
                 continue;
-            const QStringList numbers =
-                gap < 0 ? QStringList() : line.mid(gap).split(separators, Qt::SkipEmptyParts);
+            const QStringList numbers
+                = gap < 0 ? QStringList() : line.mid(gap).split(separators, Qt::SkipEmptyParts);
             entry.start = numbers.value(0).toInt();
             entry.width = numbers.size() > 1 ? numbers.at(1).toInt() : -1;
             lines.append(entry);
@@ -95,8 +95,9 @@ void QOldFont::parseText(const QString& text)
     // The type and size may come after the map; places are settled once all is read.
     for (int i = 0; i < lines.size(); ++i) {
         const MapLine& entry = lines.at(i);
-        m_map.insert(entry.character, m_fixed ? QPoint(i * m_size.width(), m_size.width())
-                                              : QPoint(entry.start, entry.width < 0 ? m_size.width() : entry.width));
+        m_map.insert(entry.character,
+            m_fixed ? QPoint(i * m_size.width(), m_size.width())
+                    : QPoint(entry.start, entry.width < 0 ? m_size.width() : entry.width));
     }
 }
 

@@ -18,8 +18,7 @@ bool QPainterPalette::fromFile(QIODevice* device, QRGBA (*palette)[256])
             continue;
         const QString alpha = match.captured(4);
         (*palette)[next++] = QRGBA(intToByte(match.captured(1).toInt()), intToByte(match.captured(2).toInt()),
-                                   intToByte(match.captured(3).toInt()),
-                                   alpha.isEmpty() ? 255 : intToByte(alpha.toInt()));
+            intToByte(match.captured(3).toInt()), alpha.isEmpty() ? 255 : intToByte(alpha.toInt()));
     }
     return true;
 }

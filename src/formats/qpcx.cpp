@@ -26,16 +26,17 @@ int planeByte(int plane, int planes)
     if (planes != 3 && planes != 4)
         return plane;
 #if Q_BYTE_ORDER == Q_LITTLE_ENDIAN
-    static const int offsets[4] = {2, 1, 0, 3};
+    static const int offsets[4] = { 2, 1, 0, 3 };
 #else
-    static const int offsets[4] = {1, 2, 3, 0};
+    static const int offsets[4] = { 1, 2, 3, 0 };
 #endif
     return plane < 4 ? offsets[plane] : plane;
 }
 
 bool acceptable(const QPCXHeader& header, qsizetype dataSize)
 {
-    if (header.manufacturer != 10 || header.version != 5 || depthToFormat(header.depth()) == QImage::Format_Invalid)
+    if (header.manufacturer != 10 || header.version != 5
+        || depthToFormat(header.depth()) == QImage::Format_Invalid)
         return false;
     if (header.width() <= 0 || header.height() <= 0 || header.bytesPerLine == 0)
         return false;
@@ -117,7 +118,8 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
     if (header.depth() == 8 && in < end) {
         int marker = paletteMarker;
         if (complete)
-            in = reinterpret_cast<const uchar*>(data.constData()) + std::max<qsizetype>(0, data.size() - paletteBytes);
+            in = reinterpret_cast<const uchar*>(data.constData())
+                + std::max<qsizetype>(0, data.size() - paletteBytes);
         else
             marker = *in++;
         if (marker == paletteMarker && in < end) {
@@ -130,9 +132,10 @@ QImage decode(const QPCXHeader& header, const QByteArray& data)
     return image;
 }
 
-// Appends one plane of a row, run-length encoded: runs of up to 63 equal bytes
-// that never cross the end of the row; a single byte below 192 stands alone.
-void encodePlane(const uchar* pixels, int count, int step, QByteArray& out)
+// Encodes one plane of a row into out, which has room for two bytes a pixel:
+// runs of up to 63 equal bytes that never cross the end of the row; a single
+// byte below 192 stands alone. Returns the end of what was written.
+char* encodePlane(const uchar* pixels, int count, int step, char* out)
 {
     int x = 0;
     while (x < count) {
@@ -141,10 +144,11 @@ void encodePlane(const uchar* pixels, int count, int step, QByteArray& out)
         while (run < 63 && x + run < count && pixels[qsizetype(x + run) * step] == value)
             ++run;
         if (run > 1 || value > 191)
-            out.append(char(0xC0 | run));
-        out.append(char(value));
+            *out++ = char(0xC0 | run);
+        *out++ = char(value);
         x += run;
     }
+    return out;
 }
 
 } // namespace
@@ -162,7 +166,7 @@ QImageInfo infoFromPCX(const QByteArray& data)
     QPCXHeader header;
     if (!header.read(data.constData(), data.size()) || !acceptable(header, data.size()))
         return QImageInfo();
-    return QImageInfo{header.width(), header.height(), depthToFormat(header.depth())};
+    return QImageInfo { header.width(), header.height(), depthToFormat(header.depth()) };
 }
 
 bool savePCX(const QImage& image, QIODevice* device)
@@ -183,19 +187,18 @@ bool savePCX(const QImage& image, QIODevice* device)
 
     const int planes = header.planes;
     const int step = planes > 1 ? 4 : 1;
-    QByteArray rows;
-    rows.reserve(qsizetype(image.width()) * planes + 64);
+    QByteArray rows(qsizetype(image.width()) * planes * 2, Qt::Uninitialized);
     for (int y = 0; y < image.height(); ++y) {
-        rows.clear();
         const uchar* line = image.constScanLine(y);
+        char* end = rows.data();
         for (int plane = 0; plane < planes; ++plane)
-            encodePlane(line + planeByte(plane, planes), image.width(), step, rows);
-        stream.writeRawData(rows.constData(), int(rows.size()));
+            end = encodePlane(line + planeByte(plane, planes), image.width(), step, end);
+        stream.writeRawData(rows.constData(), int(end - rows.constData()));
     }
 
     if (planes == 1) {
         const QVector<QRgb> table = image.colorTable();
-        char trailer[1 + paletteBytes] = {char(paletteMarker)};
+        char trailer[1 + paletteBytes] = { char(paletteMarker) };
         for (int i = 0; i < 256 && i < table.size(); ++i) {
             trailer[1 + 3 * i] = char(qRed(table[i]));
             trailer[2 + 3 * i] = char(qGreen(table[i]));

@@ -20,9 +20,16 @@ struct QRGB
     unsigned char b = 0;
 
     QRGB() = default;
-    QRGB(unsigned char red, unsigned char green, unsigned char blue) : r(red), g(green), b(blue) {}
+    QRGB(unsigned char red, unsigned char green, unsigned char blue)
+        : r(red)
+        , g(green)
+        , b(blue)
+    {
+    }
     explicit QRGB(const QColor& colour)
-        : r(intToByte(colour.red())), g(intToByte(colour.green())), b(intToByte(colour.blue()))
+        : r(intToByte(colour.red()))
+        , g(intToByte(colour.green()))
+        , b(intToByte(colour.blue()))
     {
     }
 

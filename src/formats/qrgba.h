@@ -19,12 +19,17 @@ struct QRGBA
 
     QRGBA() = default;
     QRGBA(unsigned char red, unsigned char green, unsigned char blue, unsigned char alpha = 255)
-        : r(red), g(green), b(blue), a(alpha)
+        : r(red)
+        , g(green)
+        , b(blue)
+        , a(alpha)
     {
     }
     explicit QRGBA(const QColor& colour)
-        : r(intToByte(colour.red())), g(intToByte(colour.green())), b(intToByte(colour.blue())),
-          a(intToByte(colour.alpha()))
+        : r(intToByte(colour.red()))
+        , g(intToByte(colour.green()))
+        , b(intToByte(colour.blue()))
+        , a(intToByte(colour.alpha()))
     {
     }
 

@@ -12,7 +12,10 @@
 #include <climits>
 #include <cstring>
 
-QRGBPalette::QRGBPalette(QObject* parent) : QObject(parent) {}
+QRGBPalette::QRGBPalette(QObject* parent)
+    : QObject(parent)
+{
+}
 
 bool QRGBPalette::fromFile(const QString& path)
 {

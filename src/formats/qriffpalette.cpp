@@ -11,7 +11,8 @@ bool QRIFFPalette::fromFile(QIODevice* device, QRGBA (*palette)[256])
     stream.setByteOrder(QDataStream::LittleEndian);
     char form[8];
     quint32 chunkSize = 0;
-    if (device->size() < 24 || !device->seek(8) || stream.readRawData(form, 8) != 8 || QByteArray(form, 8) != "PAL data")
+    if (device->size() < 24 || !device->seek(8) || stream.readRawData(form, 8) != 8
+        || QByteArray(form, 8) != "PAL data")
         return false;
     stream >> chunkSize;
     const qint64 bytes = qint64(chunkSize) - 8;

@@ -107,18 +107,24 @@ void runHq(const HqTable& table, const unsigned char* source, unsigned char* tar
 {
     const int scale = table.scale();
     const quint32* pixels = reinterpret_cast<const quint32*>(source);
+    std::vector<Yuv> yuvs(std::size_t(width) * height);
+    for (std::size_t i = 0; i < yuvs.size(); ++i)
+        yuvs[i] = toYuv(pixels[i]);
     for (unsigned y = 0; y < height; ++y) {
-        const quint32* up = pixels + std::size_t(y > 0 ? y - 1 : y) * width;
-        const quint32* mid = pixels + std::size_t(y) * width;
-        const quint32* down = pixels + std::size_t(y + 1 < height ? y + 1 : y) * width;
+        const std::size_t up = std::size_t(y > 0 ? y - 1 : y) * width;
+        const std::size_t mid = std::size_t(y) * width;
+        const std::size_t down = std::size_t(y + 1 < height ? y + 1 : y) * width;
         for (unsigned x = 0; x < width; ++x) {
             const unsigned left = x > 0 ? x - 1 : x;
             const unsigned right = x + 1 < width ? x + 1 : x;
-            const quint32 w[10] = {0,         up[left],   up[x],   up[right],   mid[left],
-                                   mid[x],    mid[right], down[left], down[x], down[right]};
+            const std::size_t at[10] = {0,          up + left,    up + x,   up + right,   mid + left,
+                                        mid + x,    mid + right,  down + left, down + x, down + right};
+            quint32 w[10];
             Yuv yuv[10];
-            for (int k = 1; k < 10; ++k)
-                yuv[k] = toYuv(w[k]);
+            for (int k = 1; k < 10; ++k) {
+                w[k] = pixels[at[k]];
+                yuv[k] = yuvs[at[k]];
+            }
             bool apart[10] = {};
             for (int k : kNeighbours)
                 apart[k] = w[k] != w[5] && differ(yuv[5], yuv[k]);

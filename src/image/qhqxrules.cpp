@@ -3,7 +3,7 @@
 namespace {
 
 // Derived from the published behaviour of the filters, pattern by pattern,
-// and reduced to the fewest rules that still tell every case apart.
+// and merged into a short list of rules that still tells every case apart.
 
 const HqRule Hq2X_00[] = {
     {".0.0....", "....", {{5, 2, 4}, {2, 1, 1}, 2}},

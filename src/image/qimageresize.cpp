@@ -164,12 +164,12 @@ QImage resizeImageEPX(const QImage& image, const QSize& size, const QVector<QRgb
     const auto thrice = bytes ? resizeImageEPX3<uchar> : resizeImageEPX3<quint32>;
 
     const float factor = enlargement(source, size);
-    QImage staged = source;
+    QImage staged;
     if (factor > 3)
         staged = twice(twice(source));
     else if (factor > 2)
         staged = thrice(source);
-    else if (factor >= 0)
+    else
         staged = twice(source);
     return fitTo(staged, size, palette, filter);
 }
@@ -180,9 +180,6 @@ QImage resizeImageHQxX(const QImage& image, const QSize& size, const QVector<QRg
     if (source.isNull() || size.isEmpty())
         return QImage();
     const float factor = enlargement(source, size);
-    if (factor < 0)
-        return fitTo(source, size, palette, filter);
-
     const bool indexed = source.format() == QImage::Format_Indexed8;
     const QVector<QRgb> table = tableFor(source, palette);
     QImage colours = source;

@@ -55,6 +55,6 @@ void decodeLZ5(const QByteArray& data, const QPixelBuffer& target);
 /**
  * Encodes the image's pixels (one byte each; only the low five bits reach the
  * stream) as LZ5. With `useLz` false only run packets are written, which is a
- * valid stream too. Empty for a null image.
+ * valid stream too. Empty for a null image or one of another depth than 8 bits.
  */
 QByteArray saveLZ5(const QImage& image, bool useLz = true);

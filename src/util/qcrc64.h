@@ -8,8 +8,9 @@
  * polynomial 0x95AC9329AC4BC9B5, started at all ones, with no final inversion.
  * An empty input gives 0xFFFFFFFFFFFFFFFF. The stream cache stores it beside
  * each payload and compares it before comparing bytes, so it must be fast:
- * the tables are built on first use and the input is taken sixteen bytes at
- * a time. Not thread-safe on first use, like the rest of the cache.
+ * the tables are built on first use, the input is taken sixteen bytes at a
+ * time, and inputs of a few kilobytes or more as three interleaved parts.
+ * Not thread-safe on first use, like the rest of the cache.
  */
 quint64 crc64(const char* data, quint32 length);
 

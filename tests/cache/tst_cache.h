@@ -17,6 +17,7 @@ private slots:
     void rle8Packets();
     void rle8Encoding_data();
     void rle8Encoding();
+    void rle8TrueColourRows();
     void rle5Packets_data();
     void rle5Packets();
     void roundTrips_data();

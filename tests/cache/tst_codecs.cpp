@@ -53,6 +53,12 @@ void TestCache::crc64MatchesBitwiseDefinition()
             const QByteArray part = data.mid(start, length);
             QCOMPARE(crc64(part.constData(), quint32(part.size())), bitwiseCrc64(part));
         }
+    // Long inputs are hashed in three parts joined afterwards: every remainder.
+    QByteArray longer(70000, Qt::Uninitialized);
+    for (char& c : longer)
+        c = char(random.bounded(256));
+    for (const int length : { 3071, 3072, 3073, 3088, 3100, 4095, 10000, 65536, 69999 })
+        QCOMPARE(crc64(longer.left(length)), bitwiseCrc64(longer.left(length)));
 }
 
 void TestCache::rle8Packets_data()
@@ -107,6 +113,17 @@ void TestCache::rle8Encoding()
     const QImage image = imageFromPixels(width, height, pixels);
     QCOMPARE(saveRLE8(image).toHex(' '), stream.toHex(' '));
     compareDecoded(loadRLE8(width, height, QImage::Format_Indexed8, stream), width, height, pixels);
+}
+
+void TestCache::rle8TrueColourRows()
+{
+    // A 24-bit depth counts three bytes a pixel in a row of four: each row
+    // takes 3 * width bytes of the stream, and the rest of it stays zero.
+    const QImage image = loadRLE8(2, 2, QImage::Format_RGB32, hex("46 07 01 02 03 04 05 06"));
+    QCOMPARE(image.format(), QImage::Format_RGB32);
+    QCOMPARE(pixelsOf(image).toHex(' '), QByteArray("07 07 07 07 07 07 00 00 01 02 03 04 05 06 00 00"));
+    // The row bytes of the encoder are the same: the fourth byte of each pixel is not stored.
+    QCOMPARE(saveRLE8(image).toHex(' '), QByteArray("46 07 01 02 03 04 05 06"));
 }
 
 void TestCache::rle5Packets_data()

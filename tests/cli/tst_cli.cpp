@@ -1,31 +1,12 @@
+#include "clirunner.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-
-struct Result
-{
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result runCli(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(qEnvironmentVariable("PF_BIN_DIR") + QStringLiteral("/pugilforge-cli"), arguments);
-    Result result;
-    if (!process.waitForFinished(30000))
-        return result;
-    result.exitCode = process.exitCode();
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
-}
 
 QString sourceFile(const char* relative)
 {
@@ -41,21 +22,21 @@ class TestCli : public QObject
 private slots:
     void versionAndUsage()
     {
-        const Result version = runCli({QStringLiteral("--version")});
+        const CliResult version = runCli({QStringLiteral("--version")});
         QCOMPARE(version.exitCode, 0);
         QVERIFY(version.out.startsWith("pugilforge-cli "));
 
-        const Result unknown = runCli({QStringLiteral("no-such-command")});
+        const CliResult unknown = runCli({QStringLiteral("no-such-command")});
         QCOMPARE(unknown.exitCode, 2);
         QCOMPARE(unknown.err.count('\n'), 1);
 
-        const Result missingArgument = runCli({QStringLiteral("config")});
+        const CliResult missingArgument = runCli({QStringLiteral("config")});
         QCOMPARE(missingArgument.exitCode, 2);
     }
 
     void configPrintsDefaultsAndWhatTheFileAdds()
     {
-        const Result result = runCli({QStringLiteral("config"), sourceFile("data/config.xml"),
+        const CliResult result = runCli({QStringLiteral("config"), sourceFile("data/config.xml"),
                                       QStringLiteral("--json")});
         QCOMPARE(result.exitCode, 0);
         QJsonParseError error;
@@ -67,17 +48,29 @@ private slots:
         QCOMPARE(values.value(QStringLiteral("show_organizer")).toString(), QStringLiteral("true"));
         QVERIFY(root.value(QStringLiteral("engines")).toArray().isEmpty());
 
-        const Result text = runCli({QStringLiteral("config"), sourceFile("data/config.xml")});
+        const CliResult text = runCli({QStringLiteral("config"), sourceFile("data/config.xml")});
         QCOMPARE(text.exitCode, 0);
         QCOMPARE(text.out.count('\n'), 66);
         QVERIFY(text.out.contains("language = en-us\n"));
+    }
+
+    void bundledSampleChecksClean()
+    {
+        for (const char* file : {"samples/ember/ember.def", "samples/ember/ember.cns",
+                                 "samples/ember/ember.cmd", "samples/ember/ember.air"}) {
+            const CliResult result = runCli({QStringLiteral("check"), sourceFile(file)});
+            QVERIFY2(result.exitCode == 0, result.out.constData());
+            const QByteArray summary = QByteArray("0 error(s), 0 warning(s), 0 deprecation(s) for M.U.G.E.N. 1.1 (from ")
+                + sourceFile("samples/ember/ember.def").toLocal8Bit() + ")\n";
+            QVERIFY2(result.out.endsWith(summary), result.out.constData());
+        }
     }
 
     void unreadableInputIsOneLineAndFails()
     {
         QTemporaryDir dir;
         const QString missing = dir.filePath(QStringLiteral("missing.xml"));
-        const Result absent = runCli({QStringLiteral("config"), missing});
+        const CliResult absent = runCli({QStringLiteral("config"), missing});
         QCOMPARE(absent.exitCode, 1);
         QCOMPARE(absent.err.count('\n'), 1);
         QVERIFY(absent.err.contains(missing.toLocal8Bit()));
@@ -88,7 +81,7 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("<configuration><config name=\"a\"");
         file.close();
-        const Result malformed = runCli({QStringLiteral("config"), broken, QStringLiteral("--json")});
+        const CliResult malformed = runCli({QStringLiteral("config"), broken, QStringLiteral("--json")});
         QCOMPARE(malformed.exitCode, 1);
         QCOMPARE(malformed.err.count('\n'), 1);
         QVERIFY(malformed.err.contains("XML Error"));

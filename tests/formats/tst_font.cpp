@@ -67,16 +67,16 @@ void TestFormats::fontRealFilesParse()
         char probe;
         QPoint place;
     };
-    const QList<Expected> fonts{
-        {"f-4x6.fnt", false, 1, QSize(3, 6), QPoint(1, 0), QPoint(0, -1), 94, ';', QPoint(244, 3)},
-        {"f-6x8f.fnt", true, 1, QSize(6, 8), QPoint(0, 0), QPoint(0, 0), 94, '|', QPoint(558, 6)},
-        {"f-6x9.fnt", false, 1, QSize(5, 8), QPoint(1, 1), QPoint(0, 0), 94, '*', QPoint(490, 5)},
-        {"f-6x9f.fnt", false, 1, QSize(5, 8), QPoint(1, 1), QPoint(0, 0), 94, '~', QPoint(496, 5)},
-        {"jg.fnt", true, 16, QSize(8, 8), QPoint(0, 1), QPoint(0, 0), 93, ']', QPoint(480, 8)},
-        {"name1.fnt", false, 1, QSize(4, 6), QPoint(0, 0), QPoint(0, 0), 94, '[', QPoint(216, 4)},
-        {"num1.fnt", false, 16, QSize(9, 13), QPoint(1, 1), QPoint(0, 0), 11, 'o', QPoint(100, 14)},
+    const QList<Expected> fonts {
+        { "f-4x6.fnt", false, 1, QSize(3, 6), QPoint(1, 0), QPoint(0, -1), 94, ';', QPoint(244, 3) },
+        { "f-6x8f.fnt", true, 1, QSize(6, 8), QPoint(0, 0), QPoint(0, 0), 94, '|', QPoint(558, 6) },
+        { "f-6x9.fnt", false, 1, QSize(5, 8), QPoint(1, 1), QPoint(0, 0), 94, '*', QPoint(490, 5) },
+        { "f-6x9f.fnt", false, 1, QSize(5, 8), QPoint(1, 1), QPoint(0, 0), 94, '~', QPoint(496, 5) },
+        { "jg.fnt", true, 16, QSize(8, 8), QPoint(0, 1), QPoint(0, 0), 93, ']', QPoint(480, 8) },
+        { "name1.fnt", false, 1, QSize(4, 6), QPoint(0, 0), QPoint(0, 0), 94, '[', QPoint(216, 4) },
+        { "num1.fnt", false, 16, QSize(9, 13), QPoint(1, 1), QPoint(0, 0), 11, 'o', QPoint(100, 14) },
     };
-    const QStringList files = realDataFiles({QStringLiteral("fnt")});
+    const QStringList files = realDataFiles({ QStringLiteral("fnt") });
     QCOMPARE(files.size(), fonts.size());
     for (const Expected& want : fonts) {
         const QString name = QLatin1String(want.file);
@@ -109,7 +109,8 @@ void TestFormats::fontRealFilesParse()
             for (int y = 0; y < glyph.height(); ++y)
                 for (int x = 0; x < glyph.width(); ++x) {
                     const int sx = it->x() + x;
-                    const uchar source = sx < font.image().width() ? uchar(font.image().pixelIndex(sx, y) + shift) : 0;
+                    const uchar source
+                        = sx < font.image().width() ? uchar(font.image().pixelIndex(sx, y) + shift) : 0;
                     QCOMPARE(glyph.pixelIndex(x, y), int(source));
                 }
         }
@@ -152,8 +153,8 @@ void TestFormats::fontParsesText()
     QCOMPARE(font.map().value('z'), QPoint(15, 5));
 
     QCOMPARE(font.definitionText(QStringLiteral("jg")),
-             QStringLiteral("[FNT v2]\nfntversion = 2,00\nname = \"jg\"\n\n[Def]\ntype = Bitmap\nsize = 5,5\n"
-                            "spacing = 0,0\noffset = 0,0\nfile = jg.sff\n"));
+        QStringLiteral("[FNT v2]\nfntversion = 2,00\nname = \"jg\"\n\n[Def]\ntype = Bitmap\nsize = 5,5\n"
+                       "spacing = 0,0\noffset = 0,0\nfile = jg.sff\n"));
 }
 
 void TestFormats::fontCutsGlyphs()

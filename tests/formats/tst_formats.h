@@ -42,4 +42,8 @@ private slots:
     void fontParsesText();
     void fontCutsGlyphs();
     void fontRefusesBadInput();
+
+    // tst_cli.cpp: the command-line tool's palette and image commands
+    void cliPalette();
+    void cliImage();
 };

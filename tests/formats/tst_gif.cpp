@@ -68,7 +68,7 @@ void TestFormats::gifFramesReadBack()
     QGIFFrame flat;
     flat.image = indexedFrame(width, height, [](int, int) { return 200; });
     flat.delay = 100;
-    const QList<QGIFFrame> frames{noise, runs, local, flat};
+    const QList<QGIFFrame> frames { noise, runs, local, flat };
     for (const QGIFFrame& frame : frames)
         gif.addFrame(frame);
 
@@ -90,7 +90,11 @@ void TestFormats::gifFramesReadBack()
                 const QRgb got = read.pixel(x, y);
                 if (qAlpha(want) == 0 ? qAlpha(got) != 0 : got != want)
                     QFAIL(qPrintable(QStringLiteral("frame with delay %1: pixel %2,%3 is %4, not %5")
-                                         .arg(frame.delay).arg(x).arg(y).arg(got, 8, 16).arg(want, 8, 16)));
+                                         .arg(frame.delay)
+                                         .arg(x)
+                                         .arg(y)
+                                         .arg(got, 8, 16)
+                                         .arg(want, 8, 16)));
             }
     }
 
@@ -99,13 +103,14 @@ void TestFormats::gifFramesReadBack()
     if (identify.isEmpty())
         QSKIP("ImageMagick's identify is not installed; Qt's reader agreed");
     QProcess process;
-    process.start(identify, {QStringLiteral("-format"), QStringLiteral("%w %h %T\\n"), path});
+    process.start(identify, { QStringLiteral("-format"), QStringLiteral("%w %h %T\\n"), path });
     QVERIFY(process.waitForFinished(60000));
     QCOMPARE(process.exitCode(), 0);
-    const QStringList lines = QString::fromLatin1(process.readAllStandardOutput()).split(
-        QLatin1Char('\n'), Qt::SkipEmptyParts);
-    QCOMPARE(lines, QStringList({QStringLiteral("257 181 10"), QStringLiteral("257 181 25"),
-                                 QStringLiteral("257 181 7"), QStringLiteral("257 181 100")}));
+    const QStringList lines
+        = QString::fromLatin1(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines,
+        QStringList({ QStringLiteral("257 181 10"), QStringLiteral("257 181 25"), QStringLiteral("257 181 7"),
+            QStringLiteral("257 181 100") }));
 }
 
 void TestFormats::gifHeaderBytes()

@@ -95,7 +95,7 @@ void aseName(QDataStream& stream, const QString& name)
 void TestFormats::actRealFilesRoundTrip()
 {
     PF_REQUIRE_REALDATA();
-    const QStringList files = realDataFiles({QStringLiteral("act")});
+    const QStringList files = realDataFiles({ QStringLiteral("act") });
     QVERIFY(!files.isEmpty());
     QTemporaryDir dir;
     for (const QString& path : files) {
@@ -218,9 +218,11 @@ void TestFormats::acoReads()
     const QByteArray aco = bigEndian([](QDataStream& s) {
         s << quint16(1) << quint16(6);
         s << quint16(0) << quint16(257 * 10) << quint16(257 * 20) << quint16(257 * 127) << quint16(0);
-        s << quint16(1) << quint16(qRound(120 * 182.5487)) << quint16(257 * 100) << quint16(257 * 90) << quint16(0);
+        s << quint16(1) << quint16(qRound(120 * 182.5487)) << quint16(257 * 100) << quint16(257 * 90)
+          << quint16(0);
         s << quint16(7) << quint16(1) << quint16(2) << quint16(3) << quint16(4);
-        s << quint16(2) << quint16(257 * 100) << quint16(257 * 55) << quint16(257 * 120) << quint16(257 * 105);
+        s << quint16(2) << quint16(257 * 100) << quint16(257 * 55) << quint16(257 * 120)
+          << quint16(257 * 105);
         s << quint16(8) << quint16(2500) << quint16(0) << quint16(0) << quint16(0);
         s << quint16(0) << quint16(0xFFFF) << quint16(0x8000) << quint16(0) << quint16(0);
         // A second, version 2 section is not read.
@@ -303,7 +305,8 @@ void TestFormats::paletteChoiceAndTransparency()
     // An ACO or ASE colour at alpha 255 in entry 0 still ends transparent.
     const QString aco = dir.filePath(QStringLiteral("x.aco"));
     QVERIFY(writeFile(aco, bigEndian([](QDataStream& s) {
-        s << quint16(1) << quint16(1) << quint16(0) << quint16(257) << quint16(514) << quint16(771) << quint16(0);
+        s << quint16(1) << quint16(1) << quint16(0) << quint16(257) << quint16(514) << quint16(771)
+          << quint16(0);
     })));
     Table table;
     QSignalSpy changing(&table.palette, &QRGBPalette::changing);
@@ -342,7 +345,7 @@ void TestFormats::paletteFromIndexedImage()
     for (int i = 0; i < 256; ++i)
         colours.append(qRgb(i, 0, 255 - i));
     image.setColorTable(colours);
-    for (const QString& name : {QStringLiteral("a.pcx"), QStringLiteral("b.png")}) {
+    for (const QString& name : { QStringLiteral("a.pcx"), QStringLiteral("b.png") }) {
         const QString path = dir.filePath(name);
         QVERIFY(saveImage(path, image));
         Table table;
@@ -362,7 +365,7 @@ void TestFormats::tableHelpers()
     QCOMPARE(table[255].r, uchar(0));
     QCOMPARE(table[128].r, uchar(127));
 
-    QVector<QRgb> colours{1, 2};
+    QVector<QRgb> colours { 1, 2 };
     getRgbPal(&table, colours);
     QCOMPARE(colours.size(), 258);
     QCOMPARE(colours.at(2), qRgba(255, 1, 2, 255));
@@ -371,7 +374,7 @@ void TestFormats::tableHelpers()
     QCOMPARE(zeros, QVector<QRgb>(256, 0u));
 
     QRGBA copied[256] = {};
-    getRGBPal(QVector<QRgb>{qRgba(1, 2, 3, 4), qRgb(5, 6, 7)}, copied);
+    getRGBPal(QVector<QRgb> { qRgba(1, 2, 3, 4), qRgb(5, 6, 7) }, copied);
     QCOMPARE(copied[0], QRGBA(1, 2, 3, 4));
     QCOMPARE(copied[1], QRGBA(5, 6, 7, 255));
     QCOMPARE(copied[2], QRGBA(0, 0, 0, 0));

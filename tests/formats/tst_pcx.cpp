@@ -97,7 +97,7 @@ void TestFormats::pcxRealFilesLoad()
     PF_REQUIRE_REALDATA();
     const QString work = realDataDir() + QStringLiteral("/fanyer__mugen/work/");
     int checked = 0;
-    for (const QString& path : realDataFiles({QStringLiteral("pcx")})) {
+    for (const QString& path : realDataFiles({ QStringLiteral("pcx") })) {
         if (!path.startsWith(work))
             continue;
         QFile file(path);
@@ -161,9 +161,9 @@ void TestFormats::pcxRunBoundaries()
         const QByteArray data = encode(image);
         return data.mid(QPCXHeader::size, data.size() - QPCXHeader::size - 769);
     };
-    QCOMPARE(body({191}), QByteArray("\xBF", 1));
-    QCOMPARE(body({192}), QByteArray("\xC1\xC0", 2));
-    QCOMPARE(body({0, 255}), QByteArray("\x00\xC1\xFF", 3));
+    QCOMPARE(body({ 191 }), QByteArray("\xBF", 1));
+    QCOMPARE(body({ 192 }), QByteArray("\xC1\xC0", 2));
+    QCOMPARE(body({ 0, 255 }), QByteArray("\x00\xC1\xFF", 3));
     QCOMPARE(body(QVector<int>(2, 191)), QByteArray("\xC2\xBF", 2));
     QCOMPARE(body(QVector<int>(63, 5)), QByteArray("\xFF\x05", 2));
     QCOMPARE(body(QVector<int>(64, 5)), QByteArray("\xFF\x05\x05", 3));
@@ -183,7 +183,8 @@ void TestFormats::pcxRunBoundaries()
     const QImage image = loadPCX(crafted);
     QCOMPARE(image.size(), QSize(4, 2));
     QCOMPARE(QByteArray(reinterpret_cast<const char*>(image.constScanLine(0)), 4), QByteArray(4, 7));
-    QCOMPARE(QByteArray(reinterpret_cast<const char*>(image.constScanLine(1)), 4), QByteArray("\x07\x07\x01\x02", 4));
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(image.constScanLine(1)), 4),
+        QByteArray("\x07\x07\x01\x02", 4));
 }
 
 void TestFormats::pcxRefusedHeaders()
@@ -214,6 +215,14 @@ void TestFormats::pcxRefusedHeaders()
     QPCXHeader huge = header(65535, 65535, 4, 65535);
     QVERIFY(loadPCX(headerBytes(huge) + body).isNull());
     QVERIFY(loadPCX(headerBytes(good).left(127)).isNull());
+
+    // The widest image a header can state loads, but its row length cannot be saved.
+    QPCXHeader widest = header(65536, 1, 1, 65535);
+    const QImage wide = loadPCX(headerBytes(widest) + QByteArray(3000, '\xFF'));
+    QCOMPARE(wide.width(), 65536);
+    QBuffer sink;
+    sink.open(QIODevice::WriteOnly);
+    QVERIFY(!savePCX(wide, &sink));
     QVERIFY(loadPCX(QByteArray()).isNull());
 
     QPCXHeader colour = header(5, 3, 3, 6);
@@ -282,7 +291,8 @@ void TestFormats::imageFilesBySuffix()
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
     const QImage image = randomImage(12, 7, QImage::Format_Indexed8, false);
-    for (const QString& name : {QStringLiteral("a.pcx"), QStringLiteral("b.PCX"), QStringLiteral("c.png")}) {
+    for (const QString& name :
+        { QStringLiteral("a.pcx"), QStringLiteral("b.PCX"), QStringLiteral("c.png") }) {
         const QString path = dir.filePath(name);
         QVERIFY(saveImage(path, image));
         const QImage loaded = loadImage(path);
@@ -299,7 +309,8 @@ void TestFormats::imageFilesBySuffix()
 
     const QByteArray png = savePNG(image);
     QVERIFY(png.startsWith("\x89PNG"));
-    QCOMPARE(loadPNG(png).convertToFormat(QImage::Format_ARGB32), image.convertToFormat(QImage::Format_ARGB32));
+    QCOMPARE(
+        loadPNG(png).convertToFormat(QImage::Format_ARGB32), image.convertToFormat(QImage::Format_ARGB32));
     QVERIFY(loadPNG(QByteArray("not a png")).isNull());
 }
 

@@ -1,3 +1,4 @@
+#include "clirunner.h"
 #include "realdata.h"
 #include "text/paramreg.h"
 #include "text/qcodecs.h"
@@ -18,10 +19,10 @@
 #include <QJsonObject>
 #include <QPoint>
 #include <QPointF>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTextCodec>
 #include <QVector3D>
+
 #include <QtTest>
 
 namespace {
@@ -601,9 +602,6 @@ private slots:
 
     void tokensCommand()
     {
-        const QString cli = qEnvironmentVariable("PF_BIN_DIR") + QStringLiteral("/pugilforge-cli");
-        if (!QFile::exists(cli))
-            QSKIP("pugilforge-cli not built");
         QTemporaryDir dir;
         const QString fileName = dir.filePath(QStringLiteral("kfm.cmd"));
         QFile file(fileName);
@@ -613,11 +611,9 @@ private slots:
                                                     "name = \"波動拳\"\ncommand = ~D, DF, F, x\n")));
         file.close();
 
-        QProcess process;
-        process.start(cli, { QStringLiteral("tokens"), fileName, QStringLiteral("--json") });
-        QVERIFY(process.waitForFinished(60000));
-        QCOMPARE(process.exitCode(), 0);
-        const QJsonObject root = QJsonDocument::fromJson(process.readAllStandardOutput()).object();
+        const CliResult tokens = runCli({ QStringLiteral("tokens"), fileName, QStringLiteral("--json") });
+        QCOMPARE(tokens.exitCode, 0);
+        const QJsonObject root = QJsonDocument::fromJson(tokens.out).object();
         QCOMPARE(root.value(QStringLiteral("encoding")).toString(), QStringLiteral("Shift_JIS"));
         const QJsonArray lines = root.value(QStringLiteral("lines")).toArray();
         QCOMPARE(lines.size(), 4);
@@ -627,14 +623,10 @@ private slots:
             nameTokens.at(2).toObject().value(QStringLiteral("text")).toString(), QStringLiteral("波動拳"));
         QCOMPARE(nameTokens.at(2).toObject().value(QStringLiteral("code")).toInt(), int(tokString));
 
-        process.start(cli, { QStringLiteral("tokens"), dir.filePath(QStringLiteral("missing.cmd")) });
-        QVERIFY(process.waitForFinished(60000));
-        QCOMPARE(process.exitCode(), 1);
-        const QStringList faults = QString::fromUtf8(process.readAllStandardError())
-                                       .split(u'\n')
-                                       .filter(QStringLiteral("pugilforge-cli:"));
-        QCOMPARE(faults.size(), 1);
-        QVERIFY(faults.first().contains(QStringLiteral("missing.cmd: ")));
+        const CliResult missing = runCli({ QStringLiteral("tokens"), dir.filePath(QStringLiteral("missing.cmd")) });
+        QCOMPARE(missing.exitCode, 1);
+        QCOMPARE(missing.faultLines(), 1);
+        QVERIFY(missing.err.contains("missing.cmd: "));
     }
 };
 
