@@ -66,6 +66,8 @@ int QSprites::findPalette(int start, qint32 group, qint32 index) const
 
 int QSprites::findPalette(const QRGBA* colors, int limit) const
 {
+    if (!colors)
+        return -1;
     const int end = qMin(limit, int(m_palettes.size()));
     for (int i = 0; i < end; ++i) {
         const QSpritePaletteData* data = m_palettes.at(i)->data();

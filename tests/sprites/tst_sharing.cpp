@@ -300,3 +300,22 @@ void TestSprites::trueColourWarningBeforeVersion2()
     // The picture is set all the same.
     QCOMPARE(bytesOf(sprite->image()), bytesOf(argbImage(4, 4, 2)));
 }
+
+void TestSprites::paletteMapSubstitutions()
+{
+    QRemapModel map;
+    QSubItem found(-1, -1);
+    QVERIFY(!map.find(QSubItem(1, 1), found));
+    QCOMPARE(found, QSubItem(-1, -1));
+    map.setRemap(QSubItem(1, 1), QSubItem(1, 2));
+    map.setRemap(QSubItem(1, 3), QSubItem(1, 4));
+    map.setRemap(QSubItem(1, 1), QSubItem(1, 5));
+    QCOMPARE(map.count(), 2);
+    QVERIFY(map.find(QSubItem(1, 1), found));
+    QCOMPARE(found, QSubItem(1, 5));
+    QCOMPARE(map.data(map.index(0)).toString(), QStringLiteral("1,1 -> 1,5"));
+    QVERIFY(map.removeRemap(QSubItem(1, 1)));
+    QVERIFY(!map.removeRemap(QSubItem(1, 1)));
+    QVERIFY(!map.find(QSubItem(1, 1), found));
+    QCOMPARE(map.rowCount(), 1);
+}

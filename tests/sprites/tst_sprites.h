@@ -19,11 +19,13 @@ private slots:
     void imageColourTables();
     void setImagePaletteModes();
     void trueColourWarningBeforeVersion2();
+    void paletteMapSubstitutions();
 
     // tst_undo.cpp
     void firstRedoDoesNothingAndLockMakesNoCommands();
     void removePaletteUndoRestoresLinks();
     void undoRestoresSharingOfAskedChange();
+    void undoImagesLiveInTheDiskCache();
     void randomEditsUndoAndRedoExactly_data();
     void randomEditsUndoAndRedoExactly();
 

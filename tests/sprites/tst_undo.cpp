@@ -6,6 +6,7 @@
 #include "model/qspriteimagedata.h"
 #include "model/qspritepalettedata.h"
 #include "model/qsprites.h"
+#include "model/qspriteundocommand.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -92,6 +93,29 @@ void TestSprites::undoRestoresSharingOfAskedChange()
     QVERIFY2(ModelState::of(sprites) == before, qPrintable(ModelState::of(sprites).difference(before)));
     sprites.redo();
     QVERIFY2(ModelState::of(sprites) == after, qPrintable(ModelState::of(sprites).difference(after)));
+}
+
+void TestSprites::undoImagesLiveInTheDiskCache()
+{
+    QStreamCache& undoCache = SpriteUndoCommand::undoCache();
+    QCOMPARE(undoCache.type(), ctHardDisk);
+    const int held = undoCache.items().size();
+    {
+        QSprites sprites(nullptr, ctMemory, true, -1);
+        QSprite* sprite = sprites.add();
+        sprite->setImage(indexedImage(30, 30, 1));
+        sprite->setImage(indexedImage(30, 30, 2));
+        sprites.remove(0);
+        // The second picture's command holds the first, the removal the second.
+        QCOMPARE(undoCache.items().size(), held + 2);
+        QVERIFY(undoCache.diskSize() > 0);
+        sprites.undo();
+        QCOMPARE(bytesOf(sprites.at(0)->image()), bytesOf(indexedImage(30, 30, 2)));
+        sprites.undo();
+        QCOMPARE(bytesOf(sprites.at(0)->image()), bytesOf(indexedImage(30, 30, 1)));
+    }
+    // The commands die with their file and free what they held.
+    QCOMPARE(undoCache.items().size(), held);
 }
 
 namespace {
