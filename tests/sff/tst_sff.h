@@ -30,6 +30,11 @@ private slots:
     void trueColourByVersion();
     void canSaveChecks();
 
+    // Old fonts and the command-line tool
+    void oldFontBecomesSprites_data();
+    void oldFontBecomesSprites();
+    void commandLine();
+
     // Saving never destroys
     void cancelledSaveKeepsOldFile();
     void failedWriteKeepsOldFile();
