@@ -65,8 +65,17 @@ void measure(const QString& root, const char* name, const QString& relative, con
     qsizetype total = 0;
     for (const QByteArray& picture : pictures)
         total += picture.size();
-    QByteArray target(total, '\0');
+    // The floor: every picture written once into memory of its own, as a
+    // decoder writes it; then the same bytes into memory already in use.
     const double floor = bench::bestMs(20, [&] {
+        for (const QByteArray& picture : pictures) {
+            QByteArray copy(picture.size(), Qt::Uninitialized);
+            std::memcpy(copy.data(), picture.constData(), size_t(picture.size()));
+            bench::keep(copy);
+        }
+    });
+    QByteArray target(total, '\0');
+    const double hot = bench::bestMs(20, [&] {
         char* out = target.data();
         for (const QByteArray& picture : pictures) {
             std::memcpy(out, picture.constData(), size_t(picture.size()));
@@ -78,6 +87,7 @@ void measure(const QString& root, const char* name, const QString& relative, con
                 static_cast<long long>(sprites->count()), static_cast<long long>(pictures.size()), total / 1e6,
                 QFileInfo(path).size() / 1e6);
     bench::report("memcpy of the decoded pixels (baseline)", floor, floor);
+    bench::report("memcpy into memory already in use", hot, floor);
     bench::report("open (decode and hash every picture)", bench::bestMs(5, [&] { bench::keep(open(path)); }),
                   floor);
     const QString saved = directory + QStringLiteral("/saved.sff");
