@@ -99,6 +99,8 @@ int info(const QCliRun& run, const QString& fileName)
         }
         run.printJson(QJsonObject{ { QStringLiteral("file"), fileName },
                                    { QStringLiteral("version"), versionText(sprites.getVersion()) },
+                                   { QStringLiteral("spriteCount"), sprites.count() },
+                                   { QStringLiteral("paletteCount"), sprites.paletteCount() },
                                    { QStringLiteral("sprites"), list },
                                    { QStringLiteral("palettes"), palettes } });
         return 0;

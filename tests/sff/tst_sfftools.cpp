@@ -77,6 +77,8 @@ void TestSff::commandLine()
     QCOMPARE(json.value(QStringLiteral("version")).toString(), QStringLiteral("2.0.0.0"));
     const QJsonArray list = json.value(QStringLiteral("sprites")).toArray();
     QCOMPARE(list.size(), 281);
+    QCOMPARE(json.value(QStringLiteral("spriteCount")).toInt(), 281);
+    QCOMPARE(json.value(QStringLiteral("paletteCount")).toInt(), 7);
     int links = 0;
     for (const QJsonValue& sprite : list)
         links += sprite.toObject().value(QStringLiteral("link")).toInt() >= 0 ? 1 : 0;
