@@ -66,6 +66,18 @@ QStreamCacheFilterType filterOf(quint8 compression)
     }
 }
 
+/**
+ * Whether a payload of `length` bytes can hold a picture of this size. No
+ * encoding here packs more than about a thousand bytes of pixels into one
+ * (deflate at best, run lengths far less): a damaged header that claims more
+ * would only make the decoder allocate for nothing.
+ */
+bool plausibleSize(int width, int height, QImage::Format format, qint64 length)
+{
+    const qint64 bytes = qint64(width) * height * qMax(1, formatToDepth(format) / 8);
+    return bytes <= 1100 * length + 65536;
+}
+
 /// Sprites 0,0 and 9000,0 are the ones the engine draws with the character's palette.
 bool takesCharacterPalette(quint16 group, quint16 index)
 {
@@ -191,8 +203,10 @@ bool QSFFReader::readVersion1()
             }
         } else {
             const qint64 length = sub.nextOffset > dataStart ? qint64(sub.nextOffset) - dataStart : qint64(sub.length);
-            QImage image = loadPCX(bytesAt(dataStart, length));
-            palette = v1Palette(sprite, image, sub, count, characterPalette, current);
+            const QByteArray pcx = bytesAt(dataStart, length);
+            const QImageInfo info = infoFromPCX(pcx);
+            QImage image = plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx) : QImage();
+            palette = v1Palette(image, sub, count, characterPalette, current);
             if (!image.isNull()) {
                 bool changed = false;
                 if (palette && palette->colorCount() < 256)
@@ -203,7 +217,7 @@ bool QSFFReader::readVersion1()
                     sprite->setEncodedImage(pixels, cfNone, quint16(image.width()), quint16(image.height()),
                                             image.format(), crc);
                 else
-                    sprite->setEncodedImage(bytesAt(dataStart, length), cfPCX, quint16(image.width()),
+                    sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()),
                                             quint16(image.height()), image.format(), crc);
             }
         }
@@ -220,10 +234,9 @@ bool QSFFReader::readVersion1()
     return true;
 }
 
-QSpritePalette* QSFFReader::v1Palette(QSprite* sprite, const QImage& image, const QSFFv1SubHeader& header,
-                                      int position, QSpritePalette*& characterPalette, QSpritePalette* current)
+QSpritePalette* QSFFReader::v1Palette(const QImage& image, const QSFFv1SubHeader& header, int position,
+                                      QSpritePalette*& characterPalette, QSpritePalette* current)
 {
-    Q_UNUSED(sprite);
     QRGBA colors[256];
     if (m_character && takesCharacterPalette(header.group, header.index)) {
         if (!characterPalette) {
@@ -346,7 +359,8 @@ bool QSFFReader::readV2Sprites(const QList<QSFFv2Sprite>& records, const QSFFv2H
 void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, const QSFFv2Header& header)
 {
     const QImage::Format format = depthToFormat(record.depth);
-    if (format == QImage::Format_Invalid || record.width == 0 || record.height == 0)
+    if (format == QImage::Format_Invalid || record.width == 0 || record.height == 0
+        || !plausibleSize(record.width, record.height, format, record.length))
         return;
     const qint64 block = (record.flags & sfDecompressOnLoad) ? header.tdataOffset : header.ldataOffset;
     const qint64 start = block + record.offset;

@@ -43,7 +43,7 @@ private:
     void readV2Palettes(const QList<QSFFv2Palette>& records, const QSFFv2Header& header, quint32 version);
     bool readV2Sprites(const QList<QSFFv2Sprite>& records, const QSFFv2Header& header, uint total);
     void readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, const QSFFv2Header& header);
-    QSpritePalette* v1Palette(QSprite* sprite, const QImage& image, const QSFFv1SubHeader& header, int position,
+    QSpritePalette* v1Palette(const QImage& image, const QSFFv1SubHeader& header, int position,
                               QSpritePalette*& characterPalette, QSpritePalette* current);
     void joinDuplicates();
     bool step(uint position, uint maximum);
