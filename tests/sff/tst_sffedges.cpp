@@ -287,6 +287,22 @@ void TestSff::rawSpriteRows()
         for (int y = 0; y < 5; ++y)
             QCOMPARE(QByteArray(reinterpret_cast<const char*>(image.constScanLine(y)), 3), pixels.mid(3 * y, 3));
     }
+    // A header that claims far more pixels than its payload can hold is damage:
+    // that sprite stays empty, and nothing is allocated for it.
+    SffV2Builder damaged = file;
+    QSFFv2Sprite huge = plain;
+    huge.index = 2;
+    huge.width = huge.height = 65535;
+    huge.compression = 4;
+    huge.length = 10;
+    damaged.sprites.append(huge);
+    QVERIFY(writeFile(path, damaged.bytes()));
+    auto partly = loadSprites(path);
+    QVERIFY(partly);
+    QCOMPARE(partly->count(), 3);
+    QVERIFY(!partly->at(2)->imageData());
+    QVERIFY(partly->at(1)->imageData());
+
     // Raw pixels are never written: the next save encodes them.
     QVERIFY(sprites->toFile(path));
     QCOMPARE(spriteRecords(readFile(path)).first().compression, quint8(10));
