@@ -71,7 +71,13 @@ void QStreamCache::store(QStreamCacheItem* item, const QByteArray& data, QStream
 
     // Only payloads of no format are worth zlib: the others are compressed already.
     const bool compress = m_compress && filter == cfNone && !data.isEmpty();
-    const QByteArray stored = compress ? qCompress(data, m_level) : data;
+    QByteArray stored = data;
+    if (compress) {
+        stored = qCompress(data, m_level);
+        // zlib's output buffer is sized for the worst case; in memory mode
+        // the item would otherwise keep that whole allocation alive.
+        stored.squeeze();
+    }
     item->storedSize = quint32(stored.size());
     item->inputSize = quint32(data.size());
 

@@ -37,7 +37,7 @@ QMugenSyntaxProcessor::QMugenSyntaxProcessor(QTextDocument* document, const QMug
 
 void QMugenSyntaxProcessor::highlightBlock(const QString& text)
 {
-    QSyntaxBlockData* data = initializeBlockData();
+    QTextEditorBlockData* data = initializeBlockData();
     m_inBlock = true;
     m_lines = nullptr;
     setCurrentBlockState(processLine(text, previousBlockState()));

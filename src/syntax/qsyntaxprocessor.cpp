@@ -24,7 +24,7 @@ int QSyntaxProcessor::errorCount() const
     if (!document())
         return 0;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        if (const QSyntaxBlockData* data = blockData(block.userData())) {
+        if (const QTextEditorBlockData* data = blockData(block.userData())) {
             for (const QSynMsg& msg : data->messages)
                 errors += msg.isError() ? 1 : 0;
         }
@@ -32,16 +32,16 @@ int QSyntaxProcessor::errorCount() const
     return errors;
 }
 
-QSyntaxBlockData* QSyntaxProcessor::blockData(QTextBlockUserData* data)
+QTextEditorBlockData* QSyntaxProcessor::blockData(QTextBlockUserData* data)
 {
-    return static_cast<QSyntaxBlockData*>(data);
+    return static_cast<QTextEditorBlockData*>(data);
 }
 
-QSyntaxBlockData* QSyntaxProcessor::initializeBlockData()
+QTextEditorBlockData* QSyntaxProcessor::initializeBlockData()
 {
-    QSyntaxBlockData* data = blockData(currentBlockUserData());
+    QTextEditorBlockData* data = blockData(currentBlockUserData());
     if (!data) {
-        data = new QSyntaxBlockData;
+        data = new QTextEditorBlockData;
         setCurrentBlockUserData(data);
     }
     return data;

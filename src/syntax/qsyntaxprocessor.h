@@ -1,13 +1,13 @@
 #pragma once
 
-#include "qsyntaxblockdata.h"
+#include "text/qtexteditorblockdata.h"
 
 #include <QSyntaxHighlighter>
 
 /**
  * Base of the processors that colour and check a text document line by line
  * for one engine version. Each line's findings are kept in its
- * QSyntaxBlockData; setVersion() re-checks the whole document, so that a
+ * QTextEditorBlockData; setVersion() re-checks the whole document, so that a
  * finding comes or goes with the version alone.
  */
 class QSyntaxProcessor : public QSyntaxHighlighter
@@ -23,13 +23,13 @@ public:
     /// The errors (not warnings) of the whole document.
     int errorCount() const;
 
-    static QSyntaxBlockData* blockData(QTextBlockUserData* data);
+    static QTextEditorBlockData* blockData(QTextBlockUserData* data);
 
 protected:
     /// Re-highlights the whole document.
     virtual void versionChanged();
     /// The current block's data, made on its first pass and kept.
-    QSyntaxBlockData* initializeBlockData();
+    QTextEditorBlockData* initializeBlockData();
 
 private:
     unsigned int m_version = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "paramregbase.h"
-#include "qrecycleallocator.h"
+#include "util/qrecycleallocator.h"
 
 /**
  * The registry entry of parameter class T: recognises its lines and makes

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "qgroupparam.h"
+#include "qtextelementreg.h"
 #include "qtextelementtypes.h"
 #include "qtexttoken.h"
 
 #include <QString>
-
-class QGroupParam;
 
 /**
  * Recognises the `key = value` lines of one key and value shape, offered one
@@ -13,28 +13,27 @@ class QGroupParam;
  * case, index 1 "=", and the rest must fit the sub-type (see matchToken()).
  * It holds no state between tokens, so one entry serves every line.
  */
-class ParamRegBase
+class ParamRegBase : public QTextElementReg
 {
 public:
     static constexpr QTextElementType paramType = 0x10;
 
     ParamRegBase(const QString& key, QGroupParamID id, QTextElementSubType subType);
-    virtual ~ParamRegBase() = default;
 
-    QTextElementType type() const { return paramType; }
-    QTextElementSubType subType() const { return m_subType; }
+    QTextElementType type() const override { return paramType; }
+    QTextElementSubType subType() const override { return m_subType; }
     const QString& key() const { return m_key; }
     QGroupParamID id() const { return m_id; }
 
     /// The first-character filter of the key: rule 2 (digit or "-") for a key
     /// starting with a digit, else rule 6 with the upper-cased first letter in
     /// the second byte (0 when it is beyond Latin-1).
-    unsigned int beginsWith() const;
+    unsigned int beginsWith() const override;
     /// Whether a line whose token at `index` is `token` can still be this
     /// parameter. The last token offered is an end of line.
-    bool matchToken(unsigned int index, const QTextToken& token) const;
+    bool matchToken(unsigned int index, const QTextToken& token) const override;
     /// A parameter of the registered class, set up with key and ID.
-    virtual QGroupParam* create() = 0;
+    QGroupParam* create() override = 0;
 
 protected:
     void setup(QGroupParam* param) const;

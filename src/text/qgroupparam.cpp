@@ -1,9 +1,24 @@
 #include "qgroupparam.h"
 
+#include "qparamgroup.h"
+
 void QGroupParam::setup(const QString& key, QGroupParamID id)
 {
     m_key = key;
     m_id = id;
+}
+
+void QGroupParam::update(const QList<QTextToken>& tokens)
+{
+    takeValue(tokens, block().text());
+}
+
+void QGroupParam::clean()
+{
+    if (m_group)
+        m_group->forget(this);
+    m_writtenLine.clear();
+    QTextElement::clean();
 }
 
 void QGroupParam::changeValue(const QString& value)
@@ -13,7 +28,10 @@ void QGroupParam::changeValue(const QString& value)
 
 void QGroupParam::writeLine(const QString& line)
 {
-    m_writtenLine = line;
+    if (editor())
+        changeText(line, false);
+    else
+        m_writtenLine = line;
 }
 
 int QGroupParam::valueTokenCount(const QList<QTextToken>& tokens)

@@ -241,7 +241,7 @@ private slots:
         QMugenSyntaxProcessor processor(&document, &m_properties);
         processor.setVersion(engineVersion::v1_0);
         QCOMPARE(processor.errorCount(), 1);
-        const QSyntaxBlockData* data = QSyntaxProcessor::blockData(document.findBlockByNumber(5).userData());
+        const QTextEditorBlockData* data = QSyntaxProcessor::blockData(document.findBlockByNumber(5).userData());
         QVERIFY(data);
         QCOMPARE(data->messages.size(), 1);
         QCOMPARE(data->messages.first().column, 4);

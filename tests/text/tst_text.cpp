@@ -326,7 +326,7 @@ private slots:
         QCOMPARE(param->groupType(), 0x10u);
         pool.clean(static_cast<QIntParam*>(param));
         QCOMPARE(reg.create(), param); // taken back from the free list
-        QCOMPARE(pool.size(), 1);
+        QCOMPARE(pool.allocated(), 1);
 
         QCOMPARE(ParamReg<QIntParam>(QStringLiteral("3d"), 1, &pool).beginsWith(), 2u);
         QCOMPARE(ParamReg<QIntParam>(QStringLiteral("ñame"), 1, &pool).beginsWith(), 0xD106u);

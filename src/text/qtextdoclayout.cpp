@@ -1,0 +1,6 @@
+#include "qtextdoclayout.h"
+
+QTextDocLayout::QTextDocLayout(QTextDocument* document)
+    : QAbstractTextDocumentLayout(document)
+{
+}

@@ -1,0 +1,9 @@
+#include "qtexteditorblockdata.h"
+
+#include "qtextelement.h"
+
+QTextEditorBlockData::~QTextEditorBlockData()
+{
+    if (m_element)
+        m_element->lineDeleted();
+}
