@@ -359,26 +359,25 @@ bool QSFFReader::readV2Sprites(const QList<QSFFv2Sprite>& records, const QSFFv2H
 void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, const QSFFv2Header& header)
 {
     const QImage::Format format = depthToFormat(record.depth);
-    if (format == QImage::Format_Invalid || record.width == 0 || record.height == 0
-        || !plausibleSize(record.width, record.height, format, record.length))
+    if (format == QImage::Format_Invalid || record.width == 0 || record.height == 0)
         return;
     const qint64 block = (record.flags & sfDecompressOnLoad) ? header.tdataOffset : header.ldataOffset;
-    const qint64 start = block + record.offset;
+    const QByteArray data = bytesAt(block + record.offset, record.length);
+    // Judged by the bytes the file really holds, not the length it claims.
+    if (!plausibleSize(record.width, record.height, format, data.size()))
+        return;
     if (record.compression == 0) {
         // Raw pixels are rows of depth * width / 8 bytes end to end. The
         // engine's own raw fonts carry no size prefix; a payload exactly four
         // bytes longer than its rows has one, and it is skipped.
         const qint64 rows = qint64(formatToDepth(format)) * record.width / 8 * record.height;
-        const qint64 skip = record.length == rows + 4 ? 4 : 0;
-        const QImage image = loadRAW(record.width, record.height, format, bytesAt(start + skip, record.length - skip));
+        const QImage image = loadRAW(record.width, record.height, format, data.mid(data.size() == rows + 4 ? 4 : 0));
         sprite->setEncodedImage(imageBytes(image), cfNone, record.width, record.height, format);
         return;
     }
-    if (record.length < 4)
+    if (data.size() < 4)
         return;
-    const QStreamCacheFilterType filter = filterOf(record.compression);
-    sprite->setEncodedImage(bytesAt(start + 4, qint64(record.length) - 4), filter, record.width, record.height,
-                            format);
+    sprite->setEncodedImage(data.mid(4), filterOf(record.compression), record.width, record.height, format);
 }
 
 void QSFFReader::joinDuplicates()
