@@ -3,6 +3,10 @@
 
 #include "managers/qconfigmanager.h"
 #include "managers/qlanguagemanager.h"
+#include "model/qproject.h"
+#include "syntax/qsyntaxtexteditor.h"
+#include "text/qcommonelements.h"
+#include "text/qtextelementreg.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -13,6 +17,8 @@ MainWindow::MainWindow(QWidget* parent)
     , m_ui(std::make_unique<Ui::MainWindow>())
 {
     m_ui->setupUi(this);
+    QSyntaxTextEditor::initProperties(QCoreApplication::applicationDirPath());
+    QProject::init();
     connect(langMan, &QLanguageManager::langChanged, this, &MainWindow::retranslate);
 }
 
@@ -22,6 +28,8 @@ MainWindow::~MainWindow()
     // keeps its state in it is gone: a process that dies earlier keeps the
     // configuration it started with.
     configMan->toFile(QCoreApplication::applicationDirPath() + QStringLiteral("/config.xml"));
+    releaseCommonElements();
+    QTextElementReg::release();
 }
 
 void MainWindow::retranslate()

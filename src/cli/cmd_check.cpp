@@ -1,10 +1,15 @@
 // pugilforge-cli check FILE [--engine beta|1.0|1.1]: the live checker's
-// findings on one text file of the engine.
+// findings on one text file of the engine, or, for a DEF, on every text file
+// of its project, with the file names that work only where the engine runs.
 #include "qclicommand.h"
 
+#include "model/qdefinitions.h"
+#include "model/qproject.h"
 #include "syntax/qmugensyntaxprocessor.h"
 #include "text/qcodecs.h"
+#include "text/qfileparam.h"
 #include "util/qengineversion.h"
+#include "util/qpathresolver.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -44,15 +49,11 @@ bool readDefVersion(const QString& fileName, unsigned int& version)
     return false;
 }
 
-// The version of the DEF beside `fileName`: the file itself when it is one,
-// else the only DEF of its folder naming the file, else the only DEF there.
+// The version of the DEF beside `fileName`: the only DEF of its folder naming
+// the file, else the only DEF there.
 bool versionBeside(const QString& fileName, unsigned int& version, QString& defName)
 {
     const QFileInfo info(fileName);
-    if (info.suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) == 0 && readDefVersion(fileName, version)) {
-        defName = fileName;
-        return true;
-    }
     const QFileInfoList defs = info.dir().entryInfoList({QStringLiteral("*.def"), QStringLiteral("*.DEF")}, QDir::Files);
     QStringList naming;
     for (const QFileInfo& def : defs) {
@@ -66,6 +67,128 @@ bool versionBeside(const QString& fileName, unsigned int& version, QString& defN
     if (candidates.isEmpty() || !readDefVersion(candidates.first(), version))
         return false;
     defName = candidates.first();
+    return true;
+}
+
+/// What the checked files said, summed.
+struct Findings
+{
+    int counts[3] = {0, 0, 0}; // errors, warnings, deprecations
+    QJsonArray messages;
+};
+
+void report(const QCliRun& run, const QString& fileName, int line, int column, int type, const QString& text,
+            Findings& findings)
+{
+    const QString kind = type == 0 ? QStringLiteral("error") : type == 2 ? QStringLiteral("deprecation")
+                                                                         : QStringLiteral("warning");
+    ++findings.counts[qBound(0, type, 2)];
+    if (run.json()) {
+        findings.messages.append(QJsonObject{{QStringLiteral("file"), fileName},
+                                             {QStringLiteral("line"), line + 1},
+                                             {QStringLiteral("column"), column + 1},
+                                             {QStringLiteral("kind"), kind},
+                                             {QStringLiteral("text"), text}});
+    } else {
+        run.print(QStringLiteral("%1(%2): %3: %4").arg(fileName).arg(line + 1).arg(kind, text));
+    }
+}
+
+void checkText(const QCliRun& run, QMugenSyntaxProcessor& processor, const QString& fileName, const QString& text,
+               Findings& findings)
+{
+    const QVector<QSynMsgList> lines = processor.checkText(text);
+    for (int line = 0; line < lines.size(); ++line) {
+        for (const QSynMsg& msg : lines.at(line))
+            report(run, fileName, line, msg.column, msg.isError() ? 0 : msg.type, msg.text, findings);
+    }
+}
+
+/// A text file of the project in its own encoding; a null string when it can't be read.
+QString readText(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    QString text = stringFromData(file.readAll(), 0, nullptr);
+    if (text.startsWith(QChar(QChar::ByteOrderMark)))
+        text.remove(0, 1);
+    return text;
+}
+
+/// The line of the DEF's file parameter that names `name` (after the DEF's own rewriting), or 0.
+int lineNaming(const QDefinitions& def, const QString& name)
+{
+    for (QTextElement* element = def.head(); element; element = element->chainNext()) {
+        if (element->groupType() != QGroupParam::paramGroupType || element->subType() != QFileParam::paramSubType)
+            continue;
+        QString value = static_cast<const QFileParam*>(element)->fileName();
+        value.replace(QLatin1Char('\\'), QLatin1Char('/'));
+        if (value.endsWith(name, Qt::CaseSensitive))
+            return element->line();
+    }
+    return 0;
+}
+
+/// Names that lead to their file only on a system like the engine's: backslashes and letter case.
+void checkFileNames(const QCliRun& run, const QString& defName, const QDefinitions& def, Findings& findings)
+{
+    for (QTextElement* element = def.head(); element; element = element->chainNext()) {
+        if (element->groupType() != QGroupParam::paramGroupType || element->subType() != QFileParam::paramSubType)
+            continue;
+        const QString value = static_cast<const QFileParam*>(element)->fileName();
+        if (value.contains(QLatin1Char('\\')))
+            report(run, defName, element->line(), 0, 1,
+                   QStringLiteral("'%1' separates folders with '\\', which only Windows reads as a separator")
+                       .arg(value),
+                   findings);
+    }
+    const QProjectFiles files = def.files();
+    QStringList names = files.states;
+    names << files.sprites << files.animations << files.sounds << files.commands;
+    for (const QString& palette : files.palettes)
+        names << palette;
+    for (const QString& name : std::as_const(names)) {
+        const QResolvedPath path = resolvePath(files.baseDir, name);
+        if (path.exists && path.caseDiffers)
+            report(run, defName, lineNaming(def, name), 0, 1,
+                   QStringLiteral("'%1' is on disk as '%2': only a system that ignores letter case finds it")
+                       .arg(name, QDir(files.baseDir).relativeFilePath(path.path)),
+                   findings);
+    }
+}
+
+/// Checks the DEF and every text file of its project; the files checked go to `checked`.
+bool checkProject(const QCliRun& run, const QString& fileName, QMugenSyntaxProcessor& processor, bool ownVersion,
+                  QStringList& checked, Findings& findings)
+{
+    QProject::init();
+    QProject project;
+    if (!project.open(fileName, 0, false, false))
+        return false;
+    const QDefinitions& def = *project.definitions();
+    if (ownVersion)
+        processor.setVersion(def.version());
+
+    checked << fileName;
+    checkText(run, processor, fileName, def.document()->toPlainText(), findings);
+    checkFileNames(run, fileName, def, findings);
+    if (def.type() == ptCharacter) {
+        const QProjectFiles files = def.files();
+        for (const QString& name : {files.animations, files.commands}) {
+            const QResolvedPath path = resolvePath(files.baseDir, name);
+            const QString text = path.exists ? readText(path.path) : QString();
+            if (text.isNull())
+                continue;
+            checked << path.path;
+            checkText(run, processor, path.path, text, findings);
+        }
+    }
+    for (int i = 0; i < project.statesCount(); ++i) {
+        const QSyntaxTextEditor* states = project.states(i);
+        checked << states->fileName();
+        checkText(run, processor, states->fileName(), states->document()->toPlainText(), findings);
+    }
     return true;
 }
 
@@ -99,9 +222,10 @@ int runCheck(const QCliRun& run)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return run.fail(fileName, QStringLiteral("can't open the file"));
+    const bool project = QFileInfo(fileName).suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) == 0;
     // Authors' files come in any encoding; detection decides, as on loading.
-    const QString text = stringFromData(file.readAll(), 0, nullptr);
-    if (engine.isEmpty())
+    const QString text = project ? QString() : stringFromData(file.readAll(), 0, nullptr);
+    if (engine.isEmpty() && !project)
         versionBeside(fileName, version, versionSource);
 
     const QString syntaxName = QCoreApplication::applicationDirPath() + QStringLiteral("/syntax_mugen.xml");
@@ -113,35 +237,35 @@ int runCheck(const QCliRun& run)
     QTextDocument document;
     QMugenSyntaxProcessor processor(&document, &properties);
     processor.setVersion(version);
-    const QVector<QSynMsgList> lines = processor.checkText(text);
-
-    int counts[3] = {0, 0, 0}; // errors, warnings, deprecations
-    QJsonArray messages;
-    for (int line = 0; line < lines.size(); ++line) {
-        for (const QSynMsg& msg : lines.at(line)) {
-            const QString kind = msg.isError() ? QStringLiteral("error") : msg.type == 2 ? QStringLiteral("deprecation")
-                                                                                       : QStringLiteral("warning");
-            ++counts[qBound(0, msg.type, 2)];
-            if (run.json()) {
-                messages.append(QJsonObject{{QStringLiteral("line"), line + 1},
-                                            {QStringLiteral("column"), msg.column + 1},
-                                            {QStringLiteral("kind"), kind},
-                                            {QStringLiteral("text"), msg.text}});
-            } else {
-                run.print(QStringLiteral("%1(%2): %3: %4").arg(fileName).arg(line + 1).arg(kind, msg.text));
-            }
-        }
+    Findings findings;
+    QStringList checked;
+    if (project) {
+        // A DEF stands for its project: every text file of it, at the version the DEF declares.
+        initCodecs();
+        if (!checkProject(run, fileName, processor, engine.isEmpty(), checked, findings))
+            return run.fail(fileName, QStringLiteral("can't read the file"));
+        version = processor.version();
+        if (engine.isEmpty())
+            versionSource = fileName;
+    } else {
+        checked << fileName;
+        checkText(run, processor, fileName, text, findings);
     }
+
+    const int* counts = findings.counts;
     const QString label = engineVersion::label(version);
     if (run.json()) {
         run.printJson(QJsonObject{{QStringLiteral("file"), fileName},
                                   {QStringLiteral("engine"), label},
                                   {QStringLiteral("def"), versionSource},
+                                  {QStringLiteral("files"), QJsonArray::fromStringList(checked)},
                                   {QStringLiteral("errors"), counts[0]},
                                   {QStringLiteral("warnings"), counts[1]},
                                   {QStringLiteral("deprecations"), counts[2]},
-                                  {QStringLiteral("messages"), messages}});
+                                  {QStringLiteral("messages"), findings.messages}});
     } else {
+        if (checked.size() > 1)
+            run.print(QStringLiteral("%1: checked %2").arg(fileName, checked.join(QStringLiteral(", "))));
         run.print(QStringLiteral("%1: %2 error(s), %3 warning(s), %4 deprecation(s) for M.U.G.E.N. %5%6")
                       .arg(fileName)
                       .arg(counts[0])
@@ -154,8 +278,8 @@ int runCheck(const QCliRun& run)
 }
 
 const QCliCommand command("check", "check FILE [--engine beta|1.0|1.1]",
-                          "check an engine text file (CNS, ST, CMD, AIR, DEF) for an engine version; without "
-                          "--engine the version of the DEF beside the file",
+                          "check an engine text file (CNS, ST, CMD, AIR) for an engine version, or a DEF with "
+                          "every text file of its project; without --engine the version the DEF declares",
                           runCheck);
 
 } // namespace

@@ -1,26 +1,97 @@
 #pragma once
 
+#include "qprojecttypes.h"
+#include "qstreamcacheitem.h"
 #include "util/qmessages.h"
 #include "util/qpaths.h"
 
+#include <QList>
 #include <QObject>
+#include <QString>
+
+class QDefinitions;
+class QSprites;
+class QSyntaxTextEditor;
 
 /**
  * One open character, stage, storyboard, motif, font or fight-effects set:
- * a DEF file and the files it names. It owns the file models and collects
- * the messages of all of them; it holds no user interface, so it runs the
- * same under scripts and the command-line tool.
+ * a DEF file and the files it names. It owns the file models, loads them in
+ * one fixed order from what the DEF says, saves them, and collects the
+ * messages of all of them. It holds no user interface: it asks for what it
+ * needs through signals that return a value (saveFileName) and reports long
+ * work through progress(), so it runs the same under scripts and the
+ * command-line tool.
+ *
+ * The DEF's text is the truth about the project: type() and the files come
+ * from definitions() as the text stands. State files are the project's own
+ * documents, in the DEF's order.
  */
 class QProject : public QObject
 {
     Q_OBJECT
 public:
-    explicit QProject(QObject* parent = nullptr);
+    /// `cacheType` and `compression` choose how the sprites keep their payloads.
+    explicit QProject(QStreamCacheType cacheType = ctMemory, bool compression = false, QObject* parent = nullptr);
+    ~QProject() override;
+
+    /// Registers what the models read and decode (element kinds, payload
+    /// decoders), once per process, before the first project.
+    static void init();
+    /// How the kind shows to the author: "Character", "Stage", "System screens"...
+    static QString typeLabel(QProjectType type);
 
     QMessageList* messages() { return &m_messages; }
     QPaths& paths() { return m_paths; }
 
+    QDefinitions* definitions() const { return m_definitions; }
+    QSprites* sprites() const { return m_sprites; }
+    int statesCount() const { return int(m_states.size()); }
+    QSyntaxTextEditor* states(int index) const { return m_states.value(index); }
+    QProjectType type() const;
+
+    /// Nothing in any file and no state file.
+    bool isEmpty() const;
+    /// Asks about every modified file; false when the author keeps any of them.
+    bool canDiscard() const;
+
+    /// A new, empty state file at the end, checked for the DEF's version.
+    QSyntaxTextEditor* addStates(const QString& title);
+    /// Deletes the state file at `index` (its file on disk stays).
+    void removeStates(int index);
+    void moveStates(int from, int to);
+
+    /**
+     * Reads the DEF and then the files it names. With `backup` every file read
+     * is first copied into "backup/<stamp>/" beside the DEF; with `keepNames`
+     * the models take the contents only and keep their file names (loading a
+     * backup over the open project). False, with the project untouched, when
+     * the DEF can't be read; false when the receiver of progress() cancels.
+     * Files named in another letter case or with backslashes are found as the
+     * engine finds them; a state file that isn't there is skipped.
+     */
+    bool open(const QString& fileName, unsigned int codec, bool backup, bool keepNames);
+    /// Writes every file to its own name; a file without one is asked for through saveFileName().
+    bool save();
+    /// Writes the DEF to `fileName` and asks for a name for each other file.
+    bool saveAs(const QString& fileName, bool unicode);
+    /// Asks for a name for one file and writes it there; false when skipped or failed.
+    bool saveAs(QProjectFileType file, bool unicode, unsigned int index);
+
+signals:
+    /// Asks where to save a file; an empty answer skips it.
+    QString saveFileName(QProjectFileType file, const QString& path);
+    /// Long work: the receiver sets `allow` to false to cancel.
+    void progress(uint position, uint maximum, bool& allow);
+
 private:
+    QSyntaxTextEditor* newStates();
+    /// Writes a text file to its own name, or asks for one when it has none on disk.
+    bool saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned int index, bool onlyModified);
+    void renumberStates();
+
     QPaths m_paths;
     QMessageList m_messages;
+    QDefinitions* m_definitions;
+    QSprites* m_sprites;
+    QList<QSyntaxTextEditor*> m_states;
 };
