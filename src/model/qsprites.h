@@ -148,6 +148,33 @@ public:
     /// Order of autoOrganize for this file's version: negative when `a` goes first.
     int palOrgCompare(const QSprite* a, const QSprite* b) const;
 
+    // Files
+    /// Reads an SFF file of any version the program knows; false, with the
+    /// model empty, when it cannot be read. Unless `keepName`, the model
+    /// takes the path as its file name.
+    bool fromFile(const QString& path, bool keepName = false);
+    /**
+     * Writes the model as an SFF file of `version` (0 keeps the present one,
+     * any other becomes the model's). The file is replaced only when it is
+     * complete: a failed or cancelled save leaves the old one as it was.
+     * Unless `keepName`, the model takes the path as its name and keeps the
+     * payloads it encoded, so the next save copies them.
+     */
+    bool toFile(const QString& path, unsigned int version = 0, bool keepName = false);
+    bool canSave(unsigned int version) const override;
+    /// Makes the model fit its version before a save (true-colour sprites
+    /// become indexed below 2.0.1.0); false for an empty sprite or palette.
+    bool fixVersion(bool character);
+    /// Writes all sprites and palettes as image and palette files beside
+    /// `path`, described by `path`: a sprite compiler script for "*.def",
+    /// this program's export for any other suffix.
+    void exportAll(const QString& path);
+    /// As exportAll, for the sprites of one group and the palettes they use.
+    void exportGroup(int group, const QString& path);
+    /// Adds the sprites and palettes an export describes, at `at` (the end
+    /// for a negative position), as one undoable edit.
+    void import(QString path, int at = -1);
+
     // Undo
     void undo();
     void redo();
@@ -201,6 +228,12 @@ signals:
     /// Asks which of the sprites at `positions` go along with a change of the
     /// pixels they share; the receiver leaves those in the list.
     void dataSharing(QList<uint>& positions);
+    /// Asks for the character's palette while a version 1 file is read
+    /// whose palette sprite has no colours of its own.
+    void charPalette(QRGBATable* palette);
+    /// Names the sprites that cannot take the character's palette where
+    /// they stand when the file is saved as version 1.
+    void orderMustBeChanged(QList<uint> sprites);
 
 private:
     QProjectType projectType() const;

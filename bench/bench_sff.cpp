@@ -1,0 +1,119 @@
+// Opening SFF files (which decodes and hashes every picture), saving them
+// unchanged (payloads copied) and saving them re-encoded, beside a memcpy of
+// all their decoded pixels measured in the same run.
+
+#include "benchutil.h"
+
+#include "model/qspriteimagedata.h"
+#include "model/qsprites.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QSet>
+#include <QTemporaryDir>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+std::unique_ptr<QSprites> open(const QString& path)
+{
+    auto sprites = std::make_unique<QSprites>(nullptr, ctMemory, false, -1);
+    if (!sprites->fromFile(path))
+        return nullptr;
+    return sprites;
+}
+
+/// The decoded pixels of every picture of the file, once each.
+QList<QByteArray> decodedPictures(QSprites& sprites)
+{
+    QSet<const QSpriteImageData*> seen;
+    QList<QByteArray> pictures;
+    for (int i = 0; i < sprites.count(); ++i) {
+        const QSpriteImageData* data = sprites.at(i)->imageData();
+        if (data && !seen.contains(data)) {
+            seen.insert(data);
+            pictures.append(sprites.cache()->itemData(data->item));
+        }
+    }
+    return pictures;
+}
+
+/// Replaces every payload by its decoded pixels, so that a save must encode each one.
+void decodeAll(QSprites& sprites)
+{
+    QSet<QSpriteImageData*> seen;
+    for (int i = 0; i < sprites.count(); ++i) {
+        QSpriteImageData* data = sprites.at(i)->imageData();
+        if (!data || seen.contains(data))
+            continue;
+        seen.insert(data);
+        QStreamCacheItem* item = data->item;
+        sprites.cache()->setItemData(item, sprites.cache()->itemData(item), cfNone, data->param(), item->crc);
+    }
+}
+
+void measure(const QString& root, const char* name, const QString& relative, const QString& directory)
+{
+    const QString path = root + QLatin1Char('/') + relative;
+    auto sprites = open(path);
+    if (!sprites) {
+        std::printf("%s: not found or unreadable\n", name);
+        return;
+    }
+    const QList<QByteArray> pictures = decodedPictures(*sprites);
+    qsizetype total = 0;
+    for (const QByteArray& picture : pictures)
+        total += picture.size();
+    // The floor: every picture written once into memory of its own, as a
+    // decoder writes it; then the same bytes into memory already in use.
+    const double floor = bench::bestMs(20, [&] {
+        for (const QByteArray& picture : pictures) {
+            QByteArray copy(picture.size(), Qt::Uninitialized);
+            std::memcpy(copy.data(), picture.constData(), size_t(picture.size()));
+            bench::keep(copy);
+        }
+    });
+    QByteArray target(total, '\0');
+    const double hot = bench::bestMs(20, [&] {
+        char* out = target.data();
+        for (const QByteArray& picture : pictures) {
+            std::memcpy(out, picture.constData(), size_t(picture.size()));
+            out += picture.size();
+        }
+        bench::keep(target);
+    });
+    std::printf("\n%s: %lld sprites, %lld pictures, %.1f MB decoded, file %.1f MB\n", name,
+                static_cast<long long>(sprites->count()), static_cast<long long>(pictures.size()), total / 1e6,
+                QFileInfo(path).size() / 1e6);
+    bench::report("memcpy of the decoded pixels (baseline)", floor, floor);
+    bench::report("memcpy into memory already in use", hot, floor);
+    bench::report("open (decode and hash every picture)", bench::bestMs(5, [&] { bench::keep(open(path)); }),
+                  floor);
+    const QString saved = directory + QStringLiteral("/saved.sff");
+    bench::report("save unchanged (payloads copied)",
+                  bench::bestMs(5, [&] { bench::keep(sprites->toFile(saved, 0, true)); }), floor);
+    decodeAll(*sprites);
+    bench::report("save re-encoded (every picture encoded)",
+                  bench::bestMs(3, [&] { bench::keep(sprites->toFile(saved, 0, true)); }), floor);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    QSprites::init();
+    const QString root = bench::realData();
+    QTemporaryDir directory;
+    const QString screenpack = QStringLiteral("ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/");
+    measure(root, "kfm.sff (1.0, 2.0.0.0, LZ5)", QStringLiteral("fanyer__mugen/chars/kfm/kfm.sff"), directory.path());
+    measure(root, "kfm720.sff (screenpack, 2.0.1.0, PNG8)", screenpack + QStringLiteral("chars/kfm720/kfm720.sff"),
+            directory.path());
+    measure(root, "fight.sff (screenpack, 2.0.1.0, PNG32)", screenpack + QStringLiteral("data/fight.sff"),
+            directory.path());
+    measure(root, "mugen1/system.sff (2.0.0.0, RLE8)", QStringLiteral("fanyer__mugen/data/mugen1/system.sff"),
+            directory.path());
+    measure(root, "system.sff (1.0.1.0, PCX)", QStringLiteral("fanyer__mugen/data/system.sff"), directory.path());
+    return 0;
+}

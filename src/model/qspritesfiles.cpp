@@ -1,0 +1,187 @@
+// The file operations of QSprites: SFF reading and writing, the checks
+// before a save, and the export and import of loose image files.
+#include "qsprites.h"
+
+#include "image/qcolorquantizer.h"
+#include "model/qsffreader.h"
+#include "model/qsffwriter.h"
+#include "model/qspriteexporter.h"
+#include "model/qspriteimagedata.h"
+#include "model/qspriteimporter.h"
+#include "util/qprompt.h"
+
+#include <QHash>
+
+namespace {
+
+/**
+ * A true-colour picture with at most 256 colours: entry 0 is the transparent
+ * colour, which every fully transparent pixel takes; the opaque pixels take
+ * the nearest of up to 255 colours the quantizer finds for them.
+ */
+QImage quantized(const QImage& picture)
+{
+    const QImage source = picture.convertToFormat(QImage::Format_ARGB32);
+    if (source.isNull())
+        return QImage();
+    QColorQuantizer quantizer(255, 8);
+    quantizer.processImage(source);
+    QVector<QRgb> found;
+    quantizer.getColorTable(found);
+    const int used = qBound(1, quantizer.colorCount(), 255);
+    QVector<QRgb> table(256, qRgba(0, 0, 0, 0));
+    for (int i = 0; i < used; ++i)
+        table[i + 1] = found.at(i) | 0xFF000000u;
+
+    QImage target(source.size(), QImage::Format_Indexed8);
+    target.setColorTable(table);
+    QHash<QRgb, uchar> nearest;
+    for (int y = 0; y < source.height(); ++y) {
+        const QRgb* in = reinterpret_cast<const QRgb*>(source.constScanLine(y));
+        uchar* out = target.scanLine(y);
+        for (int x = 0; x < source.width(); ++x) {
+            if (qAlpha(in[x]) == 0) {
+                out[x] = 0;
+                continue;
+            }
+            const QRgb colour = in[x] | 0xFF000000u;
+            auto hit = nearest.constFind(colour);
+            if (hit == nearest.constEnd()) {
+                int best = 1;
+                int bestDistance = INT_MAX;
+                for (int i = 1; i <= used; ++i) {
+                    const int dr = qRed(colour) - qRed(table.at(i));
+                    const int dg = qGreen(colour) - qGreen(table.at(i));
+                    const int db = qBlue(colour) - qBlue(table.at(i));
+                    const int distance = dr * dr + dg * dg + db * db;
+                    if (distance < bestDistance) {
+                        bestDistance = distance;
+                        best = i;
+                    }
+                }
+                hit = nearest.insert(colour, uchar(best));
+            }
+            out[x] = hit.value();
+        }
+    }
+    return target;
+}
+
+} // namespace
+
+bool QSprites::fromFile(const QString& path, bool keepName)
+{
+    if (!QSFFReader(this, !project() || projectType() == ptCharacter).read(path))
+        return false;
+    if (!keepName)
+        m_fileName = path;
+    setModified(false);
+    return true;
+}
+
+bool QSprites::toFile(const QString& path, unsigned int version, bool keepName)
+{
+    if (version != 0)
+        setVersion(version);
+    if (!fixVersion(!project() || projectType() == ptCharacter))
+        return false;
+    if (!QSFFWriter(this, keepName).write(path))
+        return false;
+    if (!keepName)
+        m_fileName = path;
+    setModified(false);
+    return true;
+}
+
+bool QSprites::canSave(unsigned int version) const
+{
+    if (m_sprites.isEmpty()) {
+        prompt().warning(tr("Save SFF"), tr("You can't save an empty SFF because M.U.G.E.N. will not open it."));
+        return false;
+    }
+    if (version == defaultVersion && !containsIndexed())
+        return true;
+    if (m_palettes.isEmpty()) {
+        prompt().warning(tr("Save SFF"), tr("You can't save this SFF without palettes."));
+        return false;
+    }
+    return true;
+}
+
+bool QSprites::fixVersion(bool character)
+{
+    for (int i = 0; i < m_sprites.size(); ++i) {
+        if (!m_sprites.at(i)->imageData()) {
+            prompt().critical(tr("Empty sprite!"),
+                              tr("The sprite at index %1 is empty. You can't save a SFF file with an empty sprite.")
+                                  .arg(i + 1));
+            return false;
+        }
+    }
+    for (int i = 0; i < m_palettes.size(); ++i) {
+        if (!m_palettes.at(i)->data()) {
+            prompt().critical(tr("Empty palette!"),
+                              tr("The palette at index %1 is empty. You can't save a SFF file with an empty palette.")
+                                  .arg(i + 1));
+            return false;
+        }
+    }
+    if (m_version == defaultVersion)
+        return true;
+
+    // Below 2.0.1.0 every sprite must be indexed: the model itself is
+    // converted, as checkErrors warns, each picture with a palette of its own.
+    for (QSprite* sprite : qAsConst(m_sprites)) {
+        if (sprite->imageData()->format == QImage::Format_Indexed8)
+            continue;
+        const QImage indexed = quantized(sprite->image());
+        if (!indexed.isNull())
+            sprite->setImage(indexed, ssmShared, false, spmNew);
+    }
+
+    if (m_version == version101 && character) {
+        QList<uint> misplaced;
+        auto characterPaletteOf = [](const QSprite* sprite) {
+            return sprite->palette() && sprite->palette()->itemGroup() == 1;
+        };
+        for (int i = 0; i < m_sprites.size(); ++i) {
+            const QSprite* sprite = m_sprites.at(i);
+            const bool special = sprite->itemIndex() == 0 && (sprite->itemGroup() == 0 || sprite->itemGroup() == 9000);
+            if (special || !characterPaletteOf(sprite))
+                continue;
+            const QSprite* previous = at(i - 1);
+            if (!previous || (previous->palette() && !characterPaletteOf(previous)))
+                misplaced.append(uint(i));
+        }
+        if (!misplaced.isEmpty())
+            emit orderMustBeChanged(misplaced);
+    }
+    return true;
+}
+
+void QSprites::exportAll(const QString& path)
+{
+    QList<QSprite*> sprites = m_sprites;
+    QList<QSpritePalette*> palettes = m_palettes;
+    QSpriteExporter(this).write(path, sprites, palettes);
+}
+
+void QSprites::exportGroup(int group, const QString& path)
+{
+    QList<QSprite*> sprites;
+    QList<QSpritePalette*> palettes;
+    for (QSprite* sprite : qAsConst(m_sprites)) {
+        if (sprite->itemGroup() != group || !sprite->imageData())
+            continue;
+        sprites.append(sprite);
+        if (sprite->imageData()->format == QImage::Format_Indexed8 && sprite->palette()
+            && !palettes.contains(sprite->palette()))
+            palettes.append(sprite->palette());
+    }
+    QSpriteExporter(this).write(path, sprites, palettes);
+}
+
+void QSprites::import(QString path, int at)
+{
+    QSpriteImporter(this).read(path, at);
+}

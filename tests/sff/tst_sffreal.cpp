@@ -1,0 +1,284 @@
+// The SFF reader and writer on the engine's own files and those of others.
+#include "tst_sff.h"
+
+#include "qrecordingprompt.h"
+#include "realdata.h"
+#include "sffcompare.h"
+
+#include "formats/qimagefiles.h"
+#include "model/qspriteimagedata.h"
+#include "model/qsprites.h"
+
+#include <QDataStream>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr quint32 v101 = 0x01000100;
+constexpr quint32 v200 = 0x02000000;
+constexpr quint32 v201 = 0x02000100;
+
+struct HeaderCounts
+{
+    quint32 version = 0;
+    quint32 sprites = 0;
+    quint32 palettes = 0;
+};
+
+/// The counts the header states, read apart from the reader under test.
+HeaderCounts headerCounts(const QByteArray& file)
+{
+    QDataStream stream(file);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    HeaderCounts counts;
+    stream.skipRawData(12);
+    stream >> counts.version;
+    if (counts.version == v101) {
+        stream.skipRawData(4);
+        stream >> counts.sprites;
+    } else {
+        stream.skipRawData(24);
+        quint32 offset = 0;
+        stream >> counts.sprites >> offset >> counts.palettes;
+    }
+    return counts;
+}
+
+/// The stated width and height of each sprite of a version 2 file.
+QList<QSize> statedSizes(const QByteArray& file)
+{
+    QDataStream stream(file);
+    stream.setByteOrder(QDataStream::LittleEndian);
+    stream.skipRawData(36);
+    quint32 offset = 0;
+    quint32 count = 0;
+    stream >> offset >> count;
+    QList<QSize> sizes;
+    for (quint32 i = 0; i < count; ++i) {
+        QSFFv2Sprite record;
+        stream.device()->seek(offset + 28 * i);
+        stream >> record;
+        sizes.append(QSize(record.width, record.height));
+    }
+    return sizes;
+}
+
+bool allIndexed(const QSprites& sprites)
+{
+    for (int i = 0; i < sprites.count(); ++i)
+        if (sprites.at(i)->imageData() && sprites.at(i)->imageData()->format != QImage::Format_Indexed8)
+            return false;
+    return true;
+}
+
+QString versionName(quint32 version)
+{
+    return version == v101 ? QStringLiteral("1.0.1.0") : version == v200 ? QStringLiteral("2.0.0.0")
+                                                                           : QStringLiteral("2.0.1.0");
+}
+
+} // namespace
+
+void TestSff::loadsRealFiles_data()
+{
+    QTest::addColumn<QString>("path");
+    for (const QString& path : realDataFiles({ QStringLiteral("sff") }))
+        QTest::newRow(qPrintable(QDir(realDataDir()).relativeFilePath(path))) << path;
+}
+
+void TestSff::loadsRealFiles()
+{
+    PF_REQUIRE_REALDATA();
+    QFETCH(QString, path);
+    QRecordingPrompt prompt;
+    const QByteArray file = readFile(path);
+    const HeaderCounts counts = headerCounts(file);
+    auto sprites = loadSprites(path);
+    QVERIFY(sprites);
+    QCOMPARE(sprites->getVersion(), counts.version);
+    QCOMPARE(quint32(sprites->count()), counts.sprites);
+    if (counts.version != v101)
+        QCOMPARE(quint32(sprites->paletteCount()), counts.palettes);
+    const QList<QSize> stated = counts.version == v101 ? QList<QSize>() : statedSizes(file);
+    for (int i = 0; i < sprites->count(); ++i) {
+        const QSprite* sprite = sprites->at(i);
+        QVERIFY2(sprite->imageData(), qPrintable(QStringLiteral("sprite %1 is empty").arg(i)));
+        const QImage image = sprite->image(sipDisplay);
+        QVERIFY(!image.isNull());
+        if (!stated.isEmpty())
+            QCOMPARE(image.size(), stated.at(i));
+        // The decoder gave every byte of the picture, no more and no less.
+        const QByteArray decoded = sprites->cache()->itemData(sprite->imageData()->item);
+        QCOMPARE(decoded.size(), image.sizeInBytes());
+    }
+}
+
+void TestSff::roundTrips_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<quint32>("version");
+    for (const QString& path : realDataFiles({ QStringLiteral("sff") }))
+        for (quint32 version : { v101, v200, v201 })
+            QTest::newRow(qPrintable(QDir(realDataDir()).relativeFilePath(path) + QLatin1Char('@')
+                                     + versionName(version)))
+                << path << version;
+}
+
+void TestSff::roundTrips()
+{
+    PF_REQUIRE_REALDATA();
+    QFETCH(QString, path);
+    QFETCH(quint32, version);
+    QRecordingPrompt prompt;
+    auto original = loadSprites(path);
+    QVERIFY(original);
+    // True colour goes below 2.0.1.0 only through a lossy conversion.
+    if (version != v201 && !allIndexed(*original))
+        QSKIP("true-colour sprites cannot be kept in this version");
+
+    // A version 1 character shows 0,0 and 9000,0 in one palette, the character's.
+    const int stand = original->find(0, 0, 0);
+    const int portrait = original->find(0, 9000, 0);
+    if (version == v101 && stand >= 0 && portrait >= 0
+        && original->at(stand)->palette() != original->at(portrait)->palette())
+        QSKIP("0,0 and 9000,0 have different palettes, which version 1 cannot hold");
+    const quint32 source = original->getVersion();
+    QTemporaryDir dir;
+    const QString target = dir.filePath(QStringLiteral("saved.sff"));
+    QVERIFY(original->toFile(target, version, true));
+    auto saved = loadSprites(target);
+    QVERIFY(saved);
+    QCOMPARE(saved->getVersion(), version);
+    QCOMPARE(spriteDifferences(*original, *saved, version != v101 && source != v101), QStringList());
+    QCOMPARE(linkDifferences(*original, *saved), QStringList());
+    if (version != v101)
+        QCOMPARE(paletteDifferences(*original, *saved, version == source), QStringList());
+    if (version != source)
+        return;
+
+    // Unchanged in its own version: every payload that the version can hold goes back byte for byte.
+    QStreamCache* before = original->cache();
+    QStreamCache* after = saved->cache();
+    for (int i = 0; i < original->count(); ++i) {
+        const QStreamCacheItem* item = original->at(i)->imageData()->item;
+        const QStreamCacheFilterType filter = before->itemFilter(item);
+        if (filter == cfNone || filter == cfRLE5)
+            continue;
+        QCOMPARE(after->itemFilter(saved->at(i)->imageData()->item), filter);
+        QVERIFY2(after->itemRawData(saved->at(i)->imageData()->item) == before->itemRawData(item),
+                 qPrintable(QStringLiteral("payload of sprite %1 changed").arg(i)));
+    }
+}
+
+void TestSff::kfmOfBothEnginesAgree()
+{
+    PF_REQUIRE_REALDATA();
+    QRecordingPrompt prompt;
+    auto old = loadSprites(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff"));
+    auto resaved = loadSprites(realDataDir() + QStringLiteral("/Tunlan__mugen-1.1b1/chars/kfm/kfm.sff"));
+    QVERIFY(old && resaved);
+    QCOMPARE(old->getVersion(), v200);
+    QCOMPARE(resaved->getVersion(), v201);
+    QCOMPARE(spriteDifferences(*old, *resaved, true), QStringList());
+    QCOMPARE(paletteDifferences(*old, *resaved, false), QStringList());
+}
+
+void TestSff::exportImport_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("kfm 2.0.0.0") << QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff");
+    QTest::newRow("fight 1.0.1.0") << QStringLiteral("/fanyer__mugen/data/fight.sff");
+    QTest::newRow("stage0 2.0.1.0") << QStringLiteral("/ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/stages/stage0.sff");
+}
+
+void TestSff::exportImport()
+{
+    PF_REQUIRE_REALDATA();
+    QFETCH(QString, path);
+    QRecordingPrompt prompt;
+    auto original = loadSprites(realDataDir() + path);
+    QVERIFY(original);
+    QTemporaryDir dir;
+    const QString target = dir.filePath(QStringLiteral("all.pfe"));
+    original->exportAll(target);
+    auto imported = newSprites();
+    imported->import(target, -1);
+    QCOMPARE(spriteDifferences(*original, *imported, true), QStringList());
+    QCOMPARE(linkDifferences(*original, *imported), QStringList());
+    QCOMPARE(imported->paletteCount(), original->paletteCount());
+    for (int i = 0; i < original->count(); ++i) {
+        const QSpritePalette* a = original->at(i)->palette();
+        const QSpritePalette* b = imported->at(i)->palette();
+        QCOMPARE(b ? b->subItem() : QSubItem(-1, -1), a ? a->subItem() : QSubItem(-1, -1));
+    }
+    // One edit: undo takes the whole import back.
+    imported->undo();
+    QCOMPARE(imported->count(), 0);
+}
+
+void TestSff::compilerScriptNamesEachFileOnce()
+{
+    PF_REQUIRE_REALDATA();
+    QRecordingPrompt prompt;
+    auto sprites = loadSprites(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff"));
+    QVERIFY(sprites);
+    QTemporaryDir dir;
+    sprites->exportAll(dir.filePath(QStringLiteral("kfm.def")));
+    const QString text = QString::fromLatin1(readFile(dir.filePath(QStringLiteral("kfm.def"))));
+    QVERIFY(text.startsWith(QStringLiteral("[Output]\r\n;filename = kfm.sff\r\n")));
+
+    QSet<const void*> images;
+    for (int i = 0; i < sprites->count(); ++i)
+        images.insert(sprites->at(i)->imageData());
+    QSet<QString> imageNames;
+    QStringList paletteNames;
+    QString section;
+    for (const QString& line : text.split(QStringLiteral("\r\n"))) {
+        if (line.startsWith(QLatin1Char('['))) {
+            section = line;
+            continue;
+        }
+        const QStringList fields = line.section(QLatin1Char('?'), 0, 0).split(QLatin1Char(','));
+        if (fields.size() != 5)
+            continue;
+        const QString name = fields.at(2).trimmed();
+        QVERIFY2(QFile::exists(dir.filePath(name)), qPrintable(name));
+        if (section == QLatin1String("[Pal]"))
+            paletteNames << name;
+        else if (section == QLatin1String("[Sprite]"))
+            imageNames.insert(name);
+    }
+    // Every picture once, however many sprites show it; every palette line its own file.
+    QCOMPARE(imageNames.size(), images.size());
+    QCOMPARE(paletteNames.size(), sprites->paletteCount());
+    QCOMPARE(QDir(dir.path()).entryList({ QStringLiteral("*.png") }).size(), images.size());
+}
+
+void TestSff::truncatedFilesLeaveAnEmptyModel()
+{
+    PF_REQUIRE_REALDATA();
+    QRecordingPrompt prompt;
+    QTemporaryDir dir;
+    const QString target = dir.filePath(QStringLiteral("cut.sff"));
+    for (const QString& name : { QStringLiteral("/fanyer__mugen/data/fight.sff"),
+                                QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff") }) {
+        const QByteArray file = readFile(realDataDir() + name);
+        // Cut inside the header and the tables: nothing can be read.
+        for (int size : { 10, 100, 600 }) {
+            QVERIFY(writeFile(target, file.left(size)));
+            auto sprites = newSprites();
+            QVERIFY(!sprites->fromFile(target));
+            QVERIFY(sprites->isEmpty());
+        }
+        // Cut inside the pixels: what is there loads, the rest stays blank.
+        QVERIFY(writeFile(target, file.left(file.size() - 1000)));
+        auto sprites = newSprites();
+        if (sprites->fromFile(target))
+            for (int i = 0; i < sprites->count(); ++i)
+                sprites->at(i)->image(sipDisplay);
+        else
+            QVERIFY(sprites->isEmpty());
+    }
+}
