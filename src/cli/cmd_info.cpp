@@ -3,6 +3,7 @@
 
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
+#include "model/qsprites.h"
 #include "text/qcodecs.h"
 #include "util/qengineversion.h"
 #include "util/qpathresolver.h"
@@ -93,6 +94,8 @@ int runInfo(const QCliRun& run)
             {QStringLiteral("version"), qint64(def->version())},
             {QStringLiteral("localcoord"), QJsonArray{def->localCoord().width(), def->localCoord().height()}},
             {QStringLiteral("baseDir"), files.baseDir},
+            {QStringLiteral("spriteCount"), project.sprites()->count()},
+            {QStringLiteral("paletteCount"), project.sprites()->paletteCount()},
             {QStringLiteral("files"), list}});
         return 0;
     }
@@ -101,6 +104,9 @@ int runInfo(const QCliRun& run)
     run.print(QStringLiteral("engine: %1").arg(engineVersion::label(def->version())));
     run.print(QStringLiteral("localcoord: %1x%2").arg(def->localCoord().width()).arg(def->localCoord().height()));
     run.print(QStringLiteral("base: %1").arg(files.baseDir));
+    run.print(QStringLiteral("sprite count: %1 (%2 palettes)")
+                  .arg(project.sprites()->count())
+                  .arg(project.sprites()->paletteCount()));
     for (const NamedFile& file : named) {
         const QString state = !file.resolved.exists     ? QStringLiteral("missing")
                               : file.resolved.caseDiffers ? QStringLiteral("found, letter case differs")

@@ -1,5 +1,6 @@
 #include "qproject.h"
 
+#include "formats/qrgbpalette.h"
 #include "managers/qconfigmanager.h"
 #include "qdefinitions.h"
 #include "qsprites.h"
@@ -11,6 +12,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+
+#include <algorithm>
 
 namespace {
 
@@ -81,6 +84,7 @@ QProject::QProject(QStreamCacheType cacheType, bool compression, QObject* parent
     m_sprites = new QSprites(this, cacheType, compression, -1);
     // Long work the sprites do (caching textures when the kind of project changes) shows as the project's.
     connect(m_sprites, &QSprites::progress, this, &QProject::progress);
+    connect(m_sprites, &QSprites::charPalette, this, &QProject::giveCharacterPalette, Qt::DirectConnection);
 }
 
 QProject::~QProject()
@@ -168,7 +172,32 @@ bool QProject::open(const QString& fileName, unsigned int codec, bool backup, bo
     bool allow = true;
     emit progress(position, maximum, allow);
 
-    // Palettes, sprites, animations, sounds and commands join here as their models do.
+    // The DEF's palettes go in before the sprites: a version 1 SFF then finds
+    // the character's palette among them and adds its own after them.
+    for (int i = 0; i < QProjectFiles::paletteCount; ++i) {
+        const QResolvedPath path = resolvePath(files.baseDir, files.palettes.at(size_t(i)));
+        if (!path.exists)
+            continue;
+        if (!backupDir.isEmpty())
+            backupCopy(path.path, backupDir + files.palettes.at(size_t(i)));
+        loadPalette(path.path, i + 1);
+        emit progress(++position, maximum, allow);
+        if (!allow)
+            return false;
+    }
+
+    // A missing or unreadable SFF is no failure: the sprites stay empty.
+    const QResolvedPath sprites = resolvePath(files.baseDir, files.sprites);
+    if (sprites.exists) {
+        if (!backupDir.isEmpty())
+            backupCopy(sprites.path, backupDir + files.sprites);
+        m_sprites->fromFile(sprites.path, keepNames);
+    }
+    emit progress(++position, maximum, allow);
+    if (!allow)
+        return false;
+
+    // Animations, sounds and commands join here as their models do.
 
     int index = 0;
     for (const QString& name : files.states) {
@@ -191,6 +220,59 @@ bool QProject::open(const QString& fileName, unsigned int codec, bool backup, bo
     return true;
 }
 
+void QProject::loadPalette(const QString& path, int index)
+{
+    QRGBATable colors;
+    QRGBPalette palette;
+    palette.setPalette(&colors);
+    if (!palette.fromFile(path))
+        return;
+    // Loading is no edit of the author's: no undo step, no change to save.
+    const bool modified = m_sprites->isModified();
+    QSprites::ChangeLock lock(m_sprites);
+    // Reading the DEF again over an open project (a backup) renews the palette it already has.
+    const int present = m_sprites->findPalette(0, 1, index);
+    if (present >= 0)
+        m_sprites->restoreColors(present, colors, -1);
+    else
+        m_sprites->addPalette(colors, spsNew, 1, index);
+    m_sprites->setModified(modified);
+}
+
+void QProject::giveCharacterPalette(QRGBATable* colors) const
+{
+    for (int i = 1; i <= QProjectFiles::paletteCount; ++i) {
+        const QSpritePalette* palette = m_sprites->paletteAt(m_sprites->findPalette(0, 1, i));
+        if (palette && palette->colors()) {
+            std::copy(palette->colors(), palette->colors() + 256, *colors);
+            return;
+        }
+    }
+}
+
+bool QProject::saveSprites(bool onlyModified)
+{
+    if (!QFileInfo(m_sprites->fileName()).isFile())
+        return m_sprites->count() == 0 || saveSpritesAs();
+    if (onlyModified && !m_sprites->isModified())
+        return true;
+    // 0 keeps the file's own version.
+    return m_sprites->canSave(m_sprites->getVersion()) && m_sprites->toFile(m_sprites->fileName(), 0, false);
+}
+
+bool QProject::saveSpritesAs()
+{
+    if (m_sprites->count() == 0)
+        return false;
+    const quint32 version = emit spritesVersionToSave(m_sprites->getVersion());
+    if (version == 0 || !m_sprites->canSave(version))
+        return false;
+    const QString fileName = emit saveFileName(pftSprites, m_paths.value(QStringLiteral("proj_path")));
+    if (fileName.isEmpty())
+        return false;
+    return m_sprites->toFile(fileName, version, false);
+}
+
 bool QProject::saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned int index, bool onlyModified)
 {
     if (!QFileInfo(text->fileName()).isFile())
@@ -209,7 +291,8 @@ bool QProject::save()
     const uint maximum = uint(statesCount()) + fixedSaveSteps;
     bool allow = true;
     emit progress(0, maximum, allow);
-    // The sprites join here with their writer.
+    saved = saveSprites(onlyModified) && saved;
+    emit progress(1, maximum, allow);
     if (type() != ptCharacter)
         return saved;
     for (int i = 0; i < statesCount(); ++i) {
@@ -226,6 +309,8 @@ bool QProject::saveAs(const QString& fileName, bool unicode)
     const uint maximum = uint(statesCount()) + fixedSaveSteps;
     bool allow = true;
     emit progress(0, maximum, allow);
+    saved = (m_sprites->count() == 0 || saveSpritesAs()) && saved;
+    emit progress(1, maximum, allow);
     if (type() != ptCharacter)
         return saved;
     for (int i = 0; i < statesCount(); ++i) {
@@ -238,6 +323,8 @@ bool QProject::saveAs(const QString& fileName, bool unicode)
 
 bool QProject::saveAs(QProjectFileType file, bool unicode, unsigned int index)
 {
+    if (file == pftSprites)
+        return saveSpritesAs();
     QSyntaxTextEditor* text = file == pftDefinitions ? m_definitions
                               : file == pftStates    ? states(int(index))
                                                      : nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/qrgba.h"
 #include "qprojecttypes.h"
 #include "qstreamcacheitem.h"
 #include "util/qmessages.h"
@@ -75,16 +76,27 @@ public:
     /// Writes the DEF to `fileName` and asks for a name for each other file.
     bool saveAs(const QString& fileName, bool unicode);
     /// Asks for a name for one file and writes it there; false when skipped or failed.
+    /// An empty file is never written: the engine would not open it.
     bool saveAs(QProjectFileType file, bool unicode, unsigned int index);
 
 signals:
     /// Asks where to save a file; an empty answer skips it.
     QString saveFileName(QProjectFileType file, const QString& path);
+    /// Asks which SFF version to write, offering the present one; 0 skips the sprites.
+    quint32 spritesVersionToSave(quint32 currentVersion);
     /// Long work: the receiver sets `allow` to false to cancel.
     void progress(uint position, uint maximum, bool& allow);
 
 private:
     QSyntaxTextEditor* newStates();
+    /// Adds a palette file of the DEF as the character's palette `index` (group 1).
+    void loadPalette(const QString& path, int index);
+    /// Answers the sprites' request for the character's colours with the
+    /// first palette of the DEF that was loaded.
+    void giveCharacterPalette(QRGBATable* colors) const;
+    /// Writes the sprites to their own name, or asks for one when they have none on disk.
+    bool saveSprites(bool onlyModified);
+    bool saveSpritesAs();
     /// Writes a text file to its own name, or asks for one when it has none on disk.
     bool saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned int index, bool onlyModified);
     void renumberStates();

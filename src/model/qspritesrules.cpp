@@ -3,6 +3,7 @@
 
 #include "qsprites.h"
 
+#include "model/qproject.h"
 #include "model/qspriteimagedata.h"
 
 #include <QHash>
@@ -101,10 +102,8 @@ bool QSprites::fixImage(QImage& image, int count, const QVector<QRgb>& table)
 
 QProjectType QSprites::projectType() const
 {
-    // The project does not tell its kind to its files yet; until it does,
-    // every sprite file is checked by the rules of a character, as one
-    // opened on its own is.
-    return ptCharacter;
+    // A sprite file opened on its own is checked by the rules of a character.
+    return project() ? project()->type() : ptCharacter;
 }
 
 void QSprites::checkErrors()

@@ -42,6 +42,14 @@ private slots:
     void canDiscardAsksEveryStateFile();
     void saveWritesModifiedFilesAndAsksForNew();
 
+    // tst_projectsprites.cpp
+    void openJoinsRealSprites();
+    void defPalettesComeBeforeSprites();
+    void cancelledOpenReturnsFalse_data();
+    void cancelledOpenReturnsFalse();
+    void saveWritesChangedSprites();
+    void newCharacterAsksForSpriteFile();
+
     // tst_projectcli.cpp
     void infoCommandDescribesProject();
     void checkCommandChecksProjectAndNames();

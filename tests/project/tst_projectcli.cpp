@@ -33,6 +33,8 @@ void TestProject::infoCommandDescribesProject()
     QCOMPARE(info.json().value(QStringLiteral("engine")).toString(), QStringLiteral("1.0"));
     QCOMPARE(info.json().value(QStringLiteral("localcoord")).toArray(), (QJsonArray{320, 240}));
     QCOMPARE(info.json().value(QStringLiteral("files")).toArray().size(), 6);
+    QCOMPARE(info.json().value(QStringLiteral("spriteCount")).toInt(), 281);
+    QCOMPARE(info.json().value(QStringLiteral("paletteCount")).toInt(), 7);
     QVERIFY(fileEntry(info.json(), QStringLiteral("kfm.sff")).value(QStringLiteral("exists")).toBool());
     QCOMPARE(fileEntry(info.json(), QStringLiteral("kfm.cns")).value(QStringLiteral("role")).toString(),
              QStringLiteral("states"));
@@ -43,6 +45,7 @@ void TestProject::infoCommandDescribesProject()
     QVERIFY(text.out.contains("type: Stage\n"));
     QVERIFY(text.out.contains("name: Mountainside Temple\n"));
     QVERIFY(text.out.contains("sprites: kfm.sff -> "));
+    QVERIFY(text.out.contains("sprite count: "));
 
     QTemporaryDir dir;
     QCOMPARE(runCli({QStringLiteral("info"), dir.filePath(QStringLiteral("none.def"))}).exitCode, 1);
