@@ -45,6 +45,7 @@ private slots:
     // tst_projectsprites.cpp
     void openJoinsRealSprites();
     void defPalettesComeBeforeSprites();
+    void characterPaletteComesFromTheDef();
     void cancelledOpenReturnsFalse_data();
     void cancelledOpenReturnsFalse();
     void saveWritesChangedSprites();

@@ -174,6 +174,29 @@ void TestProject::defPalettesComeBeforeSprites()
     QCOMPARE(prompt.entries().size(), 0);
 }
 
+void TestProject::characterPaletteComesFromTheDef()
+{
+    QTemporaryDir dir;
+    writeAct(dir.filePath(QStringLiteral("second.act")), 20);
+    writeAct(dir.filePath(QStringLiteral("third.act")), 30);
+    kit::writeBytes(dir.filePath(QStringLiteral("hero.def")),
+                    "[Info]\r\nname = \"Hero\"\r\n\r\n[Files]\r\npal3 = third.act\r\npal2 = second.act\r\n");
+    QProject project;
+    QRGBATable colors;
+    // With no palette of its own, the project leaves the request unanswered.
+    std::fill(std::begin(colors), std::end(colors), QRGBA(1, 2, 3, 4));
+    emit project.sprites()->charPalette(&colors);
+    QCOMPARE(colors[5], QRGBA(1, 2, 3, 4));
+
+    // A version 1 character sprite without colours of its own asks for the
+    // character's; without a first palette in the DEF the first it has answers.
+    QVERIFY(project.open(dir.filePath(QStringLiteral("hero.def")), 0, false, false));
+    QCOMPARE(project.sprites()->paletteCount(), 2);
+    emit project.sprites()->charPalette(&colors);
+    QCOMPARE(colors[5], QRGBA(20, 20, 20, 255));
+    QCOMPARE(colors[0].a, uchar(0));
+}
+
 void TestProject::cancelledOpenReturnsFalse_data()
 {
     QTest::addColumn<int>("cancelAt");
