@@ -41,31 +41,13 @@ void PaletteListCommand::putBack()
     m_sprites->restoreColors(m_position, m_colors.colors(), m_sharer);
 }
 
-PaletteRemove::PaletteRemove(QSprites* sprites, int position)
-    : PaletteListCommand(sprites, position)
-{
-    capture();
-}
-
 PaletteMove::PaletteMove(QSprites* sprites, int from, int to)
-    : SpriteUndoCommand(sprites)
-    , m_from(from)
-    , m_to(to)
+    : ListMove(sprites, &QSprites::movePaletteObject, from, to)
 {
-}
-
-void PaletteMove::doRedo()
-{
-    m_sprites->movePaletteObject(m_from, m_to);
-}
-
-void PaletteMove::doUndo()
-{
-    m_sprites->movePaletteObject(m_to, m_from);
 }
 
 PaletteChangeInfo::PaletteChangeInfo(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
+    : SwapCommand(sprites)
     , m_position(position)
     , m_group(sprites->paletteAt(position)->itemGroup())
     , m_index(sprites->paletteAt(position)->itemIndex())
@@ -86,7 +68,7 @@ void PaletteChangeInfo::swap()
 }
 
 PaletteChangeColors::PaletteChangeColors(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
+    : SwapCommand(sprites)
     , m_position(position)
     , m_sharer(sprites->paletteSharer(position))
 {

@@ -30,31 +30,13 @@ void SpriteListCommand::putBack()
     m_image.hold(QImage());
 }
 
-SpriteRemove::SpriteRemove(QSprites* sprites, int position)
-    : SpriteListCommand(sprites, position)
-{
-    capture();
-}
-
 SpriteMove::SpriteMove(QSprites* sprites, int from, int to)
-    : SpriteUndoCommand(sprites)
-    , m_from(from)
-    , m_to(to)
+    : ListMove(sprites, &QSprites::moveSprite, from, to)
 {
-}
-
-void SpriteMove::doRedo()
-{
-    m_sprites->moveSprite(m_from, m_to);
-}
-
-void SpriteMove::doUndo()
-{
-    m_sprites->moveSprite(m_to, m_from);
 }
 
 SpriteChangeInfo::SpriteChangeInfo(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
+    : SwapCommand(sprites)
     , m_position(position)
     , m_properties(sprites->at(position)->properties())
 {
@@ -69,7 +51,7 @@ void SpriteChangeInfo::swap()
 }
 
 SpriteChangeImage::SpriteChangeImage(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
+    : SwapCommand(sprites)
     , m_position(position)
     , m_sharer(sprites->imageSharer(position))
 {
