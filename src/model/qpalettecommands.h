@@ -65,31 +65,22 @@ protected:
     void swap() override;
 
 private:
-
     int m_position;
     qint32 m_group;
     qint32 m_index;
     quint16 m_count;
 };
 
-/**
- * The colours of one palette, swapped on each replay: on the shared table
- * for a change that rewrote it for all sharers (setInPlace), otherwise on
- * this palette alone, rejoining the palette it shared with before.
- */
-class PaletteChangeColors : public SwapCommand
+/// How SharedDataChange reaches the colours of a palette.
+struct PaletteColors
 {
-public:
-    PaletteChangeColors(QSprites* sprites, int position);
-    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
-
-protected:
-    void swap() override;
-
-private:
-
-    int m_position;
-    PaletteUndoColors m_colors;
-    int m_sharer = -1;
-    bool m_inPlace = false;
+    using Held = PaletteUndoColors;
+    static PaletteUndoColors value(const Held& held) { return held; }
+    static void hold(Held& held, QSprites* sprites, int position);
+    static int sharer(QSprites* sprites, int position);
+    static void store(QSprites* sprites, int position, const PaletteUndoColors& colors);
+    static void restore(QSprites* sprites, int position, const PaletteUndoColors& colors, int sharer);
 };
+
+/// The colours of one palette, swapped on each replay (see SharedDataChange).
+using PaletteChangeColors = SharedDataChange<PaletteColors>;

@@ -50,23 +50,22 @@ void SpriteChangeInfo::swap()
     m_properties = present;
 }
 
-SpriteChangeImage::SpriteChangeImage(QSprites* sprites, int position)
-    : SwapCommand(sprites)
-    , m_position(position)
-    , m_sharer(sprites->imageSharer(position))
+void SpritePixels::hold(Held& held, QSprites* sprites, int position)
 {
-    m_image.hold(sprites->at(position)->image());
+    held.hold(sprites->at(position)->image());
 }
 
-void SpriteChangeImage::swap()
+int SpritePixels::sharer(QSprites* sprites, int position)
 {
-    QSprite* sprite = m_sprites->at(m_position);
-    const QImage held = m_image.image();
-    m_image.hold(sprite->image());
-    const int sharer = m_sprites->imageSharer(m_position);
-    if (m_inPlace)
-        sprite->storeImage(held);
-    else
-        m_sprites->restoreImage(m_position, held, m_sharer);
-    m_sharer = sharer;
+    return sprites->imageSharer(position);
+}
+
+void SpritePixels::store(QSprites* sprites, int position, const QImage& image)
+{
+    sprites->at(position)->storeImage(image);
+}
+
+void SpritePixels::restore(QSprites* sprites, int position, const QImage& image, int sharer)
+{
+    sprites->restoreImage(position, image, sharer);
 }

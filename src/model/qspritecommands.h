@@ -51,30 +51,20 @@ protected:
     void swap() override;
 
 private:
-
     int m_position;
     QSpriteProperties m_properties;
 };
 
-/**
- * The pixels of one sprite, swapped on each replay. A change that rewrote
- * the shared record (setInPlace) is replayed on the record, for all its
- * sharers; any other is replayed on this sprite alone, rejoining the sprite
- * it shared with before, or taking a record of its own.
- */
-class SpriteChangeImage : public SwapCommand
+/// How SharedDataChange reaches the pixels of a sprite.
+struct SpritePixels
 {
-public:
-    SpriteChangeImage(QSprites* sprites, int position);
-    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
-
-protected:
-    void swap() override;
-
-private:
-
-    int m_position;
-    SpriteUndoImage m_image;
-    int m_sharer = -1;
-    bool m_inPlace = false;
+    using Held = SpriteUndoImage;
+    static QImage value(const Held& held) { return held.image(); }
+    static void hold(Held& held, QSprites* sprites, int position);
+    static int sharer(QSprites* sprites, int position);
+    static void store(QSprites* sprites, int position, const QImage& image);
+    static void restore(QSprites* sprites, int position, const QImage& image, int sharer);
 };
+
+/// The pixels of one sprite, swapped on each replay (see SharedDataChange).
+using SpriteChangeImage = SharedDataChange<SpritePixels>;

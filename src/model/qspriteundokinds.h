@@ -1,8 +1,9 @@
 #pragma once
 
 // The shapes that the sprite commands and the palette commands have in
-// common. The sprite list and the palette list are undone the same way; only
-// what an item holds differs, and that stays in the item's own command.
+// common. The sprite list and the palette list are undone the same way, and
+// so are shared pixels and shared colours; only what an item holds and how
+// it is reached differ, and those stay with the sprite or palette commands.
 
 #include "model/qspriteundocommand.h"
 
@@ -68,4 +69,49 @@ protected:
 
     void doRedo() final { swap(); }
     void doUndo() final { swap(); }
+};
+
+/**
+ * The shared data of one item (pixels of a sprite, colours of a palette),
+ * swapped on each replay. A change that rewrote the shared data for all its
+ * sharers (setInPlace) is replayed on that data; any other is replayed on
+ * this item alone, rejoining the item it shared with before, or taking data
+ * of its own.
+ *
+ * Data says how: `Held` keeps the data in the command, `value(held)` copies
+ * it out, `hold(held, sprites, position)` keeps the item's present data, and
+ * `sharer`, `store` (in place) and `restore` (relinking) reach the model.
+ */
+template <class Data>
+class SharedDataChange : public SwapCommand
+{
+public:
+    SharedDataChange(QSprites* sprites, int position)
+        : SwapCommand(sprites)
+        , m_position(position)
+        , m_sharer(Data::sharer(sprites, position))
+    {
+        Data::hold(m_held, sprites, position);
+    }
+
+    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
+
+protected:
+    void swap() override
+    {
+        const auto held = Data::value(m_held);
+        Data::hold(m_held, m_sprites, m_position);
+        const int sharer = Data::sharer(m_sprites, m_position);
+        if (m_inPlace)
+            Data::store(m_sprites, m_position, held);
+        else
+            Data::restore(m_sprites, m_position, held, m_sharer);
+        m_sharer = sharer;
+    }
+
+private:
+    int m_position;
+    typename Data::Held m_held;
+    int m_sharer;
+    bool m_inPlace = false;
 };
