@@ -41,31 +41,13 @@ void PaletteListCommand::putBack()
     m_sprites->restoreColors(m_position, m_colors.colors(), m_sharer);
 }
 
-PaletteRemove::PaletteRemove(QSprites* sprites, int position)
-    : PaletteListCommand(sprites, position)
-{
-    capture();
-}
-
 PaletteMove::PaletteMove(QSprites* sprites, int from, int to)
-    : SpriteUndoCommand(sprites)
-    , m_from(from)
-    , m_to(to)
+    : ListMove(sprites, &QSprites::movePaletteObject, from, to)
 {
-}
-
-void PaletteMove::doRedo()
-{
-    m_sprites->movePaletteObject(m_from, m_to);
-}
-
-void PaletteMove::doUndo()
-{
-    m_sprites->movePaletteObject(m_to, m_from);
 }
 
 PaletteChangeInfo::PaletteChangeInfo(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
+    : SwapCommand(sprites)
     , m_position(position)
     , m_group(sprites->paletteAt(position)->itemGroup())
     , m_index(sprites->paletteAt(position)->itemIndex())
@@ -85,24 +67,22 @@ void PaletteChangeInfo::swap()
     m_count = presentCount;
 }
 
-PaletteChangeColors::PaletteChangeColors(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
-    , m_position(position)
-    , m_sharer(sprites->paletteSharer(position))
+void PaletteColors::hold(Held& held, QSprites* sprites, int position)
 {
-    m_colors.hold(sprites->paletteAt(position)->colors());
+    held.hold(sprites->paletteAt(position)->colors());
 }
 
-void PaletteChangeColors::swap()
+int PaletteColors::sharer(QSprites* sprites, int position)
 {
-    QSpritePalette* palette = m_sprites->paletteAt(m_position);
-    PaletteUndoColors present;
-    present.hold(palette->colors());
-    const int sharer = m_sprites->paletteSharer(m_position);
-    if (m_inPlace)
-        palette->storeColors(m_colors.colors());
-    else
-        m_sprites->restoreColors(m_position, m_colors.colors(), m_sharer);
-    m_colors = present;
-    m_sharer = sharer;
+    return sprites->paletteSharer(position);
+}
+
+void PaletteColors::store(QSprites* sprites, int position, const PaletteUndoColors& colors)
+{
+    sprites->paletteAt(position)->storeColors(colors.colors());
+}
+
+void PaletteColors::restore(QSprites* sprites, int position, const PaletteUndoColors& colors, int sharer)
+{
+    sprites->restoreColors(position, colors.colors(), sharer);
 }

@@ -4,7 +4,7 @@
 // they share.
 
 #include "formats/qrgba.h"
-#include "model/qspriteundocommand.h"
+#include "model/qspriteundokinds.h"
 
 #include <array>
 
@@ -45,80 +45,42 @@ private:
 };
 
 /// A palette inserted at a position; make it after the insertion.
-class PaletteInsert : public PaletteListCommand
-{
-public:
-    using PaletteListCommand::PaletteListCommand;
-
-protected:
-    void doRedo() override { putBack(); }
-    void doUndo() override { takeOut(); }
-};
-
+using PaletteInsert = ListInsert<PaletteListCommand>;
 /// A palette removed; make it before the removal, which it records.
-class PaletteRemove : public PaletteListCommand
-{
-public:
-    PaletteRemove(QSprites* sprites, int position);
+using PaletteRemove = ListRemove<PaletteListCommand>;
 
-protected:
-    void doRedo() override { takeOut(); }
-    void doUndo() override { putBack(); }
-};
-
-class PaletteMove : public SpriteUndoCommand
+class PaletteMove : public ListMove
 {
 public:
     PaletteMove(QSprites* sprites, int from, int to);
-
-protected:
-    void doRedo() override;
-    void doUndo() override;
-
-private:
-    int m_from;
-    int m_to;
 };
 
 /// Group, index and colour count of one palette, swapped on each replay.
-class PaletteChangeInfo : public SpriteUndoCommand
+class PaletteChangeInfo : public SwapCommand
 {
 public:
     PaletteChangeInfo(QSprites* sprites, int position);
 
 protected:
-    void doRedo() override { swap(); }
-    void doUndo() override { swap(); }
+    void swap() override;
 
 private:
-    void swap();
-
     int m_position;
     qint32 m_group;
     qint32 m_index;
     quint16 m_count;
 };
 
-/**
- * The colours of one palette, swapped on each replay: on the shared table
- * for a change that rewrote it for all sharers (setInPlace), otherwise on
- * this palette alone, rejoining the palette it shared with before.
- */
-class PaletteChangeColors : public SpriteUndoCommand
+/// How SharedDataChange reaches the colours of a palette.
+struct PaletteColors
 {
-public:
-    PaletteChangeColors(QSprites* sprites, int position);
-    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
-
-protected:
-    void doRedo() override { swap(); }
-    void doUndo() override { swap(); }
-
-private:
-    void swap();
-
-    int m_position;
-    PaletteUndoColors m_colors;
-    int m_sharer = -1;
-    bool m_inPlace = false;
+    using Held = PaletteUndoColors;
+    static PaletteUndoColors value(const Held& held) { return held; }
+    static void hold(Held& held, QSprites* sprites, int position);
+    static int sharer(QSprites* sprites, int position);
+    static void store(QSprites* sprites, int position, const PaletteUndoColors& colors);
+    static void restore(QSprites* sprites, int position, const PaletteUndoColors& colors, int sharer);
 };
+
+/// The colours of one palette, swapped on each replay (see SharedDataChange).
+using PaletteChangeColors = SharedDataChange<PaletteColors>;

@@ -30,31 +30,13 @@ void SpriteListCommand::putBack()
     m_image.hold(QImage());
 }
 
-SpriteRemove::SpriteRemove(QSprites* sprites, int position)
-    : SpriteListCommand(sprites, position)
-{
-    capture();
-}
-
 SpriteMove::SpriteMove(QSprites* sprites, int from, int to)
-    : SpriteUndoCommand(sprites)
-    , m_from(from)
-    , m_to(to)
+    : ListMove(sprites, &QSprites::moveSprite, from, to)
 {
-}
-
-void SpriteMove::doRedo()
-{
-    m_sprites->moveSprite(m_from, m_to);
-}
-
-void SpriteMove::doUndo()
-{
-    m_sprites->moveSprite(m_to, m_from);
 }
 
 SpriteChangeInfo::SpriteChangeInfo(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
+    : SwapCommand(sprites)
     , m_position(position)
     , m_properties(sprites->at(position)->properties())
 {
@@ -68,23 +50,22 @@ void SpriteChangeInfo::swap()
     m_properties = present;
 }
 
-SpriteChangeImage::SpriteChangeImage(QSprites* sprites, int position)
-    : SpriteUndoCommand(sprites)
-    , m_position(position)
-    , m_sharer(sprites->imageSharer(position))
+void SpritePixels::hold(Held& held, QSprites* sprites, int position)
 {
-    m_image.hold(sprites->at(position)->image());
+    held.hold(sprites->at(position)->image());
 }
 
-void SpriteChangeImage::swap()
+int SpritePixels::sharer(QSprites* sprites, int position)
 {
-    QSprite* sprite = m_sprites->at(m_position);
-    const QImage held = m_image.image();
-    m_image.hold(sprite->image());
-    const int sharer = m_sprites->imageSharer(m_position);
-    if (m_inPlace)
-        sprite->storeImage(held);
-    else
-        m_sprites->restoreImage(m_position, held, m_sharer);
-    m_sharer = sharer;
+    return sprites->imageSharer(position);
+}
+
+void SpritePixels::store(QSprites* sprites, int position, const QImage& image)
+{
+    sprites->at(position)->storeImage(image);
+}
+
+void SpritePixels::restore(QSprites* sprites, int position, const QImage& image, int sharer)
+{
+    sprites->restoreImage(position, image, sharer);
 }

@@ -4,8 +4,8 @@
 // captures what the change will replace; positions stay valid because the
 // undo stack replays changes strictly in reverse order.
 
-#include "model/qspriteundocommand.h"
 #include "model/qspritetypes.h"
+#include "model/qspriteundokinds.h"
 
 /**
  * A whole sprite taken out of the list or put back: its properties, its
@@ -31,79 +31,40 @@ private:
 };
 
 /// An empty sprite inserted at a position.
-class SpriteInsert : public SpriteListCommand
-{
-public:
-    using SpriteListCommand::SpriteListCommand;
-
-protected:
-    void doRedo() override { putBack(); }
-    void doUndo() override { takeOut(); }
-};
-
+using SpriteInsert = ListInsert<SpriteListCommand>;
 /// A sprite removed; make it before the removal, which it records.
-class SpriteRemove : public SpriteListCommand
-{
-public:
-    SpriteRemove(QSprites* sprites, int position);
+using SpriteRemove = ListRemove<SpriteListCommand>;
 
-protected:
-    void doRedo() override { takeOut(); }
-    void doUndo() override { putBack(); }
-};
-
-class SpriteMove : public SpriteUndoCommand
+class SpriteMove : public ListMove
 {
 public:
     SpriteMove(QSprites* sprites, int from, int to);
-
-protected:
-    void doRedo() override;
-    void doUndo() override;
-
-private:
-    int m_from;
-    int m_to;
 };
 
 /// Group, index, axis, flags and palette of one sprite, swapped on each replay.
-class SpriteChangeInfo : public SpriteUndoCommand
+class SpriteChangeInfo : public SwapCommand
 {
 public:
     SpriteChangeInfo(QSprites* sprites, int position);
 
 protected:
-    void doRedo() override { swap(); }
-    void doUndo() override { swap(); }
+    void swap() override;
 
 private:
-    void swap();
-
     int m_position;
     QSpriteProperties m_properties;
 };
 
-/**
- * The pixels of one sprite, swapped on each replay. A change that rewrote
- * the shared record (setInPlace) is replayed on the record, for all its
- * sharers; any other is replayed on this sprite alone, rejoining the sprite
- * it shared with before, or taking a record of its own.
- */
-class SpriteChangeImage : public SpriteUndoCommand
+/// How SharedDataChange reaches the pixels of a sprite.
+struct SpritePixels
 {
-public:
-    SpriteChangeImage(QSprites* sprites, int position);
-    void setInPlace(bool inPlace) { m_inPlace = inPlace; }
-
-protected:
-    void doRedo() override { swap(); }
-    void doUndo() override { swap(); }
-
-private:
-    void swap();
-
-    int m_position;
-    SpriteUndoImage m_image;
-    int m_sharer = -1;
-    bool m_inPlace = false;
+    using Held = SpriteUndoImage;
+    static QImage value(const Held& held) { return held.image(); }
+    static void hold(Held& held, QSprites* sprites, int position);
+    static int sharer(QSprites* sprites, int position);
+    static void store(QSprites* sprites, int position, const QImage& image);
+    static void restore(QSprites* sprites, int position, const QImage& image, int sharer);
 };
+
+/// The pixels of one sprite, swapped on each replay (see SharedDataChange).
+using SpriteChangeImage = SharedDataChange<SpritePixels>;

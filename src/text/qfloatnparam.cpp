@@ -2,8 +2,6 @@
 
 #include <QPointF>
 #include <QVector3D>
-#include <algorithm>
-#include <iterator>
 
 QVariant QFloatNParam::getValue() const
 {
@@ -21,21 +19,5 @@ QVariant QFloatNParam::getValue() const
 
 void QFloatNParam::takeValue(const QList<QTextToken>& tokens, const QString&)
 {
-    m_count = 0;
-    std::fill(std::begin(m_values), std::end(m_values), double());
-    const int end = valueTokenCount(tokens);
-    for (int i = 2; i < end && i < 10; i += 2)
-        m_values[m_count++] = tokens.at(i).text.toFloat();
-}
-
-void QFloatNParam::setValue(unsigned char index, double value)
-{
-    if (index >= maxCount)
-        return;
-    m_values[index] = value;
-    m_count = std::max(m_count, index);
-    QString text;
-    for (int i = 0; i < m_count; ++i)
-        text += i == 0 ? QString::number(m_values[i]) : QStringLiteral(", %1").arg(m_values[i]);
-    changeValue(text);
+    readValues(tokens, 4, [](const QString& text) { return text.toFloat(); });
 }

@@ -23,6 +23,19 @@ enum ParamSubType : QTextElementSubType {
     stFile = 9
 };
 
+/// Sets x, then y, of `point` from the first values of a list parameter;
+/// the coordinates it does not have keep their value.
+template <class Param, class Point>
+Point pointFrom(const Param* param, Point point)
+{
+    if (!param || param->count() < 1)
+        return point;
+    point.setX(param->value(0));
+    if (param->count() > 1)
+        point.setY(param->value(1));
+    return point;
+}
+
 } // namespace
 
 void QParamGroup::clean()
@@ -80,24 +93,12 @@ QString QParamGroup::paramAsString(QGroupParamID id, const QString& defaultValue
 
 QPoint QParamGroup::paramAsPoint(QGroupParamID id, QPoint defaultValue) const
 {
-    auto* param = static_cast<QIntNParam*>(parameter(id, stIntN));
-    if (!param || param->count() < 1)
-        return defaultValue;
-    defaultValue.setX(param->value(0));
-    if (param->count() > 1)
-        defaultValue.setY(param->value(1));
-    return defaultValue;
+    return pointFrom(static_cast<QIntNParam*>(parameter(id, stIntN)), defaultValue);
 }
 
 QPointF QParamGroup::paramAsPointF(QGroupParamID id, QPointF defaultValue) const
 {
-    auto* param = static_cast<QFloatNParam*>(parameter(id, stFloatN));
-    if (!param || param->count() < 1)
-        return defaultValue;
-    defaultValue.setX(param->value(0));
-    if (param->count() > 1)
-        defaultValue.setY(param->value(1));
-    return defaultValue;
+    return pointFrom(static_cast<QFloatNParam*>(parameter(id, stFloatN)), defaultValue);
 }
 
 QVector3D QParamGroup::paramAsVector3(QGroupParamID id, QVector3D defaultValue) const

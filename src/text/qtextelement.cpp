@@ -18,6 +18,30 @@ bool stops(QTextElementType type, unsigned int stop)
     return (stop & QTextElement::stopAnyBit) ? (type & bits) != 0 : (type & bits) == bits;
 }
 
+/// One step over the valid elements, backwards or forwards.
+using Step = QTextElement* (QTextElement::*)() const;
+
+QTextElement* walk(const QTextElement* from, Step step, unsigned int want, unsigned int stop)
+{
+    for (QTextElement* element = (from->*step)(); element; element = (element->*step)()) {
+        const QTextElementType type = element->type();
+        if ((type & want) == want)
+            return element;
+        if (stops(type, stop))
+            return nullptr;
+    }
+    return nullptr;
+}
+
+QTextElement* walkToKind(const QTextElement* from, Step step, QTextElementType groupType,
+                         QTextElementSubType subType)
+{
+    QTextElement* element = (from->*step)();
+    while (element && (element->groupType() != groupType || element->subType() != subType))
+        element = (element->*step)();
+    return element;
+}
+
 } // namespace
 
 QTextElement::~QTextElement()
@@ -86,42 +110,22 @@ QTextElement* QTextElement::nextValid() const
 
 QTextElement* QTextElement::previous(unsigned int want, unsigned int stop) const
 {
-    for (QTextElement* element = previousValid(); element; element = element->previousValid()) {
-        const QTextElementType type = element->type();
-        if ((type & want) == want)
-            return element;
-        if (stops(type, stop))
-            return nullptr;
-    }
-    return nullptr;
+    return walk(this, &QTextElement::previousValid, want, stop);
 }
 
 QTextElement* QTextElement::next(unsigned int want, unsigned int stop) const
 {
-    for (QTextElement* element = nextValid(); element; element = element->nextValid()) {
-        const QTextElementType type = element->type();
-        if ((type & want) == want)
-            return element;
-        if (stops(type, stop))
-            return nullptr;
-    }
-    return nullptr;
+    return walk(this, &QTextElement::nextValid, want, stop);
 }
 
 QTextElement* QTextElement::previousOfKind(QTextElementType groupType, QTextElementSubType subType) const
 {
-    QTextElement* element = previousValid();
-    while (element && (element->groupType() != groupType || element->subType() != subType))
-        element = element->previousValid();
-    return element;
+    return walkToKind(this, &QTextElement::previousValid, groupType, subType);
 }
 
 QTextElement* QTextElement::nextOfKind(QTextElementType groupType, QTextElementSubType subType) const
 {
-    QTextElement* element = nextValid();
-    while (element && (element->groupType() != groupType || element->subType() != subType))
-        element = element->nextValid();
-    return element;
+    return walkToKind(this, &QTextElement::nextValid, groupType, subType);
 }
 
 int QTextElement::startPosition() const
