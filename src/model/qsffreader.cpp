@@ -6,6 +6,7 @@
 #include "model/qspriteimagedata.h"
 #include "model/qspritepalettedata.h"
 #include "model/qsprites.h"
+#include "model/qstreamcachefilters.h"
 #include "util/qcrc64.h"
 #include "util/qprompt.h"
 
@@ -211,14 +212,14 @@ bool QSFFReader::readVersion1()
                 bool changed = false;
                 if (palette && palette->colorCount() < 256)
                     changed = QSprites::fixImage(image, palette->colorCount(), palette->colorTable());
-                const QByteArray pixels = imageBytes(image);
-                const quint64 crc = crc64(pixels);
-                if (changed)
+                if (changed) {
+                    const QByteArray pixels = imageBytes(image);
                     sprite->setEncodedImage(pixels, cfNone, quint16(image.width()), quint16(image.height()),
-                                            image.format(), crc);
-                else
-                    sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()),
-                                            quint16(image.height()), image.format(), crc);
+                                            image.format(), crc64(pixels));
+                } else {
+                    sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()),
+                                            image.format(), imageChecksum(image));
+                }
             }
         }
         properties.palette = palette ? palette->index() : -1;

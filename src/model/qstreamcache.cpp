@@ -67,7 +67,11 @@ void QStreamCache::store(QStreamCacheItem* item, const QByteArray& data, QStream
     item->filter = filter;
     item->filterParam = param;
     item->data.clear();
-    item->crc = crc != 0 ? crc : crc64(decode(item, data, false));
+    if (crc == 0) {
+        QStreamCacheFilter* decoder = filter != cfNone ? filters[filter] : nullptr;
+        crc = decoder ? decoder->checksum(data, param) : crc64(decode(item, data, false));
+    }
+    item->crc = crc;
 
     // Only payloads of no format are worth zlib: the others are compressed already.
     const bool compress = m_compress && filter == cfNone && !data.isEmpty();

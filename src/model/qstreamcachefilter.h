@@ -27,4 +27,7 @@ class QStreamCacheFilter
 public:
     virtual ~QStreamCacheFilter() = default;
     virtual QByteArray process(const QByteArray& data, void* param) = 0;
+    /// The crc64 of what process() gives; decoders that fill an image of
+    /// their own override it to hash its scan lines without copying them.
+    virtual quint64 checksum(const QByteArray& data, void* param);
 };

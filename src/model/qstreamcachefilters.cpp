@@ -3,6 +3,7 @@
 #include "formats/qimagefiles.h"
 #include "formats/qpcx.h"
 #include "model/qspritecodecs.h"
+#include "util/qcrc64.h"
 
 #include <cstring>
 
@@ -41,9 +42,27 @@ QPixelBuffer allocate(const void* param, QImage::Format format, QByteArray& out)
 
 } // namespace
 
+quint64 imageChecksum(const QImage& image)
+{
+    // Rows without padding are hashed where they are, with no copy.
+    if (!image.isNull() && qsizetype(image.width()) * image.depth() == qsizetype(image.bytesPerLine()) * 8)
+        return crc64(reinterpret_cast<const char*>(image.constBits()), quint32(image.sizeInBytes()));
+    return crc64(bitsOf(image));
+}
+
+quint64 QStreamCacheFilter::checksum(const QByteArray& data, void* param)
+{
+    return crc64(process(data, param));
+}
+
 QByteArray QPCXCacheFilter::process(const QByteArray& data, void*)
 {
     return bitsOf(loadPCX(data));
+}
+
+quint64 QPCXCacheFilter::checksum(const QByteArray& data, void*)
+{
+    return imageChecksum(loadPCX(data));
 }
 
 QByteArray QRLE8CacheFilter::process(const QByteArray& data, void* param)
@@ -73,4 +92,9 @@ QByteArray QLZ5CacheFilter::process(const QByteArray& data, void* param)
 QByteArray QPNGCacheFilter::process(const QByteArray& data, void*)
 {
     return bitsOf(loadPNG(data));
+}
+
+quint64 QPNGCacheFilter::checksum(const QByteArray& data, void*)
+{
+    return imageChecksum(loadPNG(data));
 }

@@ -6,11 +6,16 @@
 
 #include "model/qstreamcachefilter.h"
 
+/// The crc64 of an image's scan lines, row padding taken as zero: the CRC a
+/// filter gives for a payload that decodes to this image.
+quint64 imageChecksum(const QImage& image);
+
 /// PCX payloads of SFF version 1.
 class QPCXCacheFilter : public QStreamCacheFilter
 {
 public:
     QByteArray process(const QByteArray& data, void* param) override;
+    quint64 checksum(const QByteArray& data, void* param) override;
 };
 
 class QRLE8CacheFilter : public QStreamCacheFilter
@@ -35,4 +40,5 @@ class QPNGCacheFilter : public QStreamCacheFilter
 {
 public:
     QByteArray process(const QByteArray& data, void* param) override;
+    quint64 checksum(const QByteArray& data, void* param) override;
 };
