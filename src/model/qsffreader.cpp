@@ -363,7 +363,7 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
     if (format == QImage::Format_Invalid || record.width == 0 || record.height == 0)
         return;
     const qint64 block = (record.flags & sfDecompressOnLoad) ? header.tdataOffset : header.ldataOffset;
-    const QByteArray data = bytesAt(block + record.offset, record.length);
+    QByteArray data = bytesAt(block + record.offset, record.length);
     // Judged by the bytes the file really holds, not the length it claims.
     if (!plausibleSize(record.width, record.height, format, data.size()))
         return;
@@ -378,7 +378,9 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
     }
     if (data.size() < 4)
         return;
-    sprite->setEncodedImage(data.mid(4), filterOf(record.compression), record.width, record.height, format);
+    // Dropping the size prefix from the front of an unshared array moves no bytes.
+    data.remove(0, 4);
+    sprite->setEncodedImage(data, filterOf(record.compression), record.width, record.height, format);
 }
 
 void QSFFReader::joinDuplicates()
