@@ -123,6 +123,25 @@ void QMugenSyntaxProcessor::parseStatedefLine()
     skipLine();
 }
 
+int QMugenSyntaxProcessor::parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType,
+                                        int& column, int& length)
+{
+    match(tkIdent, &m_keyFormat);
+    if (!match(tkEqual, &m_operatorFormat)) {
+        skipLine();
+        return -1;
+    }
+    const QString name = takeRest(column, length);
+    const int index = m_properties->findController(kind, name);
+    m_state |= hasTypeFlag;
+    setControllerIndex(index);
+    if (index < 0)
+        errorFmt(unknownType, column, qMax(1, length));
+    else
+        colour(column, length, m_controllerFormat);
+    return index;
+}
+
 void QMugenSyntaxProcessor::parseStateLine()
 {
     static const QRegularExpression trigger(QStringLiteral("^trigger\\d+$"), QRegularExpression::CaseInsensitiveOption);
@@ -133,24 +152,13 @@ void QMugenSyntaxProcessor::parseStateLine()
     }
     const QString key = m_tokenText.toLower();
     if (key == QLatin1String("type")) {
-        match(tkIdent, &m_keyFormat);
-        if (!match(tkEqual, &m_operatorFormat)) {
-            skipLine();
-            return;
-        }
         int column = 0;
         int length = 0;
-        const QString name = takeRest(column, length);
-        const int index = m_properties->findController(QMugenSyntaxProperties::StateController, name);
-        m_state |= hasTypeFlag;
-        setControllerIndex(index);
-        if (index < 0) {
-            errorFmt(tr("Unknown 'State' type"), column, qMax(1, length));
-            return;
-        }
-        colour(column, length, m_controllerFormat);
-        checkVersion(m_properties->controller(QMugenSyntaxProperties::StateController, index).info,
-                     ikController, column, length);
+        const int index = parseTypeKey(QMugenSyntaxProperties::StateController, tr("Unknown 'State' type"),
+                                       column, length);
+        if (index >= 0)
+            checkVersion(m_properties->controller(QMugenSyntaxProperties::StateController, index).info,
+                         ikController, column, length);
         return;
     }
     if (trigger.match(key).hasMatch())
@@ -183,21 +191,9 @@ void QMugenSyntaxProcessor::parseTypedLine(QMugenSyntaxProperties::ControllerKin
         return;
     }
     if (m_tokenText.compare(QLatin1String("type"), Qt::CaseInsensitive) == 0) {
-        match(tkIdent, &m_keyFormat);
-        if (!match(tkEqual, &m_operatorFormat)) {
-            skipLine();
-            return;
-        }
         int column = 0;
         int length = 0;
-        const QString name = takeRest(column, length);
-        const int index = m_properties->findController(kind, name);
-        m_state |= hasTypeFlag;
-        setControllerIndex(index);
-        if (index < 0)
-            errorFmt(unknownType, column, qMax(1, length));
-        else
-            colour(column, length, m_controllerFormat);
+        parseTypeKey(kind, unknownType, column, length);
         return;
     }
     int index = controllerIndex();

@@ -101,6 +101,11 @@ private:
     void parseSectionLine();
     void parseStatedefLine();
     void parseStateLine();
+    /// Reads "type = Name" of a section whose lines depend on its type: looks
+    /// the type up, keeps it for the section's later lines, colours or
+    /// reports it. The type's index, or -1 when unknown or unreadable.
+    int parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType, int& column,
+                     int& length);
     void parseActionLine();
     void parseActionFrame();
     void parseCommandLine();
