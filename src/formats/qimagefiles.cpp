@@ -1,6 +1,7 @@
 #include "qimagefiles.h"
 
 #include "qpcx.h"
+#include "qpngdecoder.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -69,6 +70,17 @@ bool saveImage(const QString& path, const QImage& image)
 
 QImage loadPNG(const QByteArray& data)
 {
+    QPngDecoder decoder;
+    if (decoder.open(data)) {
+        QImage image(decoder.size(), decoder.format());
+        if (!image.isNull() && decoder.decode(image.bits(), image.bytesPerLine())) {
+            if (image.format() == QImage::Format_Indexed8)
+                image.setColorTable(decoder.colorTable());
+            return image;
+        }
+    }
+    // Whatever the fast decoder leaves, other depths and damaged files alike,
+    // is the general reader's to judge.
     return QImage::fromData(data, "PNG");
 }
 

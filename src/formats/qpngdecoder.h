@@ -50,7 +50,7 @@ private:
     int m_channels = 0; ///< bytes a pixel in the rows: 1, 3 or 4
     QImage::Format m_format = QImage::Format_Invalid;
     QList<QRgb> m_colors;
-    bool m_transparentColour = false; ///< a transparency chunk for an RGB picture
+    bool m_transparency = false; ///< a transparency chunk came before the rows
     /// The data of each compressed-rows chunk in file order; one stream when joined.
     QList<QByteArrayView> m_idat;
 };

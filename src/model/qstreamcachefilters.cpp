@@ -2,6 +2,7 @@
 
 #include "formats/qimagefiles.h"
 #include "formats/qpcx.h"
+#include "formats/qpngdecoder.h"
 #include "model/qspritecodecs.h"
 #include "util/qcrc64.h"
 
@@ -96,5 +97,15 @@ QByteArray QPNGCacheFilter::process(const QByteArray& data, void*)
 
 quint64 QPNGCacheFilter::checksum(const QByteArray& data, void*)
 {
-    return imageChecksum(loadPNG(data));
+    // Opening a file hashes every picture: decoding into memory kept from the
+    // picture before saves allocating, and touching fresh pages, for each one.
+    QPngDecoder decoder;
+    if (!decoder.open(data))
+        return imageChecksum(loadPNG(data));
+    const qsizetype length = decoder.bytesPerLine() * decoder.size().height();
+    if (m_pixels.size() < size_t(length))
+        m_pixels.resize(size_t(length));
+    if (!decoder.decode(m_pixels.data(), decoder.bytesPerLine()))
+        return imageChecksum(loadPNG(data));
+    return crc64(reinterpret_cast<const char*>(m_pixels.data()), quint32(length));
 }

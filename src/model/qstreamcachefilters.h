@@ -6,6 +6,8 @@
 
 #include "model/qstreamcachefilter.h"
 
+#include <vector>
+
 /// The crc64 of an image's scan lines, row padding taken as zero: the CRC a
 /// filter gives for a payload that decodes to this image.
 quint64 imageChecksum(const QImage& image);
@@ -41,4 +43,7 @@ class QPNGCacheFilter : public QStreamCacheFilter
 public:
     QByteArray process(const QByteArray& data, void* param) override;
     quint64 checksum(const QByteArray& data, void* param) override;
+
+private:
+    std::vector<uchar> m_pixels; ///< the picture checksum() hashes, reused from one to the next
 };

@@ -1,0 +1,284 @@
+#include "qpngdecoder.h"
+
+#include "qinflate.h"
+
+#include <QtEndian>
+
+#include <cstring>
+#include <vector>
+#include <zlib.h>
+
+namespace {
+
+constexpr uchar signature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
+constexpr quint32 largestSide = 65535;
+/// The general reader refuses images larger than this; leaving them to it keeps the answers the same.
+constexpr qsizetype largestImage = 256 * 1024 * 1024;
+
+constexpr quint32 chunkType(const char (&name)[5])
+{
+    return quint32(uchar(name[0])) << 24 | quint32(uchar(name[1])) << 16 | quint32(uchar(name[2])) << 8
+        | quint32(uchar(name[3]));
+}
+
+bool isLetter(uchar c)
+{
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+inline uchar paeth(int left, int above, int aboveLeft)
+{
+    const int pa = std::abs(above - aboveLeft);
+    const int pb = std::abs(left - aboveLeft);
+    const int pc = std::abs(left + above - 2 * aboveLeft);
+    if (pa <= pb && pa <= pc)
+        return uchar(left);
+    return uchar(pb <= pc ? above : aboveLeft);
+}
+
+/// Undoes the filter of one row in place, given the row above it already undone.
+template <int Channels>
+bool unfilter(uchar filter, uchar* row, const uchar* above, qsizetype length)
+{
+    switch (filter) {
+    case 0:
+        return true;
+    case 1:
+        for (qsizetype i = Channels; i < length; ++i)
+            row[i] = uchar(row[i] + row[i - Channels]);
+        return true;
+    case 2:
+        for (qsizetype i = 0; i < length; ++i)
+            row[i] = uchar(row[i] + above[i]);
+        return true;
+    case 3:
+        for (qsizetype i = 0; i < Channels; ++i)
+            row[i] = uchar(row[i] + (above[i] >> 1));
+        for (qsizetype i = Channels; i < length; ++i)
+            row[i] = uchar(row[i] + ((row[i - Channels] + above[i]) >> 1));
+        return true;
+    case 4:
+        for (qsizetype i = 0; i < Channels; ++i)
+            row[i] = uchar(row[i] + above[i]);
+        for (qsizetype i = Channels; i < length; ++i)
+            row[i] = uchar(row[i] + paeth(row[i - Channels], above[i], above[i - Channels]));
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Indices past the palette read as 0, as the general reader has them.
+void copyIndices(const uchar* row, uchar* to, quint32 width, int colors)
+{
+    std::memcpy(to, row, width);
+    if (colors < 256)
+        for (quint32 x = 0; x < width; ++x)
+            to[x] = to[x] < colors ? to[x] : 0;
+}
+
+/// RGBA bytes to the 32-bit pixels of Format_ARGB32.
+void copyRgba(const uchar* row, uchar* to, quint32 width)
+{
+    auto* pixels = reinterpret_cast<QRgb*>(to);
+    for (quint32 x = 0; x < width; ++x, row += 4)
+        pixels[x] = qRgba(row[0], row[1], row[2], row[3]);
+}
+
+/// RGB bytes to the opaque 32-bit pixels of Format_RGB32.
+void copyRgb(const uchar* row, uchar* to, quint32 width)
+{
+    auto* pixels = reinterpret_cast<QRgb*>(to);
+    for (quint32 x = 0; x < width; ++x, row += 3)
+        pixels[x] = qRgb(row[0], row[1], row[2]);
+}
+
+/// The filtered rows of the picture being decoded; kept between pictures so that
+/// a file of many sprites inflates into memory that is already in the cache.
+thread_local std::vector<uchar> filteredRows;
+
+} // namespace
+
+bool QPngDecoder::open(const QByteArray& data)
+{
+    *this = QPngDecoder();
+    const auto* bytes = reinterpret_cast<const uchar*>(data.constData());
+    const qsizetype size = data.size();
+    if (size < 8 || std::memcmp(bytes, signature, sizeof signature) != 0)
+        return false;
+    bool ended = false;
+    bool idatEnded = false;
+    for (qsizetype at = 8; !ended;) {
+        if (size - at < 12)
+            return false;
+        const quint32 length = qFromBigEndian<quint32>(bytes + at);
+        const uchar* type = bytes + at + 4;
+        if (length > 0x7FFFFFFF || qsizetype(length) > size - at - 12)
+            return false;
+        if (!isLetter(type[0]) || !isLetter(type[1]) || !isLetter(type[2]) || !isLetter(type[3]))
+            return false;
+        const uchar* body = type + 4;
+        const bool critical = !(type[0] & 0x20);
+        if (critical && crc32(crc32(0, type, 4), body, length) != qFromBigEndian<quint32>(body + length))
+            return false;
+        const quint32 name = qFromBigEndian<quint32>(type);
+        const bool first = at == 8;
+        at += 12 + qsizetype(length);
+        if (first != (name == chunkType("IHDR")))
+            return false;
+        if (!m_idat.isEmpty() && name != chunkType("IDAT"))
+            idatEnded = true;
+        switch (name) {
+        case chunkType("IHDR"):
+            if (!readHeader(body, length))
+                return false;
+            break;
+        case chunkType("PLTE"):
+            if (!m_idat.isEmpty() || !readPalette(body, length))
+                return false;
+            break;
+        case chunkType("tRNS"):
+            if (!m_idat.isEmpty())
+                break;
+            if (!readTransparency(body, length))
+                return false;
+            break;
+        case chunkType("IDAT"):
+            if (idatEnded)
+                return false;
+            m_idat.append(QByteArrayView(body, length));
+            break;
+        case chunkType("IEND"):
+            ended = true;
+            break;
+        default:
+            if (critical)
+                return false;
+        }
+    }
+    // An RGB picture with a transparent colour gains an alpha channel in the
+    // general reader, which this decoder leaves to it.
+    if (m_idat.isEmpty() || (m_transparency && m_format == QImage::Format_RGB32) || (m_format == QImage::Format_Indexed8 && m_colors.isEmpty()))
+        return false;
+    return qsizetype(m_height) * bytesPerLine() <= largestImage;
+}
+
+bool QPngDecoder::readHeader(const uchar* chunk, quint32 length)
+{
+    if (length != 13)
+        return false;
+    m_width = qFromBigEndian<quint32>(chunk);
+    m_height = qFromBigEndian<quint32>(chunk + 4);
+    const uchar depth = chunk[8], colorType = chunk[9];
+    const bool plain = chunk[10] == 0 && chunk[11] == 0 && chunk[12] == 0; // deflate, adaptive filters, no interlace
+    if (!plain || depth != 8 || m_width == 0 || m_height == 0 || m_width > largestSide || m_height > largestSide)
+        return false;
+    switch (colorType) {
+    case 2:
+        m_channels = 3;
+        m_format = QImage::Format_RGB32;
+        return true;
+    case 3:
+        m_channels = 1;
+        m_format = QImage::Format_Indexed8;
+        return true;
+    case 6:
+        m_channels = 4;
+        m_format = QImage::Format_ARGB32;
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool QPngDecoder::readPalette(const uchar* chunk, quint32 length)
+{
+    if (!m_colors.isEmpty() || length == 0 || length % 3 != 0 || length > 3 * 256)
+        return false;
+    // Only palette pictures use it; the others may carry one as a suggestion.
+    if (m_format != QImage::Format_Indexed8)
+        return true;
+    m_colors.resize(length / 3);
+    for (qsizetype i = 0; i < m_colors.size(); ++i, chunk += 3)
+        m_colors[i] = qRgb(chunk[0], chunk[1], chunk[2]);
+    return true;
+}
+
+bool QPngDecoder::readTransparency(const uchar* chunk, quint32 length)
+{
+    if (m_transparency)
+        return false;
+    m_transparency = true;
+    switch (m_format) {
+    case QImage::Format_Indexed8:
+        // Alpha of the first palette entries; the rest stay opaque.
+        if (m_colors.isEmpty() || length == 0 || length > quint32(m_colors.size()))
+            return false;
+        for (quint32 i = 0; i < length; ++i)
+            m_colors[i] = qRgba(qRed(m_colors[i]), qGreen(m_colors[i]), qBlue(m_colors[i]), chunk[i]);
+        return true;
+    default:
+        return true;
+    }
+}
+
+qsizetype QPngDecoder::bytesPerLine() const
+{
+    const int depth = m_format == QImage::Format_Indexed8 ? 8 : 32;
+    return ((qsizetype(m_width) * depth + 31) / 32) * 4;
+}
+
+const uchar* QPngDecoder::compressedRows(QByteArray& joined) const
+{
+    if (m_idat.size() == 1)
+        return reinterpret_cast<const uchar*>(m_idat.first().data());
+    for (const QByteArrayView& part : m_idat)
+        joined.append(part);
+    return reinterpret_cast<const uchar*>(joined.constData());
+}
+
+bool QPngDecoder::decode(uchar* bits, qsizetype bytesPerLine) const
+{
+    if (m_format == QImage::Format_Invalid || bytesPerLine < this->bytesPerLine())
+        return false;
+    QByteArray joined;
+    const uchar* compressed = compressedRows(joined);
+    qsizetype compressedLength = 0;
+    for (const QByteArrayView& part : m_idat)
+        compressedLength += part.size();
+
+    const qsizetype rowLength = qsizetype(m_width) * m_channels;
+    const qsizetype filteredLength = (rowLength + 1) * m_height;
+    if (filteredRows.size() < size_t(filteredLength) + inflateSlack)
+        filteredRows.resize(size_t(filteredLength) + inflateSlack);
+    uchar* rows = filteredRows.data();
+    if (!inflateZlib(compressed, size_t(compressedLength), rows, size_t(filteredLength)))
+        return false;
+
+    const std::vector<uchar> blank(size_t(rowLength), 0);
+    const uchar* above = blank.data();
+    const qsizetype used = m_format == QImage::Format_Indexed8 ? qsizetype(m_width) : qsizetype(m_width) * 4;
+    for (quint32 y = 0; y < m_height; ++y, rows += rowLength + 1) {
+        uchar* row = rows + 1;
+        uchar* to = bits + y * bytesPerLine;
+        bool known = false;
+        switch (m_channels) {
+        case 1:
+            known = unfilter<1>(rows[0], row, above, rowLength);
+            copyIndices(row, to, m_width, int(m_colors.size()));
+            break;
+        case 3:
+            known = unfilter<3>(rows[0], row, above, rowLength);
+            copyRgb(row, to, m_width);
+            break;
+        default:
+            known = unfilter<4>(rows[0], row, above, rowLength);
+            copyRgba(row, to, m_width);
+        }
+        if (!known)
+            return false;
+        std::memset(to + used, 0, size_t(bytesPerLine - used));
+        above = row;
+    }
+    return true;
+}
