@@ -73,12 +73,24 @@ uint32_t lengthCodeSymbol(int index)
     return entry(uint32_t(index), Literal, 0, 0);
 }
 
+/// The `length` low bits of `code` in reverse order: Huffman codes are packed from their first bit down.
 uint32_t reverseBits(uint32_t code, int length)
 {
-    uint32_t reversed = 0;
-    for (int i = 0; i < length; ++i, code >>= 1)
-        reversed = reversed << 1 | (code & 1);
-    return reversed;
+    static const auto reversedBytes = [] {
+        struct Table
+        {
+            uint8_t bytes[256];
+        } table;
+        for (int i = 0; i < 256; ++i) {
+            int reversed = 0;
+            for (int bit = 0; bit < 8; ++bit)
+                reversed |= ((i >> bit) & 1) << (7 - bit);
+            table.bytes[i] = uint8_t(reversed);
+        }
+        return table;
+    }();
+    const uint32_t reversed = uint32_t(reversedBytes.bytes[code & 0xFF]) << 8 | reversedBytes.bytes[(code >> 8) & 0xFF];
+    return reversed >> (16 - length);
 }
 
 /**
@@ -271,33 +283,49 @@ inline void copy8(uint8_t* to, const uint8_t* from)
     std::memcpy(to, &word, sizeof word);
 }
 
+inline void copy16(uint8_t* to, const uint8_t* from)
+{
+    struct Chunk
+    {
+        uint8_t bytes[16];
+    } chunk;
+    std::memcpy(&chunk, from, sizeof chunk);
+    std::memcpy(to, &chunk, sizeof chunk);
+}
+
 /**
  * Copies a match of `length` bytes from `distance` back. It may write up to
- * fifteen bytes past the match: chunks never read bytes of their own store,
- * so each reads only output that is already final.
+ * 31 bytes past the match: chunks never read bytes of their own store, so
+ * each reads only output that is already final.
  */
 inline void copyMatch(uint8_t* out, uint32_t distance, uint32_t length)
 {
     const uint8_t* from = out - distance;
     uint8_t* const end = out + length;
-    if (distance >= 8) {
+    if (distance >= 16) {
+        // Most long matches repeat the row above, or a run, far enough back for whole chunks.
         do {
-            copy8(out, from);
-            copy8(out + 8, from + 8);
-            out += 16;
-            from += 16;
-        } while (out < end && distance >= 16);
-        while (out < end) {
+            copy16(out, from);
+            copy16(out + 16, from + 16);
+            out += 32;
+            from += 32;
+        } while (out < end);
+    } else if (distance >= 8) {
+        do {
             copy8(out, from);
             out += 8;
             from += 8;
-        }
+        } while (out < end);
     } else if (distance == 1) {
-        const uint64_t run = 0x0101010101010101ull * *from;
+        struct Run
+        {
+            uint64_t words[4];
+        } run;
+        const uint64_t word = 0x0101010101010101ull * *from;
+        run.words[0] = run.words[1] = run.words[2] = run.words[3] = word;
         do {
             std::memcpy(out, &run, sizeof run);
-            std::memcpy(out + 8, &run, sizeof run);
-            out += 16;
+            out += 32;
         } while (out < end);
     } else {
         while (out < end)

@@ -1,6 +1,7 @@
 #include "qpngdecoder.h"
 
 #include "qinflate.h"
+#include "qpngfilters.h"
 
 #include <QtEndian>
 
@@ -26,63 +27,11 @@ bool isLetter(uchar c)
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-inline uchar paeth(int left, int above, int aboveLeft)
-{
-    const int pa = std::abs(above - aboveLeft);
-    const int pb = std::abs(left - aboveLeft);
-    const int pc = std::abs(left + above - 2 * aboveLeft);
-    if (pa <= pb && pa <= pc)
-        return uchar(left);
-    return uchar(pb <= pc ? above : aboveLeft);
-}
-
-/// Undoes the filter of one row in place, given the row above it already undone.
-template <int Channels>
-bool unfilter(uchar filter, uchar* row, const uchar* above, qsizetype length)
-{
-    switch (filter) {
-    case 0:
-        return true;
-    case 1:
-        for (qsizetype i = Channels; i < length; ++i)
-            row[i] = uchar(row[i] + row[i - Channels]);
-        return true;
-    case 2:
-        for (qsizetype i = 0; i < length; ++i)
-            row[i] = uchar(row[i] + above[i]);
-        return true;
-    case 3:
-        for (qsizetype i = 0; i < Channels; ++i)
-            row[i] = uchar(row[i] + (above[i] >> 1));
-        for (qsizetype i = Channels; i < length; ++i)
-            row[i] = uchar(row[i] + ((row[i - Channels] + above[i]) >> 1));
-        return true;
-    case 4:
-        for (qsizetype i = 0; i < Channels; ++i)
-            row[i] = uchar(row[i] + above[i]);
-        for (qsizetype i = Channels; i < length; ++i)
-            row[i] = uchar(row[i] + paeth(row[i - Channels], above[i], above[i - Channels]));
-        return true;
-    default:
-        return false;
-    }
-}
-
 /// Indices past the palette read as 0, as the general reader has them.
-void copyIndices(const uchar* row, uchar* to, quint32 width, int colors)
+void clampIndices(uchar* row, quint32 width, int colors)
 {
-    std::memcpy(to, row, width);
-    if (colors < 256)
-        for (quint32 x = 0; x < width; ++x)
-            to[x] = to[x] < colors ? to[x] : 0;
-}
-
-/// RGBA bytes to the 32-bit pixels of Format_ARGB32.
-void copyRgba(const uchar* row, uchar* to, quint32 width)
-{
-    auto* pixels = reinterpret_cast<QRgb*>(to);
-    for (quint32 x = 0; x < width; ++x, row += 4)
-        pixels[x] = qRgba(row[0], row[1], row[2], row[3]);
+    for (quint32 x = 0; x < width; ++x)
+        row[x] = row[x] < colors ? row[x] : 0;
 }
 
 /// RGB bytes to the opaque 32-bit pixels of Format_RGB32.
@@ -158,6 +107,9 @@ bool QPngDecoder::open(const QByteArray& data)
     }
     // An RGB picture with a transparent colour gains an alpha channel in the
     // general reader, which this decoder leaves to it.
+    // Four-byte pixels are written in the byte order of little-endian QRgb.
+    if (m_channels > 1 && QSysInfo::ByteOrder != QSysInfo::LittleEndian)
+        return false;
     if (m_idat.isEmpty() || (m_transparency && m_format == QImage::Format_RGB32) || (m_format == QImage::Format_Indexed8 && m_colors.isEmpty()))
         return false;
     return qsizetype(m_height) * bytesPerLine() <= largestImage;
@@ -255,30 +207,27 @@ bool QPngDecoder::decode(uchar* bits, qsizetype bytesPerLine) const
     if (!inflateZlib(compressed, size_t(compressedLength), rows, size_t(filteredLength)))
         return false;
 
+    // Palette and RGBA rows are undone straight into the image, each against
+    // the image row above; RGB rows in place, then widened to four bytes.
     const std::vector<uchar> blank(size_t(rowLength), 0);
     const uchar* above = blank.data();
-    const qsizetype used = m_format == QImage::Format_Indexed8 ? qsizetype(m_width) : qsizetype(m_width) * 4;
+    const qsizetype used = m_channels == 1 ? qsizetype(m_width) : qsizetype(m_width) * 4;
     for (quint32 y = 0; y < m_height; ++y, rows += rowLength + 1) {
         uchar* row = rows + 1;
         uchar* to = bits + y * bytesPerLine;
-        bool known = false;
-        switch (m_channels) {
-        case 1:
-            known = unfilter<1>(rows[0], row, above, rowLength);
-            copyIndices(row, to, m_width, int(m_colors.size()));
-            break;
-        case 3:
-            known = unfilter<3>(rows[0], row, above, rowLength);
-            copyRgb(row, to, m_width);
-            break;
-        default:
-            known = unfilter<4>(rows[0], row, above, rowLength);
-            copyRgba(row, to, m_width);
-        }
-        if (!known)
+        uchar* undone = m_channels == 3 ? row : to;
+        if (m_channels == 4)
+            swapRedAndBlue(row, m_width);
+        if (!unfilterRow(m_channels, rows[0], row, undone, above, rowLength))
             return false;
+        if (m_channels == 3)
+            copyRgb(row, to, m_width);
         std::memset(to + used, 0, size_t(bytesPerLine - used));
-        above = row;
+        above = undone;
     }
+    // Only once every row is undone: the rows below were filtered against the indices as they are.
+    if (m_channels == 1 && m_colors.size() < 256)
+        for (quint32 y = 0; y < m_height; ++y)
+            clampIndices(bits + y * bytesPerLine, m_width, int(m_colors.size()));
     return true;
 }
