@@ -43,15 +43,15 @@ void TestCache::crc64MatchesBitwiseDefinition()
 {
     QCOMPARE(crc64(QByteArray()), 0xFFFFFFFFFFFFFFFFull);
     QCOMPARE(crc64(QByteArrayLiteral("123456789")), 0xCAA717168609F281ull);
-    // Every length around the 16-byte slices and the 64-byte folds, from every
-    // alignment, both with carry-less multiplication (where the processor has
-    // it) and from the tables alone.
+    // Every length around the 16-byte slices and the 64- and 128-byte folds,
+    // from every alignment, both with carry-less multiplication (128- or
+    // 256-bit, where the processor has it) and from the tables alone.
     QRandomGenerator random(8);
-    QByteArray data(300, Qt::Uninitialized);
+    QByteArray data(560, Qt::Uninitialized);
     for (char& c : data)
         c = char(random.bounded(256));
     for (int start = 0; start < 16; ++start)
-        for (int length = 0; length + start <= data.size(); length += (length < 160 ? 1 : 37)) {
+        for (int length = 0; length + start <= data.size(); length += (length < 420 ? 1 : 37)) {
             const QByteArray part = data.mid(start, length);
             const quint64 expected = bitwiseCrc64(part);
             QCOMPARE(crc64(part.constData(), quint32(part.size())), expected);
