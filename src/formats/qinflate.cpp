@@ -107,12 +107,13 @@ bool buildTable(const uint8_t* lengths, int count, uint32_t (*symbol)(int), int 
     for (int i = 0; i < count; ++i)
         ++perLength[lengths[i]];
     const int rootSize = 1 << rootBits;
-    std::fill(table, table + rootSize, invalidEntry);
     int used = 0;
     for (int length = 1; length <= maxCodeLength; ++length)
         used += perLength[length];
-    if (used == 0)
+    if (used == 0) {
+        std::fill(table, table + rootSize, invalidEntry);
         return allowSingle;
+    }
 
     int left = 1;
     for (int length = 1; length <= maxCodeLength; ++length) {
@@ -123,50 +124,57 @@ bool buildTable(const uint8_t* lengths, int count, uint32_t (*symbol)(int), int 
     if (left > 0 && !(allowSingle && used == 1 && perLength[1] == 1))
         return false;
 
-    uint32_t nextCode[maxCodeLength + 2] = {};
+    // Symbols sorted by code length, then by symbol: the order of their canonical codes.
+    int sorted[288];
+    int offsets[maxCodeLength + 2] = {};
     for (int length = 1; length <= maxCodeLength; ++length)
-        nextCode[length + 1] = (nextCode[length] + uint32_t(perLength[length])) << 1;
+        offsets[length + 1] = offsets[length] + perLength[length];
+    for (int i = 0; i < count; ++i)
+        if (lengths[i] != 0)
+            sorted[offsets[lengths[i]]++] = i;
 
-    // Codes up to the root length fill every root entry they are a prefix of;
-    // longer ones are kept to go into subtables once their sizes are known.
+    // The root table grows a length at a time: doubling it repeats the codes
+    // placed so far at every index their bits are a prefix of, and the codes
+    // of the new length each take the one index left for them.
+    uint32_t code = 0;
+    int at = 0;
+    table[0] = table[1] = invalidEntry;
+    for (int length = 1; length <= rootBits; ++length) {
+        if (length > 1)
+            std::memcpy(table + (1 << (length - 1)), table, sizeof(uint32_t) << (length - 1));
+        for (int n = 0; n < perLength[length]; ++n, ++code, ++at)
+            table[reverseBits(code, length)] = symbol(sorted[at]) | uint32_t(length);
+        code <<= 1;
+    }
+
+    // Longer codes go into subtables behind links in the root table, each as
+    // long as the longest code that shares its root bits needs.
+    const int longStart = at;
     uint32_t longCodes[288];
-    int longSymbols[288];
-    int longCount = 0;
-    uint8_t subtableBits[1 << literalRootBits] = {};
-    for (int i = 0; i < count; ++i) {
-        const int length = lengths[i];
-        if (length == 0)
-            continue;
-        const uint32_t code = reverseBits(nextCode[length]++, length);
-        if (length <= rootBits) {
-            const uint32_t value = symbol(i) | uint32_t(length);
-            for (uint32_t at = code; at < uint32_t(rootSize); at += 1u << length)
-                table[at] = value;
-            continue;
+    uint8_t subtableBits[1 << literalRootBits];
+    for (int length = rootBits + 1; length <= maxCodeLength; ++length) {
+        for (int n = 0; n < perLength[length]; ++n, ++code, ++at) {
+            longCodes[at] = reverseBits(code, length);
+            subtableBits[longCodes[at] & uint32_t(rootSize - 1)] = uint8_t(length - rootBits);
         }
-        longCodes[longCount] = code;
-        longSymbols[longCount++] = i;
-        uint8_t& bits = subtableBits[code & uint32_t(rootSize - 1)];
-        bits = uint8_t(std::max(int(bits), length - rootBits));
+        code <<= 1;
     }
     int next = rootSize;
-    for (int root = 0; root < rootSize; ++root) {
-        const int bits = subtableBits[root];
-        if (bits == 0)
-            continue;
-        if (next + (1 << bits) > capacity)
-            return false;
-        table[root] = entry(uint32_t(next), Link, uint32_t(bits), uint32_t(rootBits));
-        std::fill(table + next, table + next + (1 << bits), invalidEntry);
-        next += 1 << bits;
-    }
-    for (int i = 0; i < longCount; ++i) {
-        const int length = lengths[longSymbols[i]] - rootBits;
-        const uint32_t link = table[longCodes[i] & uint32_t(rootSize - 1)];
-        const uint32_t start = valueOf(link);
-        const uint32_t value = symbol(longSymbols[i]) | uint32_t(length);
-        for (uint32_t at = longCodes[i] >> rootBits; at < (1u << extraOf(link)); at += 1u << length)
-            table[start + at] = value;
+    for (int i = longStart; i < at; ++i) {
+        const uint32_t root = longCodes[i] & uint32_t(rootSize - 1);
+        if (kindOf(table[root]) != Link) {
+            const int bits = subtableBits[root];
+            if (next + (1 << bits) > capacity)
+                return false;
+            table[root] = entry(uint32_t(next), Link, uint32_t(bits), uint32_t(rootBits));
+            std::fill(table + next, table + next + (1 << bits), invalidEntry);
+            next += 1 << bits;
+        }
+        const uint32_t link = table[root];
+        const int length = lengths[sorted[i]] - rootBits;
+        const uint32_t value = symbol(sorted[i]) | uint32_t(length);
+        for (uint32_t index = longCodes[i] >> rootBits; index < (1u << extraOf(link)); index += 1u << length)
+            table[valueOf(link) + index] = value;
     }
     return true;
 }
