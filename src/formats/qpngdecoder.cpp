@@ -45,6 +45,9 @@ void copyRgb(const uchar* row, uchar* to, quint32 width)
 /// The filtered rows of the picture being decoded; kept between pictures so that
 /// a file of many sprites inflates into memory that is already in the cache.
 thread_local std::vector<uchar> filteredRows;
+/// Rows of larger pictures go to memory of their own, so one huge picture
+/// does not hold its memory for the rest of the process.
+constexpr size_t keptRowsSize = 16 * 1024 * 1024;
 
 } // namespace
 
@@ -201,9 +204,12 @@ bool QPngDecoder::decode(uchar* bits, qsizetype bytesPerLine) const
 
     const qsizetype rowLength = qsizetype(m_width) * m_channels;
     const qsizetype filteredLength = (rowLength + 1) * m_height;
-    if (filteredRows.size() < size_t(filteredLength) + inflateSlack)
-        filteredRows.resize(size_t(filteredLength) + inflateSlack);
-    uchar* rows = filteredRows.data();
+    const size_t needed = size_t(filteredLength) + inflateSlack;
+    std::vector<uchar> ownRows;
+    std::vector<uchar>& buffer = needed <= keptRowsSize ? filteredRows : ownRows;
+    if (buffer.size() < needed)
+        buffer.resize(needed);
+    uchar* rows = buffer.data();
     if (!inflateZlib(compressed, size_t(compressedLength), rows, size_t(filteredLength)))
         return false;
 
