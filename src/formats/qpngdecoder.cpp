@@ -13,8 +13,9 @@ namespace {
 
 constexpr uchar signature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
 constexpr quint32 largestSide = 65535;
-/// The general reader refuses images larger than this; leaving them to it keeps the answers the same.
-constexpr qsizetype largestImage = 256 * 1024 * 1024;
+/// Larger pictures are left to the general reader: it refuses images of 256 MB
+/// and more, and staying well below its limit keeps the answers the same.
+constexpr qsizetype largestImage = 128 * 1024 * 1024;
 
 constexpr quint32 chunkType(const char (&name)[5])
 {
