@@ -9,9 +9,9 @@
  * stream state of a general inflater and copy matches a word at a time.
  *
  * It succeeds only when the header is valid, every block decodes, the last
- * block ends within the input and exactly `outLength` bytes come out. The
- * Adler-32 trailer is not checked: PNG chunk CRCs already cover every byte of
- * the stream, and a picture whose rows decode in full is complete.
+ * block ends within the input, exactly `outLength` bytes come out and the
+ * Adler-32 trailer that follows matches them. Bytes after the trailer are
+ * ignored.
  *
  * `out` must have `inflateSlack` writable bytes past `outLength`: a match may
  * write that many bytes of scratch beyond its end, which the following output

@@ -71,10 +71,13 @@ bool QPngDecoder::open(const QByteArray& data)
         if (!isLetter(type[0]) || !isLetter(type[1]) || !isLetter(type[2]) || !isLetter(type[3]))
             return false;
         const uchar* body = type + 4;
-        const bool critical = !(type[0] & 0x20);
-        if (critical && crc32(crc32(0, type, 4), body, length) != qFromBigEndian<quint32>(body + length))
-            return false;
         const quint32 name = qFromBigEndian<quint32>(type);
+        // The general reader stops at a damaged critical chunk and drops a
+        // damaged transparency chunk; both are left to it.
+        const bool critical = !(type[0] & 0x20);
+        const bool checked = critical || name == chunkType("tRNS");
+        if (checked && crc32(crc32(0, type, 4), body, length) != qFromBigEndian<quint32>(body + length))
+            return false;
         const bool first = at == 8;
         at += 12 + qsizetype(length);
         if (first != (name == chunkType("IHDR")))
@@ -104,6 +107,11 @@ bool QPngDecoder::open(const QByteArray& data)
         case chunkType("IEND"):
             ended = true;
             break;
+        case chunkType("gAMA"):
+        case chunkType("sRGB"):
+        case chunkType("iCCP"):
+            // The general reader gives such pictures a colour space; leave them to it.
+            return false;
         default:
             if (critical)
                 return false;
