@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-/// Palette files, PCX, GIF and old fonts; one slot group per source file.
+/// Palette files, PCX, GIF, PNG, old fonts and inflating; one slot group per source file.
 class TestFormats : public QObject
 {
     Q_OBJECT
@@ -47,4 +47,21 @@ private slots:
     // tst_cli.cpp: the command-line tool's palette and image commands
     void cliPalette();
     void cliImage();
+
+    // tst_inflate.cpp: the whole-buffer inflater against zlib
+    void inflateMatchesZlib_data();
+    void inflateMatchesZlib();
+    void inflateBlocks_data();
+    void inflateBlocks();
+    void inflateHeaders_data();
+    void inflateHeaders();
+    void inflateDamaged_data();
+    void inflateDamaged();
+
+    // tst_png.cpp: the PNG decoder gives what the general reader gives
+    void pngRealSprites();
+    void pngSynthetic_data();
+    void pngSynthetic();
+    void pngWrittenByQt_data();
+    void pngWrittenByQt();
 };
