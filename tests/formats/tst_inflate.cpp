@@ -1,11 +1,12 @@
 // The whole-buffer inflater against zlib: streams zlib's deflate makes in all
-// its modes, blocks built bit by bit, and damaged streams. zlib with its check
-// value switched off is the reference for every answer, success or failure.
+// its modes, blocks built bit by bit, and damaged streams. zlib is the
+// reference for every answer, success or failure.
 #include "tst_formats.h"
 
 #include "formats/qinflate.h"
 
 #include <QRandomGenerator>
+#include <QtEndian>
 #include <QtTest>
 #include <optional>
 #include <zlib.h>
@@ -20,30 +21,29 @@ const uchar* bytesOf(const QByteArray& data)
     return reinterpret_cast<const uchar*>(data.constData());
 }
 
-/// zlib's output for exactly `length` bytes, or nothing. The inflater does not
-/// check the Adler-32 trailer, so zlib reads the deflate data raw, after the
-/// header checks zlib makes (RFC 1950: method 8, window up to 32K, check
-/// bits, no preset dictionary).
-std::optional<QByteArray> zlibInflate(const QByteArray& stream, qsizetype length)
+/// What zlib makes of a stream, up to `capacity` bytes; `ended` tells whether the stream ended right.
+QByteArray zlibOutput(const QByteArray& stream, qsizetype capacity, int windowBits, bool* ended)
 {
-    if (stream.size() < 2)
-        return std::nullopt;
-    const int cmf = uchar(stream.at(0));
-    const int flg = uchar(stream.at(1));
-    if ((cmf & 0x0F) != 8 || (cmf >> 4) > 7 || (cmf * 256 + flg) % 31 != 0 || (flg & 0x20) != 0)
-        return std::nullopt;
-    QByteArray out(length + 1, '\0');
+    QByteArray out(capacity, '\0');
     z_stream z{};
-    inflateInit2(&z, -15);
-    z.next_in = const_cast<Bytef*>(bytesOf(stream) + 2);
-    z.avail_in = uInt(stream.size() - 2);
+    inflateInit2(&z, windowBits);
+    z.next_in = const_cast<Bytef*>(bytesOf(stream));
+    z.avail_in = uInt(stream.size());
     z.next_out = reinterpret_cast<Bytef*>(out.data());
     z.avail_out = uInt(out.size());
-    const bool ok = inflate(&z, Z_FINISH) == Z_STREAM_END && qsizetype(z.total_out) == length;
+    *ended = inflate(&z, Z_FINISH) == Z_STREAM_END;
+    out.truncate(qsizetype(z.total_out));
     inflateEnd(&z);
-    if (!ok)
+    return out;
+}
+
+/// zlib's output when the stream holds exactly `length` bytes with a matching trailer, or nothing.
+std::optional<QByteArray> zlibInflate(const QByteArray& stream, qsizetype length)
+{
+    bool ended = false;
+    const QByteArray out = zlibOutput(stream, length + 1, 15, &ended);
+    if (!ended || out.size() != length)
         return std::nullopt;
-    out.chop(1);
     return out;
 }
 
@@ -216,7 +216,15 @@ public:
         m_bytes += data;
         m_count = m_bytes.size() * 8;
     }
-    QByteArray zlib() const { return QByteArray("\x78\x01") + m_bytes; }
+    /// The blocks in a zlib stream, with the trailer of what zlib makes of them.
+    QByteArray zlib() const
+    {
+        bool ended = false;
+        const QByteArray output = zlibOutput(m_bytes, 1 << 20, -15, &ended);
+        QByteArray trailer(4, '\0');
+        qToBigEndian(quint32(adler32(1, bytesOf(output), uInt(output.size()))), trailer.data());
+        return QByteArray("\x78\x01") + m_bytes + trailer;
+    }
 
 private:
     QByteArray m_bytes;
