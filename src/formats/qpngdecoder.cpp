@@ -3,6 +3,7 @@
 #include "qinflate.h"
 #include "qpngfilters.h"
 
+#include <QImageReader>
 #include <QtEndian>
 
 #include <cstring>
@@ -13,9 +14,6 @@ namespace {
 
 constexpr uchar signature[8] = {137, 80, 78, 71, 13, 10, 26, 10};
 constexpr quint32 largestSide = 65535;
-/// Larger pictures are left to the general reader: it refuses images of 256 MB
-/// and more, and staying well below its limit keeps the answers the same.
-constexpr qsizetype largestImage = 128 * 1024 * 1024;
 
 constexpr quint32 chunkType(const char (&name)[5])
 {
@@ -124,7 +122,9 @@ bool QPngDecoder::open(const QByteArray& data)
         return false;
     if (m_idat.isEmpty() || (m_transparency && m_format == QImage::Format_RGB32) || (m_format == QImage::Format_Indexed8 && m_colors.isEmpty()))
         return false;
-    return qsizetype(m_height) * bytesPerLine() <= largestImage;
+    // The general reader refuses pictures past its allocation limit; so must this decoder.
+    const qsizetype limit = qsizetype(QImageReader::allocationLimit()) << 20;
+    return limit <= 0 || qsizetype(m_height) * bytesPerLine() <= limit;
 }
 
 bool QPngDecoder::readHeader(const uchar* chunk, quint32 length)

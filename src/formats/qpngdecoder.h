@@ -12,10 +12,12 @@
  * 8-bit RGBA to Format_ARGB32 and 8-bit RGB without a transparent colour to
  * Format_RGB32, never interlaced.
  *
- * open() refuses every other picture, and any file with a damaged or
- * misplaced critical chunk: the caller then hands the bytes to the general
- * reader, which decides what such a file gives. decode() fails when the
- * compressed rows are damaged, with the same meaning.
+ * open() refuses every other picture, pictures with a colour space (gamma,
+ * sRGB or ICC chunks), pictures past the general reader's allocation limit,
+ * and any file with a damaged or misplaced critical or transparency chunk:
+ * the caller then hands the bytes to the general reader, which decides what
+ * such a file gives. decode() fails when the compressed rows are damaged,
+ * with the same meaning.
  *
  * The decoder keeps pointers into the data given to open(), which must stay
  * alive and unchanged until decoding is done.
