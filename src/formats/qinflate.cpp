@@ -44,12 +44,7 @@ constexpr int lengthCodeRootBits = 7;
 constexpr int literalTableSize = (1 << literalRootBits) + 288 * (1 << (maxCodeLength - literalRootBits));
 constexpr int distanceTableSize = (1 << distanceRootBits) + 32 * (1 << (maxCodeLength - distanceRootBits));
 
-/// What each symbol of an alphabet decodes to, before its code is known.
-struct Alphabet
-{
-    uint32_t (*symbol)(int index);
-};
-
+/// What each literal/length symbol decodes to, before its code is known.
 uint32_t literalSymbol(int index)
 {
     static const uint16_t lengthBase[29] = {3,  4,  5,  6,  7,  8,  9,  10, 11,  13,  15,  17,  19,  23, 27,

@@ -115,12 +115,14 @@ bool QPngDecoder::open(const QByteArray& data)
                 return false;
         }
     }
+    if (m_idat.isEmpty() || (m_format == QImage::Format_Indexed8 && m_colors.isEmpty()))
+        return false;
     // An RGB picture with a transparent colour gains an alpha channel in the
     // general reader, which this decoder leaves to it.
+    if (m_transparency && m_format == QImage::Format_RGB32)
+        return false;
     // Four-byte pixels are written in the byte order of little-endian QRgb.
     if (m_channels > 1 && QSysInfo::ByteOrder != QSysInfo::LittleEndian)
-        return false;
-    if (m_idat.isEmpty() || (m_transparency && m_format == QImage::Format_RGB32) || (m_format == QImage::Format_Indexed8 && m_colors.isEmpty()))
         return false;
     // The general reader refuses pictures past its allocation limit; so must this decoder.
     const qsizetype limit = qsizetype(QImageReader::allocationLimit()) << 20;
