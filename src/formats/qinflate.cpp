@@ -1,5 +1,7 @@
 #include "qinflate.h"
 
+#include "util/qpixelfill.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -286,63 +288,6 @@ private:
     int m_padding = 0;
 };
 
-inline void copy8(uint8_t* to, const uint8_t* from)
-{
-    uint64_t word;
-    std::memcpy(&word, from, sizeof word);
-    std::memcpy(to, &word, sizeof word);
-}
-
-inline void copy16(uint8_t* to, const uint8_t* from)
-{
-    struct Chunk
-    {
-        uint8_t bytes[16];
-    } chunk;
-    std::memcpy(&chunk, from, sizeof chunk);
-    std::memcpy(to, &chunk, sizeof chunk);
-}
-
-/**
- * Copies a match of `length` bytes from `distance` back. It may write up to
- * 31 bytes past the match: chunks never read bytes of their own store, so
- * each reads only output that is already final.
- */
-inline void copyMatch(uint8_t* out, uint32_t distance, uint32_t length)
-{
-    const uint8_t* from = out - distance;
-    uint8_t* const end = out + length;
-    if (distance >= 16) {
-        // Most long matches repeat the row above, or a run, far enough back for whole chunks.
-        do {
-            copy16(out, from);
-            copy16(out + 16, from + 16);
-            out += 32;
-            from += 32;
-        } while (out < end);
-    } else if (distance >= 8) {
-        do {
-            copy8(out, from);
-            out += 8;
-            from += 8;
-        } while (out < end);
-    } else if (distance == 1) {
-        struct Run
-        {
-            uint64_t words[4];
-        } run;
-        const uint64_t word = 0x0101010101010101ull * *from;
-        run.words[0] = run.words[1] = run.words[2] = run.words[3] = word;
-        do {
-            std::memcpy(out, &run, sizeof run);
-            out += 32;
-        } while (out < end);
-    } else {
-        while (out < end)
-            *out++ = *from++;
-    }
-}
-
 #ifdef PF_ADLER_AVX2
 
 __attribute__((target("avx2"))) inline uint64_t sumLanes64(__m256i v)
@@ -555,7 +500,11 @@ private:
             const uint32_t distance = valueOf(e) + reader.take(extraOf(e));
             if (distance > size_t(out - start) || length > size_t(end - out))
                 return false;
-            copyMatch(out, distance, length);
+            // The slack past the end lets runs and copies go in whole blocks.
+            if (distance == 1)
+                pixelFill::fill(out, end + inflateSlack, out[-1], length);
+            else
+                pixelFill::copyBack(out, end + inflateSlack, distance, length);
             out += length;
         }
         m_reader = reader;

@@ -17,5 +17,5 @@
  * write that many bytes of scratch beyond its end, which the following output
  * overwrites.
  */
-constexpr std::size_t inflateSlack = 32;
+constexpr std::size_t inflateSlack = 64;
 bool inflateZlib(const unsigned char* in, std::size_t inLength, unsigned char* out, std::size_t outLength);

@@ -1,4 +1,4 @@
-#include "model/qpixelfill.h"
+#include "util/qpixelfill.h"
 #include "model/qspritecodecs.h"
 
 #include <algorithm>

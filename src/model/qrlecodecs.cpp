@@ -1,7 +1,7 @@
 #include "model/qspritecodecs.h"
 
 #include "formats/qimagefiles.h"
-#include "model/qpixelfill.h"
+#include "util/qpixelfill.h"
 
 #include <QtEndian>
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-// Helpers of the pixel decoders. Packets of these codecs cover a handful of
+// Helpers of the pixel and deflate decoders. Packets of these codecs cover a handful of
 // pixels each, where a call to memset or memcpy costs more than the work; with
 // room to spare up to `limit`, they store whole 16-byte blocks and let the
 // next packet overwrite what went past the end of this one. Decoders write
