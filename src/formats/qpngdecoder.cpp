@@ -2,6 +2,7 @@
 
 #include "qinflate.h"
 #include "qpngfilters.h"
+#include "util/qscratchbuffer.h"
 
 #include <QImageReader>
 #include <QtEndian>
@@ -41,12 +42,8 @@ void copyRgb(const uchar* row, uchar* to, quint32 width)
         pixels[x] = qRgb(row[0], row[1], row[2]);
 }
 
-/// The filtered rows of the picture being decoded; kept between pictures so that
-/// a file of many sprites inflates into memory that is already in the cache.
-thread_local std::vector<uchar> filteredRows;
-/// Rows of larger pictures go to memory of their own, so one huge picture
-/// does not hold its memory for the rest of the process.
-constexpr size_t keptRowsSize = 16 * 1024 * 1024;
+/// The filtered rows of the picture being decoded.
+thread_local QScratchBuffer filteredRows;
 
 } // namespace
 
@@ -215,12 +212,7 @@ bool QPngDecoder::decode(uchar* bits, qsizetype bytesPerLine) const
 
     const qsizetype rowLength = qsizetype(m_width) * m_channels;
     const qsizetype filteredLength = (rowLength + 1) * m_height;
-    const size_t needed = size_t(filteredLength) + inflateSlack;
-    std::vector<uchar> ownRows;
-    std::vector<uchar>& buffer = needed <= keptRowsSize ? filteredRows : ownRows;
-    if (buffer.size() < needed)
-        buffer.resize(needed);
-    uchar* rows = buffer.data();
+    uchar* rows = filteredRows.reserve(size_t(filteredLength) + inflateSlack);
     if (!inflateZlib(compressed, size_t(compressedLength), rows, size_t(filteredLength)))
         return false;
 

@@ -103,13 +103,8 @@ quint64 QPNGCacheFilter::checksum(const QByteArray& data, void*)
     if (!decoder.open(data))
         return imageChecksum(loadPNG(data));
     const qsizetype length = decoder.bytesPerLine() * decoder.size().height();
-    // Larger pictures get memory of their own, which goes when they are hashed.
-    constexpr qsizetype keptLength = 16 * 1024 * 1024;
-    std::vector<uchar> own;
-    std::vector<uchar>& pixels = length <= keptLength ? m_pixels : own;
-    if (pixels.size() < size_t(length))
-        pixels.resize(size_t(length));
-    if (!decoder.decode(pixels.data(), decoder.bytesPerLine()))
+    uchar* pixels = m_pixels.reserve(size_t(length));
+    if (!decoder.decode(pixels, decoder.bytesPerLine()))
         return imageChecksum(loadPNG(data));
-    return crc64(reinterpret_cast<const char*>(pixels.data()), quint32(length));
+    return crc64(reinterpret_cast<const char*>(pixels), quint32(length));
 }

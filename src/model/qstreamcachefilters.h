@@ -5,8 +5,7 @@
 // filters read size (and, for RLE8, format) from a QStreamImageParam.
 
 #include "model/qstreamcachefilter.h"
-
-#include <vector>
+#include "util/qscratchbuffer.h"
 
 /// The crc64 of an image's scan lines, row padding taken as zero: the CRC a
 /// filter gives for a payload that decodes to this image.
@@ -45,5 +44,5 @@ public:
     quint64 checksum(const QByteArray& data, void* param) override;
 
 private:
-    std::vector<uchar> m_pixels; ///< the picture checksum() hashes, reused from one to the next
+    QScratchBuffer m_pixels; ///< the picture checksum() hashes
 };
