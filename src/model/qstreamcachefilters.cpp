@@ -23,24 +23,6 @@ QByteArray bitsOf(const QImage& image)
     return out;
 }
 
-/**
- * A buffer laid out like the QImage the parameter describes, ready for a
- * decoder to fill; `out` is left empty when the parameter describes no image.
- */
-QPixelBuffer allocate(const void* param, QImage::Format format, QByteArray& out)
-{
-    const auto* image = static_cast<const QStreamImageParam*>(param);
-    if (!image || image->width == 0 || image->height == 0 || format == QImage::Format_Invalid)
-        return QPixelBuffer();
-    QPixelBuffer buffer;
-    buffer.width = image->width;
-    buffer.height = image->height;
-    buffer.bytesPerLine = QPixelBuffer::strideFor(buffer.width, QImage::toPixelFormat(format).bitsPerPixel());
-    out = QByteArray(buffer.size(), Qt::Uninitialized);
-    buffer.bits = reinterpret_cast<uchar*>(out.data());
-    return buffer;
-}
-
 } // namespace
 
 quint64 imageChecksum(const QImage& image)
@@ -66,28 +48,65 @@ quint64 QPCXCacheFilter::checksum(const QByteArray& data, void*)
     return imageChecksum(loadPCX(data));
 }
 
-QByteArray QRLE8CacheFilter::process(const QByteArray& data, void* param)
+QImage::Format QPixelStreamFilter::formatOf(const QStreamImageParam&) const
+{
+    return QImage::Format_Indexed8;
+}
+
+QPixelBuffer QPixelStreamFilter::layoutFor(const void* param, QImage::Format& format) const
 {
     const auto* image = static_cast<const QStreamImageParam*>(param);
-    if (!image || formatToDepth(image->format) == 0)
+    format = image ? formatOf(*image) : QImage::Format_Invalid;
+    if (!image || image->width == 0 || image->height == 0 || format == QImage::Format_Invalid)
+        return QPixelBuffer();
+    QPixelBuffer buffer;
+    buffer.width = image->width;
+    buffer.height = image->height;
+    buffer.bytesPerLine = QPixelBuffer::strideFor(buffer.width, QImage::toPixelFormat(format).bitsPerPixel());
+    return buffer;
+}
+
+QByteArray QPixelStreamFilter::process(const QByteArray& data, void* param)
+{
+    QImage::Format format;
+    QPixelBuffer buffer = layoutFor(param, format);
+    if (buffer.size() == 0)
         return QByteArray();
-    QByteArray out;
-    decodeRLE8(data, image->format, allocate(image, image->format, out));
+    QByteArray out(buffer.size(), Qt::Uninitialized);
+    buffer.bits = reinterpret_cast<uchar*>(out.data());
+    decode(data, format, buffer);
     return out;
 }
 
-QByteArray QRLE5CacheFilter::process(const QByteArray& data, void* param)
+quint64 QPixelStreamFilter::checksum(const QByteArray& data, void* param)
 {
-    QByteArray out;
-    decodeRLE5(data, allocate(param, QImage::Format_Indexed8, out));
-    return out;
+    QImage::Format format;
+    QPixelBuffer buffer = layoutFor(param, format);
+    if (buffer.size() == 0)
+        return crc64(QByteArray());
+    buffer.bits = m_pixels.reserve(size_t(buffer.size()));
+    decode(data, format, buffer);
+    return crc64(reinterpret_cast<const char*>(buffer.bits), quint32(buffer.size()));
 }
 
-QByteArray QLZ5CacheFilter::process(const QByteArray& data, void* param)
+QImage::Format QRLE8CacheFilter::formatOf(const QStreamImageParam& image) const
 {
-    QByteArray out;
-    decodeLZ5(data, allocate(param, QImage::Format_Indexed8, out));
-    return out;
+    return formatToDepth(image.format) == 0 ? QImage::Format_Invalid : image.format;
+}
+
+void QRLE8CacheFilter::decode(const QByteArray& data, QImage::Format format, const QPixelBuffer& target) const
+{
+    decodeRLE8(data, format, target);
+}
+
+void QRLE5CacheFilter::decode(const QByteArray& data, QImage::Format, const QPixelBuffer& target) const
+{
+    decodeRLE5(data, target);
+}
+
+void QLZ5CacheFilter::decode(const QByteArray& data, QImage::Format, const QPixelBuffer& target) const
+{
+    decodeLZ5(data, target);
 }
 
 QByteArray QPNGCacheFilter::process(const QByteArray& data, void*)

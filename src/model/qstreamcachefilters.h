@@ -4,6 +4,7 @@
 // QStreamCacheFilterType. RLE8, RLE5 and LZ5 streams carry no header: their
 // filters read size (and, for RLE8, format) from a QStreamImageParam.
 
+#include "model/qspritecodecs.h"
 #include "model/qstreamcachefilter.h"
 #include "util/qscratchbuffer.h"
 
@@ -19,22 +20,46 @@ public:
     quint64 checksum(const QByteArray& data, void* param) override;
 };
 
-class QRLE8CacheFilter : public QStreamCacheFilter
+/**
+ * The headerless streams: each decodes into rows laid out like the QImage its
+ * QStreamImageParam describes. Hashing decodes into memory kept from the
+ * picture before, as opening a file hashes every one.
+ */
+class QPixelStreamFilter : public QStreamCacheFilter
 {
 public:
     QByteArray process(const QByteArray& data, void* param) override;
+    quint64 checksum(const QByteArray& data, void* param) override;
+
+protected:
+    /// The format the stream decodes to; Format_Invalid when the parameter allows none.
+    virtual QImage::Format formatOf(const QStreamImageParam& image) const;
+    virtual void decode(const QByteArray& data, QImage::Format format, const QPixelBuffer& target) const = 0;
+
+private:
+    /// The layout of the decoded rows, without memory; empty when there is no picture to decode.
+    QPixelBuffer layoutFor(const void* param, QImage::Format& format) const;
+
+    QScratchBuffer m_pixels;
 };
 
-class QRLE5CacheFilter : public QStreamCacheFilter
+class QRLE8CacheFilter : public QPixelStreamFilter
 {
-public:
-    QByteArray process(const QByteArray& data, void* param) override;
+protected:
+    QImage::Format formatOf(const QStreamImageParam& image) const override;
+    void decode(const QByteArray& data, QImage::Format format, const QPixelBuffer& target) const override;
 };
 
-class QLZ5CacheFilter : public QStreamCacheFilter
+class QRLE5CacheFilter : public QPixelStreamFilter
 {
-public:
-    QByteArray process(const QByteArray& data, void* param) override;
+protected:
+    void decode(const QByteArray& data, QImage::Format format, const QPixelBuffer& target) const override;
+};
+
+class QLZ5CacheFilter : public QPixelStreamFilter
+{
+protected:
+    void decode(const QByteArray& data, QImage::Format format, const QPixelBuffer& target) const override;
 };
 
 class QPNGCacheFilter : public QStreamCacheFilter
