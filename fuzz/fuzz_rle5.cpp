@@ -1,32 +1,22 @@
 // RLE5 decoding of arbitrary bytes: the image is never written outside, holds
 // only 5-bit values, and the cache filter agrees with the QImage loader; the
 // result survives LZ5, which is how an RLE5 sprite is written back.
-// Input: width (2 bytes, low 9 bits), height (1 byte), then the stream.
+#include "fivebitinput.h"
 #include "model/qspritecodecs.h"
-#include "model/qstreamcachefilter.h"
 #include "model/qstreamcachefilters.h"
-
-#include <cstdint>
-#include <cstdlib>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    if (size < 3)
+    FiveBitInput input;
+    if (!input.read(data, size))
         return 0;
-    QStreamImageParam param;
-    param.width = quint16(1 + ((data[0] | (data[1] << 8)) & 0x1FF));
-    param.height = quint16(1 + data[2] % 16);
-    const QByteArray stream(reinterpret_cast<const char*>(data + 3), qsizetype(size - 3));
-
-    const QImage image = loadRLE5(param.width, param.height, stream);
-    const QByteArray bits(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
-    for (const char c : bits)
-        if (uchar(c) >= 32)
-            std::abort();
-    if (QRLE5CacheFilter().process(stream, &param) != bits)
+    const QStreamImageParam& param = input.param;
+    const QImage image = loadRLE5(param.width, param.height, input.stream);
+    const QByteArray bits = bitsOf(image);
+    requireFiveBits(bits);
+    if (QRLE5CacheFilter().process(input.stream, &input.param) != bits)
         std::abort();
-    const QImage again = loadLZ5(param.width, param.height, saveLZ5(image));
-    if (QByteArray(reinterpret_cast<const char*>(again.constBits()), again.sizeInBytes()) != bits)
+    if (bitsOf(loadLZ5(param.width, param.height, saveLZ5(image))) != bits)
         std::abort();
     return 0;
 }
