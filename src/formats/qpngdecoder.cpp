@@ -191,13 +191,13 @@ qsizetype QPngDecoder::bytesPerLine() const
     return ((qsizetype(m_width) * depth + 31) / 32) * 4;
 }
 
-const uchar* QPngDecoder::compressedRows(QByteArray& joined) const
+QByteArrayView QPngDecoder::compressedRows(QByteArray& joined) const
 {
     if (m_idat.size() == 1)
-        return reinterpret_cast<const uchar*>(m_idat.first().data());
+        return m_idat.first();
     for (const QByteArrayView& part : m_idat)
         joined.append(part);
-    return reinterpret_cast<const uchar*>(joined.constData());
+    return joined;
 }
 
 bool QPngDecoder::decode(uchar* bits, qsizetype bytesPerLine) const
@@ -205,15 +205,12 @@ bool QPngDecoder::decode(uchar* bits, qsizetype bytesPerLine) const
     if (m_format == QImage::Format_Invalid || bytesPerLine < this->bytesPerLine())
         return false;
     QByteArray joined;
-    const uchar* compressed = compressedRows(joined);
-    qsizetype compressedLength = 0;
-    for (const QByteArrayView& part : m_idat)
-        compressedLength += part.size();
+    const QByteArrayView compressed = compressedRows(joined);
 
     const qsizetype rowLength = qsizetype(m_width) * m_channels;
     const qsizetype filteredLength = (rowLength + 1) * m_height;
     uchar* rows = filteredRows.reserve(size_t(filteredLength) + inflateSlack);
-    if (!inflateZlib(compressed, size_t(compressedLength), rows, size_t(filteredLength)))
+    if (!inflateZlib(reinterpret_cast<const uchar*>(compressed.data()), size_t(compressed.size()), rows, size_t(filteredLength)))
         return false;
 
     // Palette and RGBA rows are undone straight into the image, each against

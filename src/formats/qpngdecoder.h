@@ -45,7 +45,8 @@ private:
     bool readHeader(const uchar* chunk, quint32 length);
     bool readPalette(const uchar* chunk, quint32 length);
     bool readTransparency(const uchar* chunk, quint32 length);
-    const uchar* compressedRows(QByteArray& joined) const;
+    /// The compressed rows as one stream, joined into `joined` when the file splits them.
+    QByteArrayView compressedRows(QByteArray& joined) const;
 
     quint32 m_width = 0;
     quint32 m_height = 0;
