@@ -1,0 +1,130 @@
+#include "qimageselection.h"
+
+#include <QPainter>
+
+#include <cstring>
+
+namespace {
+
+QImage blankMask(const QSize& size)
+{
+    QImage mask(size, QImage::Format_Grayscale8);
+    mask.fill(0);
+    return mask;
+}
+
+} // namespace
+
+void QImageSelection::fromMask(const QImage& mask)
+{
+    m_mask = blankMask(m_mask.size());
+    const int rows = qMin(mask.height(), m_mask.height());
+    const int bytes = qMin(mask.width(), m_mask.width());
+    for (int y = 0; y < rows; ++y)
+        std::memcpy(m_mask.scanLine(y), mask.constScanLine(y), size_t(bytes));
+    m_queries = true;
+}
+
+void QImageSelection::fromRect(const QRect& rect)
+{
+    m_mask = blankMask(m_mask.size());
+    const QRect inside = rect.normalized() & m_mask.rect();
+    for (int y = inside.top(); y <= inside.bottom(); ++y)
+        std::memset(m_mask.scanLine(y) + inside.left(), 1, size_t(inside.width()));
+    m_queries = true;
+}
+
+void QImageSelection::clear()
+{
+    m_mask = blankMask(m_mask.size());
+    m_queries = false;
+}
+
+QImage QImageSelection::filter(const QImage& image, bool inside, unsigned int fill) const
+{
+    QImage out = image.copy();
+    const bool wide = out.depth() == 32;
+    for (int y = 0; y < out.height(); ++y) {
+        uchar* row = out.scanLine(y);
+        for (int x = 0; x < out.width(); ++x) {
+            if (isSelected(x, y) == inside)
+                continue;
+            if (wide)
+                reinterpret_cast<quint32*>(row)[x] = fill;
+            else
+                row[x] = uchar(fill);
+        }
+    }
+    return out;
+}
+
+void QImageSelection::setSize(const QSize& size)
+{
+    m_mask = blankMask(size);
+    m_queries = false;
+}
+
+QRect QImageSelection::boundingRect() const
+{
+    if (!m_queries)
+        return QRect();
+    int left = m_mask.width(), right = -1, top = m_mask.height(), bottom = -1;
+    for (int y = 0; y < m_mask.height(); ++y) {
+        const uchar* row = m_mask.constScanLine(y);
+        for (int x = 0; x < m_mask.width(); ++x) {
+            if (!row[x])
+                continue;
+            left = qMin(left, x);
+            right = qMax(right, x);
+            top = qMin(top, y);
+            bottom = qMax(bottom, y);
+        }
+    }
+    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+}
+
+void QImageSelection::translate(const QPoint& offset)
+{
+    QImage moved = blankMask(m_mask.size());
+    for (int y = 0; y < m_mask.height(); ++y) {
+        const int ty = y + offset.y();
+        if (ty < 0 || ty >= m_mask.height())
+            continue;
+        const uchar* from = m_mask.constScanLine(y);
+        uchar* to = moved.scanLine(ty);
+        for (int x = 0; x < m_mask.width(); ++x) {
+            const int tx = x + offset.x();
+            if (from[x] && tx >= 0 && tx < m_mask.width())
+                to[tx] = 1;
+        }
+    }
+    m_mask = moved;
+}
+
+void QImageSelection::render(QPainter* painter) const
+{
+    if (!m_queries)
+        return;
+    QImage tint(m_mask.size(), QImage::Format_ARGB32_Premultiplied);
+    tint.fill(Qt::transparent);
+    const QRgb blue = qPremultiply(qRgba(40, 120, 255, 90));
+    for (int y = 0; y < m_mask.height(); ++y) {
+        const uchar* row = m_mask.constScanLine(y);
+        auto* out = reinterpret_cast<QRgb*>(tint.scanLine(y));
+        for (int x = 0; x < m_mask.width(); ++x)
+            if (row[x])
+                out[x] = blue;
+    }
+    painter->save();
+    painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter->setOpacity(1.0);
+    painter->drawImage(0, 0, tint);
+    const QRect bounds = boundingRect();
+    if (!bounds.isEmpty()) {
+        QPen pen(QColor(20, 80, 220), 0, Qt::DashLine);
+        painter->setPen(pen);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(QRectF(bounds).adjusted(0, 0, 0, 0));
+    }
+    painter->restore();
+}
