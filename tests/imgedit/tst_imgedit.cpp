@@ -1,0 +1,213 @@
+#include "image/gui/imgedit.h"
+#include "image/gui/imgeditcolor.h"
+#include "image/gui/imgeditlayers.h"
+#include "image/gui/imgedittoolbar.h"
+#include "image/gui/imgeditview.h"
+#include "image/qimagelayer.h"
+#include "model/qsprites.h"
+#include "qrecordingprompt.h"
+#include "realdata.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QSlider>
+#include <QListView>
+#include <QToolButton>
+#include <QtTest>
+
+namespace {
+
+QString kfmSff()
+{
+    return realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff");
+}
+
+/// The point of the view over the middle of a canvas pixel in the zoomed pane.
+QPoint viewPoint(ImgEdit& editor, const QPoint& pixel)
+{
+    const double zoom = editor.canvas()->zoomLevel();
+    return editor.render()->zoomedRect().topLeft() + QPoint(int(pixel.x() * zoom + zoom / 2), int(pixel.y() * zoom + zoom / 2));
+}
+
+void dragOnView(ImgEdit& editor, const QList<QPoint>& pixels, Qt::MouseButton button = Qt::LeftButton)
+{
+    ImgEditView* view = editor.view();
+    QTest::mousePress(view, button, Qt::NoModifier, viewPoint(editor, pixels.first()));
+    for (const QPoint& p : pixels.mid(1))
+        QTest::mouseMove(view, viewPoint(editor, p));
+    QTest::mouseRelease(view, button, Qt::NoModifier, viewPoint(editor, pixels.last()));
+}
+
+void clickButton(QWidget* parent, const QString& text)
+{
+    for (QToolButton* button : parent->findChildren<QToolButton*>())
+        if (button->text() == text) {
+            button->click();
+            return;
+        }
+    QFAIL(qPrintable(QStringLiteral("no button ") + text));
+}
+
+/// Pixels that differ between two indexed images of one size.
+QList<QPoint> differences(const QImage& a, const QImage& b)
+{
+    QList<QPoint> out;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            if (a.constScanLine(y)[x] != b.constScanLine(y)[x])
+                out << QPoint(x, y);
+    return out;
+}
+
+/// Saves a picture of the window when PF_SCREENSHOT_DIR names a folder (for runs under Xvfb).
+void screenshot(QWidget* window, const QString& name)
+{
+    const QString dir = qEnvironmentVariable("PF_SCREENSHOT_DIR");
+    if (!dir.isEmpty())
+        window->grab().save(dir + QLatin1Char('/') + name);
+}
+
+} // namespace
+
+class TestImgEdit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QSprites::init(); }
+
+    void editKfmSpriteInOneUndoStep()
+    {
+        PF_REQUIRE_REALDATA();
+        QRecordingPrompt prompt;
+        QSprites sprites(nullptr, ctMemory, true, -1);
+        QVERIFY(sprites.fromFile(kfmSff()));
+        const int position = sprites.find(0, 0, 0);
+        QVERIFY(position >= 0);
+        QSprite* sprite = sprites.at(position);
+        const QImage before = sprite->image(sipOwn);
+        QCOMPARE(before.format(), QImage::Format_Indexed8);
+        const int steps = sprites.undoStack()->count();
+
+        ImgEdit editor;
+        QVERIFY(editor.editSprite(&sprites, position));
+        editor.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&editor));
+        QCOMPARE(editor.canvas()->format(), CanvasIndexed);
+        QCOMPARE(editor.canvas()->size(), before.size());
+
+        // Draw with palette entry 3, taken from the colour panel.
+        ImgEditColor* colours = editor.colorPanel();
+        QTest::mouseClick(colours, Qt::LeftButton, Qt::NoModifier, colours->entryRect(3).center());
+        QCOMPARE(editor.imagePalette()->foreground(), uchar(3));
+        editor.toolBar()->toolAction(itPen)->trigger();
+        dragOnView(editor, { QPoint(2, 2), QPoint(8, 2) });
+        QCOMPARE(editor.canvas()->activeLayer()->image().pixelIndex(5, 2), 3);
+
+        // A new layer, then a copied block of the sprite pasted onto it.
+        clickButton(editor.layersPanel(), QStringLiteral("New"));
+        QCOMPARE(editor.canvas()->layers()->count(), 2);
+        QListView* list = editor.layersPanel()->list();
+        list->setCurrentIndex(list->model()->index(1, 0));
+        QCOMPARE(editor.canvas()->activeLayer()->name(), QStringLiteral("Sprite 0, 0"));
+        editor.toolBar()->toolAction(itRectSel)->trigger();
+        dragOnView(editor, { QPoint(20, 30), QPoint(29, 39) });
+        editor.copy();
+        list->setCurrentIndex(list->model()->index(0, 0));
+        editor.canvas()->selection()->fromRect(QRect(30, 60, 10, 10));
+        editor.paste();
+        QCOMPARE(editor.canvas()->layers()->count(), 3);
+        screenshot(&editor, QStringLiteral("imgedit-kfm.png"));
+
+        QAction* apply = editor.findChild<QAction*>(QStringLiteral("applyToSprite"));
+        QVERIFY(apply);
+        apply->trigger();
+        QCOMPARE(prompt.count(QStringLiteral("question")), 0);
+
+        const QImage after = sprite->image(sipOwn);
+        QCOMPARE(after.format(), QImage::Format_Indexed8);
+        QCOMPARE(after.colorTable(), before.colorTable());
+        QCOMPARE(sprites.undoStack()->count(), steps + 1);
+        const QRect stroke(2, 2, 7, 1), pasted(30, 60, 10, 10);
+        for (const QPoint& p : differences(before, after))
+            QVERIFY2(stroke.contains(p) || pasted.contains(p), qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
+        QCOMPARE(after.pixelIndex(5, 2), 3);
+        for (int y = 0; y < 10; ++y)
+            for (int x = 0; x < 10; ++x) {
+                const int copied = before.pixelIndex(20 + x, 30 + y);
+                QCOMPARE(after.pixelIndex(30 + x, 60 + y), copied ? copied : before.pixelIndex(30 + x, 60 + y));
+            }
+
+        sprites.undoStack()->undo();
+        QCOMPARE(sprite->image(sipOwn), before);
+    }
+
+    void trueColourAsksBeforeItQuantizes()
+    {
+        PF_REQUIRE_REALDATA();
+        QRecordingPrompt prompt;
+        QSprites sprites(nullptr, ctMemory, true, -1);
+        QVERIFY(sprites.fromFile(kfmSff()));
+        const int position = sprites.find(0, 0, 0);
+        QSprite* sprite = sprites.at(position);
+        const QImage before = sprite->image(sipOwn);
+        const int steps = sprites.undoStack()->count();
+
+        ImgEdit editor;
+        QVERIFY(editor.editSprite(&sprites, position));
+        editor.setTrueColour(true);
+        QCOMPARE(editor.canvas()->format(), CanvasRGBA);
+        editor.imagePalette()->setForeground(7);
+        editor.toolBar()->toolAction(itPen)->trigger();
+        dragOnView(editor, { QPoint(1, 1), QPoint(1, 4) });
+
+        prompt.script({ QPrompt::Cancel });
+        QVERIFY(!editor.applyToSprite());
+        QCOMPARE(prompt.count(QStringLiteral("question")), 1);
+        QCOMPARE(sprites.undoStack()->count(), steps);
+        QCOMPARE(sprite->image(sipOwn), before);
+
+        prompt.script({ QPrompt::Yes });
+        QVERIFY(editor.applyToSprite());
+        QCOMPARE(prompt.count(QStringLiteral("question")), 2);
+        const QImage after = sprite->image(sipOwn);
+        QCOMPARE(after.format(), QImage::Format_Indexed8);
+        QCOMPARE(after.colorTable(), before.colorTable());
+        // Entries with equal colours may trade places; the colour may not.
+        QCOMPARE(after.color(after.pixelIndex(1, 3)), before.color(7));
+        for (const QPoint& p : differences(before, after))
+            QVERIFY(QRect(1, 1, 1, 4).contains(p));
+        QCOMPARE(sprites.undoStack()->count(), steps + 1);
+    }
+
+    void layersPanelEditsTheActiveLayer()
+    {
+        ImgEdit editor;
+        QImage picture(32, 24, QImage::Format_ARGB32);
+        picture.fill(QColor(200, 40, 40));
+        editor.setImage(picture);
+        ImgEditLayers* panel = editor.layersPanel();
+        clickButton(panel, QStringLiteral("New"));
+        QImageLayer* top = editor.canvas()->activeLayer();
+        auto* blend = panel->findChild<QComboBox*>();
+        auto* opacity = panel->findChild<QSlider*>();
+        QVERIFY(blend && opacity);
+        blend->setCurrentIndex(2);
+        emit blend->activated(2);
+        QCOMPARE(top->blendMode(), QPainter::CompositionMode_Multiply);
+        opacity->setValue(40);
+        opacity->setValue(50);
+        QCOMPARE(top->opacity(), 0.5);
+        clickButton(panel, QStringLiteral("Down"));
+        QCOMPARE(top->index(), 1);
+        editor.canvas()->undoStack()->undo(); // the move
+        editor.canvas()->undoStack()->undo(); // the whole opacity drag
+        QCOMPARE(top->opacity(), 1.0);
+        QCOMPARE(top->index(), 0);
+        clickButton(panel, QStringLiteral("Merge"));
+        QCOMPARE(editor.canvas()->layers()->count(), 1);
+    }
+};
+
+QTEST_MAIN(TestImgEdit)
+#include "tst_imgedit.moc"
