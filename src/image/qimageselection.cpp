@@ -1,5 +1,7 @@
 #include "qimageselection.h"
 
+#include "image/qopaquebounds.h"
+
 #include <QPainter>
 
 #include <cstring>
@@ -66,21 +68,7 @@ void QImageSelection::setSize(const QSize& size)
 
 QRect QImageSelection::boundingRect() const
 {
-    if (!m_queries)
-        return QRect();
-    int left = m_mask.width(), right = -1, top = m_mask.height(), bottom = -1;
-    for (int y = 0; y < m_mask.height(); ++y) {
-        const uchar* row = m_mask.constScanLine(y);
-        for (int x = 0; x < m_mask.width(); ++x) {
-            if (!row[x])
-                continue;
-            left = qMin(left, x);
-            right = qMax(right, x);
-            top = qMin(top, y);
-            bottom = qMax(bottom, y);
-        }
-    }
-    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+    return m_queries ? opaqueBounds(m_mask) : QRect();
 }
 
 void QImageSelection::translate(const QPoint& offset)

@@ -4,6 +4,7 @@
 #include "image/qimagepalette.h"
 #include "image/qimageresize.h"
 #include "image/qimagerotate.h"
+#include "image/qopaquebounds.h"
 
 #include <cstring>
 
@@ -33,21 +34,7 @@ void QRasterLayer::render(QPainter* painter) const
 
 QRect QRasterLayer::cropRect() const
 {
-    const bool indexed = m_image.format() == QImage::Format_Indexed8;
-    int left = m_image.width(), right = -1, top = m_image.height(), bottom = -1;
-    for (int y = 0; y < m_image.height(); ++y) {
-        const uchar* row = m_image.constScanLine(y);
-        for (int x = 0; x < m_image.width(); ++x) {
-            const bool blank = indexed ? row[x] == 0 : qAlpha(reinterpret_cast<const QRgb*>(row)[x]) == 0;
-            if (blank)
-                continue;
-            left = qMin(left, x);
-            right = qMax(right, x);
-            top = qMin(top, y);
-            bottom = qMax(bottom, y);
-        }
-    }
-    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
+    return opaqueBounds(m_image);
 }
 
 QImageLayer* QRasterLayer::duplicate() const

@@ -5,6 +5,7 @@
 
 #include "formats/qimagefiles.h"
 #include "formats/qrgbpalette.h"
+#include "image/qopaquebounds.h"
 #include "model/qspritecommands.h"
 #include "model/qspriteimagedata.h"
 #include "model/qsprites.h"
@@ -12,30 +13,6 @@
 #include <cstring>
 
 namespace {
-
-/// The smallest rectangle holding every pixel that is not transparent:
-/// index 0 of an indexed image, alpha 0 of an ARGB32 one. A true-colour
-/// image without alpha is opaque throughout.
-QRect opaqueBounds(const QImage& image)
-{
-    if (image.format() == QImage::Format_RGB32)
-        return image.rect();
-    int left = image.width(), top = image.height(), right = -1, bottom = -1;
-    const bool indexed = image.format() == QImage::Format_Indexed8;
-    for (int y = 0; y < image.height(); ++y) {
-        const uchar* line = image.constScanLine(y);
-        for (int x = 0; x < image.width(); ++x) {
-            const bool opaque = indexed ? line[x] != 0 : qAlpha(reinterpret_cast<const QRgb*>(line)[x]) != 0;
-            if (!opaque)
-                continue;
-            left = qMin(left, x);
-            right = qMax(right, x);
-            top = qMin(top, y);
-            bottom = qMax(bottom, y);
-        }
-    }
-    return right < 0 ? QRect() : QRect(QPoint(left, top), QPoint(right, bottom));
-}
 
 /// A palette whose entry i is level i of one channel (0 red, 1 green, 2 blue),
 /// entry 0 transparent.

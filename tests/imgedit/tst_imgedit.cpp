@@ -63,8 +63,10 @@ QList<QPoint> differences(const QImage& a, const QImage& b)
 void screenshot(QWidget* window, const QString& name)
 {
     const QString dir = qEnvironmentVariable("PF_SCREENSHOT_DIR");
-    if (!dir.isEmpty())
-        window->grab().save(dir + QLatin1Char('/') + name);
+    if (dir.isEmpty())
+        return;
+    QTest::qWait(50); // tool bars lay out their option widgets on the next events
+    window->grab().save(dir + QLatin1Char('/') + name);
 }
 
 } // namespace
