@@ -52,7 +52,8 @@ void QImageCanvas::setSize(const QSize& size, const QPoint& offset, bool undoabl
 {
     if (undoable) {
         m_undoStack.beginMacro(QStringLiteral("setSize"));
-        m_undoStack.push(new ImageCanvasSize(this, m_size));
+        m_undoStack.push(new ImageCanvasSize(this, m_size, m_origin));
+        m_origin += offset;
     }
     m_size = size;
     m_selection.setSize(size);
@@ -126,7 +127,7 @@ void QImageCanvas::toIndexed(bool newPalette)
 void QImageCanvas::resize(const QSize& size, QImageResizeFilter filter)
 {
     m_undoStack.beginMacro(QStringLiteral("resize"));
-    m_undoStack.push(new ImageCanvasSize(this, m_size));
+    m_undoStack.push(new ImageCanvasSize(this, m_size, m_origin));
     for (QImageLayer* layer : m_layers.bottomUp())
         layer->resize(size, filter);
     finishEdit();

@@ -48,6 +48,13 @@ public:
     QImageCanvasFormat format() const { return m_format; }
     double zoomLevel() const { return m_zoom; }
     QPoint position() const { return m_position; }
+    /**
+     * Where the top-left corner of the picture the canvas began with lies
+     * now: an undoable change of size that moves the pixels moves it too,
+     * so that whoever opened the picture can keep its axis in place.
+     */
+    QPoint origin() const { return m_origin; }
+    void setOrigin(const QPoint& origin) { m_origin = origin; }
     QImageLayer* activeLayer() const { return m_activeLayer; }
     void setActiveLayer(QImageLayer* layer);
 
@@ -157,6 +164,7 @@ private:
     QImageCanvasFormat m_format = CanvasRGBA;
     QUndoStack m_undoStack;
     QPoint m_position;
+    QPoint m_origin;
     QImageLayer* m_activeLayer = nullptr;
     RasterLayerEdit* m_openEdit = nullptr;
 };

@@ -105,17 +105,21 @@ void ImageLayerName::doRedo()
     m_value = now;
 }
 
-ImageCanvasSize::ImageCanvasSize(QImageCanvas* canvas, const QSize& old)
+ImageCanvasSize::ImageCanvasSize(QImageCanvas* canvas, const QSize& old, const QPoint& oldOrigin)
     : m_canvas(canvas)
     , m_value(old)
+    , m_origin(oldOrigin)
 {
 }
 
 void ImageCanvasSize::doRedo()
 {
     const QSize now = m_canvas->size();
+    const QPoint origin = m_canvas->origin();
     m_canvas->setSize(m_value, QPoint(), false);
+    m_canvas->setOrigin(m_origin);
     m_value = now;
+    m_origin = origin;
 }
 
 ImageCanvasFormat::ImageCanvasFormat(QImageCanvas* canvas, QImageCanvasFormat old)

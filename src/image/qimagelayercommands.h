@@ -114,11 +114,11 @@ private:
     QString m_value;
 };
 
-/// The canvas's size alone; the layers' own changes are commands of their own in the same macro.
+/// The canvas's size and origin alone; the layers' own changes are commands of their own in the same macro.
 class ImageCanvasSize : public ImageUndoCommand
 {
 public:
-    ImageCanvasSize(QImageCanvas* canvas, const QSize& old);
+    ImageCanvasSize(QImageCanvas* canvas, const QSize& old, const QPoint& oldOrigin);
     void undo() override { doRedo(); }
 
 protected:
@@ -127,6 +127,7 @@ protected:
 private:
     QImageCanvas* m_canvas;
     QSize m_value;
+    QPoint m_origin;
 };
 
 /// The canvas's format alone; the layers convert in commands of their own.

@@ -71,10 +71,18 @@ void QImagePainter::floodFill(const QPoint& seed, int tolerance)
     if (target == m_value && tolerance <= 0)
         return;
     const int width = m_image->width(), height = m_image->height();
+    // Pixels are read straight from the buffer, which bits() detaches now so
+    // that the pointer stays valid while setPixel writes.
+    const uchar* bits = m_image->bits();
+    const qsizetype stride = m_image->bytesPerLine();
+    const bool wide = m_image->depth() == 32;
     // Filled pixels may still match within a tolerance, so visits are marked.
     QByteArray visited(width * height, 0);
     auto open = [&](int x, int y) {
-        return !visited.at(y * width + x) && m_selection->clipQuery(x, y) && matches(target, pixel(x, y), tolerance);
+        if (visited.at(y * width + x) || !m_selection->clipQuery(x, y))
+            return false;
+        const uchar* row = bits + y * stride;
+        return matches(target, wide ? reinterpret_cast<const quint32*>(row)[x] : row[x], tolerance);
     };
 
     // Columns are the unit: each seed walks up to the top of its run, then

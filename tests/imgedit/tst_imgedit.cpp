@@ -120,6 +120,10 @@ private slots:
         editor.paste();
         QCOMPARE(editor.canvas()->layers()->count(), 3);
         screenshot(&editor, QStringLiteral("imgedit-kfm.png"));
+        editor.render()->setVisibility(true, true);
+        editor.canvas()->setZoomLevel(5.0);
+        editor.canvas()->setPosition(QPoint(0, -40));
+        screenshot(&editor, QStringLiteral("imgedit-kfm-zoom.png"));
 
         QAction* apply = editor.findChild<QAction*>(QStringLiteral("applyToSprite"));
         QVERIFY(apply);
@@ -180,6 +184,34 @@ private slots:
         for (const QPoint& p : differences(before, after))
             QVERIFY(QRect(1, 1, 1, 4).contains(p));
         QCOMPARE(sprites.undoStack()->count(), steps + 1);
+    }
+
+    void axisFollowsACanvasResize()
+    {
+        PF_REQUIRE_REALDATA();
+        QRecordingPrompt prompt;
+        QSprites sprites(nullptr, ctMemory, true, -1);
+        QVERIFY(sprites.fromFile(kfmSff()));
+        QSprite* sprite = sprites.at(sprites.find(0, 0, 0));
+        const QImage before = sprite->image(sipOwn);
+        const QPoint axis = sprite->offset();
+        const int steps = sprites.undoStack()->count();
+
+        ImgEdit editor;
+        QVERIFY(editor.editSprite(&sprites, sprite->index()));
+        editor.canvas()->setSize(before.size() + QSize(6, 4), QPoint(3, 2), true);
+        QVERIFY(editor.applyToSprite());
+        QCOMPARE(sprite->offset(), axis + QPoint(3, 2));
+        QCOMPARE(sprite->image(sipOwn).copy(3, 2, before.width(), before.height()), before);
+        // Cropping back moves the axis back; each apply is one step of the sprite file.
+        editor.canvas()->crop();
+        QVERIFY(editor.applyToSprite());
+        QCOMPARE(sprite->offset(), axis + editor.canvas()->origin());
+        QCOMPARE(sprites.undoStack()->count(), steps + 2);
+        sprites.undoStack()->undo();
+        sprites.undoStack()->undo();
+        QCOMPARE(sprite->offset(), axis);
+        QCOMPARE(sprite->image(sipOwn), before);
     }
 
     void layersPanelEditsTheActiveLayer()

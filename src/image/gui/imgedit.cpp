@@ -131,6 +131,8 @@ void ImgEdit::resetCanvas(const QImage& image, const QString& layerName)
     m_canvas.layers()->add(layer, false);
     m_canvas.setActiveLayer(layer);
     m_canvas.setPosition(QPoint());
+    m_canvas.setOrigin(QPoint());
+    m_appliedOrigin = QPoint();
     m_canvas.setZoomLevel(qMax(1.0, qMin(480.0 / qMax(1, m_canvas.size().width()),
                                          400.0 / qMax(1, m_canvas.size().height()))));
     m_trueColour->setChecked(!indexed);
@@ -210,6 +212,11 @@ bool ImgEdit::applyToSprite()
         merged.setColorTable(m_palette.toRgbPal());
     m_sprites->beginMacro(tr("Edit image"));
     m_sprite->setImage(merged, ssmAsk, false, newPalette ? spmNew : spmKeep);
+    // A crop or a larger canvas moved the picture: the axis follows it.
+    const QPoint moved = m_canvas.origin() - m_appliedOrigin;
+    if (!moved.isNull())
+        m_sprite->setOffset(m_sprite->offset() + moved);
+    m_appliedOrigin = m_canvas.origin();
     m_sprites->endMacro();
     return true;
 }

@@ -72,4 +72,5 @@ private:
     QSprites* m_sprites = nullptr;
     QPointer<QSprite> m_sprite;
     bool m_spriteIndexed = false;
+    QPoint m_appliedOrigin; // the canvas origin that the sprite's axis matches
 };

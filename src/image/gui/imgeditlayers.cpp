@@ -67,6 +67,7 @@ ImgEditLayers::ImgEditLayers(QImageCanvas* canvas, QWidget* parent)
     });
     connect(canvas, &QImageCanvas::activeLayerChanged, this, &ImgEditLayers::syncFromCanvas);
     connect(canvas, &QImageCanvas::layerChanged, this, &ImgEditLayers::syncFromCanvas);
+    connect(canvas, &QImageCanvas::formatChanged, this, &ImgEditLayers::syncFromCanvas);
     syncFromCanvas();
 }
 
@@ -84,8 +85,13 @@ void ImgEditLayers::syncFromCanvas()
 {
     m_syncing = true;
     QImageLayer* layer = m_canvas->activeLayer();
-    m_blend->setEnabled(layer);
-    m_opacity->setEnabled(layer);
+    // Among indices there is no blending: an indexed picture shows the top opaque entry.
+    const bool blends = layer && m_canvas->format() == CanvasRGBA;
+    m_blend->setEnabled(blends);
+    m_opacity->setEnabled(blends);
+    const QString why = blends ? QString() : tr("Blend modes and opacity apply to true-colour pictures only");
+    m_blend->setToolTip(why);
+    m_opacity->setToolTip(why);
     if (layer) {
         m_list->setCurrentIndex(m_canvas->layers()->index(layer->index()));
         m_blend->setCurrentIndex(comboIndex(layer->blendMode()));
