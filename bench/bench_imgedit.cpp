@@ -120,6 +120,19 @@ int main(int argc, char** argv)
     });
     bench::report("100-point stroke with its undo step", strokeUndoMs, memcpyMs);
 
+    // What the view recomposes after each drawn step: three indexed layers.
+    b.clear();
+    stroke(b.canvas.painter(), points);
+    for (int i = 0; i < 2; ++i) {
+        QImageLayer* extra = b.canvas.newRasterLayer();
+        b.canvas.layers()->add(extra, false);
+        b.canvas.setActiveLayer(extra);
+        stroke(b.canvas.painter(), points);
+    }
+    const double mergeMs = bench::bestMs(repetitions, [&]() { bench::keep(b.canvas.mergeLayers()); });
+    bench::report("merge of three indexed 640x480 layers", mergeMs, memcpyMs);
+    b.canvas.setActiveLayer(b.layer);
+
     const QRect touched = [&]() {
         b.clear();
         const QImage before = b.layer->image().copy();

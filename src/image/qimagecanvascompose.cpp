@@ -8,6 +8,7 @@
 #include <QPainter>
 
 #include <cstring>
+#include <vector>
 
 namespace {
 
@@ -91,33 +92,45 @@ QImage QImageCanvas::composeIndexed(const QList<QImageLayer*>& bottomUp) const
         if (layer->isVisible())
             topDown.prepend(&layer->image());
     const QRGBA* table = m_palette->palette();
-    QVector<QRGBA> gathered;
+    enum Kind : uchar { Clear, Opaque, Translucent };
+    Kind kinds[256];
+    for (int i = 0; i < 256; ++i)
+        kinds[i] = table[i].a == 0 ? Clear : (table[i].a == 255 ? Opaque : Translucent);
+
+    const int layers = topDown.size();
+    std::vector<const uchar*> rows(static_cast<size_t>(layers));
+    std::vector<int> widths(static_cast<size_t>(layers));
+    std::vector<uchar> gathered(static_cast<size_t>(layers));
     for (int y = 0; y < m_size.height(); ++y) {
+        for (int i = 0; i < layers; ++i) {
+            const QImage* image = topDown.at(i);
+            rows[size_t(i)] = y < image->height() ? image->constScanLine(y) : nullptr;
+            widths[size_t(i)] = image->width();
+        }
         uchar* out = result.scanLine(y);
         for (int x = 0; x < m_size.width(); ++x) {
-            gathered.clear();
-            bool written = false;
-            for (const QImage* image : topDown) {
-                if (x >= image->width() || y >= image->height())
+            int count = 0;
+            for (int i = 0; i < layers; ++i) {
+                if (!rows[size_t(i)] || x >= widths[size_t(i)])
                     continue;
-                const uchar index = image->constScanLine(y)[x];
-                const QRGBA colour = table[index];
-                if (colour.a == 0)
+                const uchar index = rows[size_t(i)][x];
+                const Kind kind = kinds[index];
+                if (kind == Clear)
                     continue;
-                if (colour.a == 255 && gathered.isEmpty()) {
-                    out[x] = index;
-                    written = true;
-                    break;
-                }
-                gathered << colour;
-                if (colour.a == 255)
+                gathered[size_t(count++)] = index;
+                if (kind == Opaque)
                     break;
             }
-            if (written || gathered.isEmpty())
+            if (count == 1 && kinds[gathered[0]] == Opaque) {
+                out[x] = gathered[0];
                 continue;
-            int c[4] = { gathered.last().r, gathered.last().g, gathered.last().b, gathered.last().a };
-            for (int i = gathered.size() - 2; i >= 0; --i) {
-                const QRGBA& next = gathered.at(i);
+            }
+            if (count == 0)
+                continue;
+            const QRGBA& bottom = table[gathered[size_t(count - 1)]];
+            int c[4] = { bottom.r, bottom.g, bottom.b, bottom.a };
+            for (int i = count - 2; i >= 0; --i) {
+                const QRGBA& next = table[gathered[size_t(i)]];
                 c[0] += (next.r - c[0]) >> 1;
                 c[1] += (next.g - c[1]) >> 1;
                 c[2] += (next.b - c[2]) >> 1;

@@ -77,9 +77,10 @@ void QImagePainter::floodFill(const QPoint& seed, int tolerance)
     const qsizetype stride = m_image->bytesPerLine();
     const bool wide = m_image->depth() == 32;
     // Filled pixels may still match within a tolerance, so visits are marked.
-    QByteArray visited(width * height, 0);
+    QByteArray visitedBytes(width * height, 0);
+    char* visited = visitedBytes.data();
     auto open = [&](int x, int y) {
-        if (visited.at(y * width + x) || !m_selection->clipQuery(x, y))
+        if (visited[y * width + x] || !m_selection->clipQuery(x, y))
             return false;
         const uchar* row = bits + y * stride;
         return matches(target, wide ? reinterpret_cast<const quint32*>(row)[x] : row[x], tolerance);

@@ -17,6 +17,14 @@ QImage blankMask(const QSize& size)
 
 } // namespace
 
+void QImageSelection::cacheMask()
+{
+    m_width = m_mask.width();
+    m_height = m_mask.height();
+    m_bits = m_mask.constBits();
+    m_stride = m_mask.bytesPerLine();
+}
+
 void QImageSelection::fromMask(const QImage& mask)
 {
     m_mask = blankMask(m_mask.size());
@@ -25,6 +33,7 @@ void QImageSelection::fromMask(const QImage& mask)
     for (int y = 0; y < rows; ++y)
         std::memcpy(m_mask.scanLine(y), mask.constScanLine(y), size_t(bytes));
     m_queries = true;
+    cacheMask();
 }
 
 void QImageSelection::fromRect(const QRect& rect)
@@ -34,12 +43,14 @@ void QImageSelection::fromRect(const QRect& rect)
     for (int y = inside.top(); y <= inside.bottom(); ++y)
         std::memset(m_mask.scanLine(y) + inside.left(), 1, size_t(inside.width()));
     m_queries = true;
+    cacheMask();
 }
 
 void QImageSelection::clear()
 {
     m_mask = blankMask(m_mask.size());
     m_queries = false;
+    cacheMask();
 }
 
 QImage QImageSelection::filter(const QImage& image, bool inside, unsigned int fill) const
@@ -64,6 +75,7 @@ void QImageSelection::setSize(const QSize& size)
 {
     m_mask = blankMask(size);
     m_queries = false;
+    cacheMask();
 }
 
 QRect QImageSelection::boundingRect() const
@@ -87,6 +99,7 @@ void QImageSelection::translate(const QPoint& offset)
         }
     }
     m_mask = moved;
+    cacheMask();
 }
 
 void QImageSelection::render(QPainter* painter) const

@@ -34,9 +34,9 @@ public:
     /// pixel while queries are on.
     bool clipQuery(int x, int y) const
     {
-        if (x < 0 || y < 0 || x >= m_mask.width() || y >= m_mask.height())
+        if (x < 0 || y < 0 || x >= m_width || y >= m_height)
             return false;
-        return !m_queries || m_mask.constScanLine(y)[x] > 0;
+        return !m_queries || m_bits[y * m_stride + x] > 0;
     }
     bool isSelected(int x, int y) const { return m_queries && clipQuery(x, y); }
     /// True when a selection limits drawing.
@@ -50,6 +50,13 @@ public:
     void render(QPainter* painter) const;
 
 private:
+    /// Painters ask clipQuery for every pixel: the mask's geometry is kept at hand.
+    void cacheMask();
+
     QImage m_mask;
     bool m_queries = false;
+    int m_width = 0;
+    int m_height = 0;
+    const uchar* m_bits = nullptr;
+    qsizetype m_stride = 0;
 };
