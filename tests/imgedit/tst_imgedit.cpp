@@ -9,6 +9,9 @@
 #include "realdata.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QTemporaryDir>
 #include <QComboBox>
 #include <QSlider>
 #include <QListView>
@@ -212,6 +215,51 @@ private slots:
         sprites.undoStack()->undo();
         QCOMPARE(sprite->offset(), axis);
         QCOMPARE(sprite->image(sipOwn), before);
+    }
+
+    void foreignPicturesJoinAnIndexedCanvasAsIndices()
+    {
+        QRecordingPrompt prompt;
+        ImgEdit editor;
+        QImage indexed(16, 8, QImage::Format_Indexed8);
+        QVector<QRgb> table(256, qRgb(0, 0, 0));
+        for (int i = 1; i < 256; ++i)
+            table[i] = qRgb(i, 255 - i, (i * 5) & 0xff);
+        table[0] = qRgba(0, 0, 0, 0);
+        indexed.setColorTable(table);
+        indexed.fill(0);
+        editor.setImage(indexed);
+        QCOMPARE(editor.canvas()->format(), CanvasIndexed);
+
+        // A true-colour picture from another program, through the clipboard.
+        QImage foreign(4, 4, QImage::Format_ARGB32);
+        foreign.fill(qRgb(100, 155, 244)); // entry 100 exactly
+        foreign.setPixel(0, 0, qRgba(0, 0, 0, 0));
+        QApplication::clipboard()->setImage(foreign);
+        editor.paste();
+        const QImage& pasted = editor.canvas()->activeLayer()->image();
+        QCOMPARE(pasted.format(), QImage::Format_Indexed8);
+        QCOMPARE(pasted.pixelIndex(1, 1), 100);
+        QCOMPARE(pasted.pixelIndex(0, 0), 0);
+        QCOMPARE(editor.render()->currentToolType(), itSelMove); // ready to place it
+
+        // An image file as a new layer; a file that is no image loses nothing.
+        QTemporaryDir dir;
+        const QString good = dir.filePath(QStringLiteral("spark.png"));
+        QVERIFY(foreign.save(good));
+        QVERIFY(editor.importLayerFrom(good));
+        QCOMPARE(editor.canvas()->layers()->count(), 3);
+        QCOMPARE(editor.canvas()->activeLayer()->name(), QStringLiteral("spark"));
+        QCOMPARE(editor.canvas()->activeLayer()->image().pixelIndex(2, 3), 100);
+        const QString bad = dir.filePath(QStringLiteral("notes.png"));
+        QFile file(bad);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("not a picture");
+        file.close();
+        QVERIFY(!editor.importLayerFrom(bad));
+        QCOMPARE(prompt.count(QStringLiteral("warning")), 1);
+        QVERIFY(prompt.entries().last().text.contains(QStringLiteral("notes.png")));
+        QCOMPARE(editor.canvas()->layers()->count(), 3);
     }
 
     void layersPanelEditsTheActiveLayer()
