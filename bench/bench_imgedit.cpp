@@ -33,7 +33,11 @@ struct Bench
         canvas.layers()->add(layer, false);
         canvas.setActiveLayer(layer);
     }
-    void clear() { layer->image().fill(0); canvas.undoStack()->clear(); }
+    void clear()
+    {
+        layer->image().fill(0);
+        canvas.undoStack()->clear();
+    }
 };
 
 QList<QPoint> strokePoints()
@@ -113,7 +117,8 @@ int main(int argc, char** argv)
         b.clear();
         b.canvas.changing(b.layer);
         stroke(b.canvas.painter(), points);
-        auto* edit = static_cast<RasterLayerEdit*>(const_cast<QUndoCommand*>(b.canvas.undoStack()->command(0)));
+        auto* edit
+            = static_cast<RasterLayerEdit*>(const_cast<QUndoCommand*>(b.canvas.undoStack()->command(0)));
         strokeWhole = edit->heldBytes();
         b.canvas.finishEdit();
         strokeHeld = edit->heldBytes();
@@ -141,8 +146,8 @@ int main(int argc, char** argv)
     }();
     std::printf("\nundo memory (image %lld bytes)\n", qlonglong(bytes));
     std::printf("  stroke: whole-image copy %lld bytes, kept rectangle %lld bytes (%dx%d), x%.1f smaller\n",
-                qlonglong(strokeWhole), qlonglong(strokeHeld), touched.width(), touched.height(),
-                strokeHeld > 0 ? double(strokeWhole) / double(strokeHeld) : 0.0);
+        qlonglong(strokeWhole), qlonglong(strokeHeld), touched.width(), touched.height(),
+        strokeHeld > 0 ? double(strokeWhole) / double(strokeHeld) : 0.0);
     std::printf("  fill:   kept rectangle %lld bytes (the whole canvas changed)\n", qlonglong(fillHeld));
     return 0;
 }

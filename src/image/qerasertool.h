@@ -8,7 +8,10 @@ class QEraserTool : public QBasePenTool
 {
     Q_OBJECT
 public:
-    explicit QEraserTool(QImageCanvas* canvas) : QBasePenTool(canvas, true) { }
+    explicit QEraserTool(QImageCanvas* canvas)
+        : QBasePenTool(canvas, true)
+    {
+    }
 
 protected:
     void doDraw(const QPoint& at, QImagePainter* painter) override;

@@ -108,8 +108,8 @@ void QImageCanvas::toIndexed(bool newPalette)
         }
         QColorQuantizer quantizer(255, 8);
         if (!opaque.isEmpty())
-            quantizer.processImage(QImage(reinterpret_cast<const uchar*>(opaque.constData()), opaque.size(), 1,
-                                          QImage::Format_ARGB32));
+            quantizer.processImage(QImage(
+                reinterpret_cast<const uchar*>(opaque.constData()), opaque.size(), 1, QImage::Format_ARGB32));
         QVector<QRgb> table;
         quantizer.getColorTable(table);
         QRGBA colors[256];
@@ -218,7 +218,8 @@ void QImageCanvas::finishEdit()
 
 unsigned int QImageCanvas::fillValue() const
 {
-    return m_format == CanvasIndexed ? m_palette->background() : m_palette->color(m_palette->background()).rgba();
+    return m_format == CanvasIndexed ? m_palette->background()
+                                     : m_palette->color(m_palette->background()).rgba();
 }
 
 void QImageCanvas::setZoomLevel(double zoom)

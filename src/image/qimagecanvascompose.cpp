@@ -23,7 +23,7 @@ QImage placed(const QImage& image, const QSize& size, const QPoint& at, const QV
     const int bytes = image.depth() / 8;
     for (int y = area.top(); y <= area.bottom(); ++y)
         std::memcpy(out.scanLine(y) + area.left() * bytes,
-                    image.constScanLine(y - at.y()) + (area.left() - at.x()) * bytes, size_t(area.width() * bytes));
+            image.constScanLine(y - at.y()) + (area.left() - at.x()) * bytes, size_t(area.width() * bytes));
     return out;
 }
 

@@ -5,7 +5,7 @@
 /// How the layers of a canvas store their pixels: palette indices or colours.
 enum QImageCanvasFormat {
     CanvasIndexed = 0, ///< every layer is Format_Indexed8 against the canvas palette
-    CanvasRGBA = 1,    ///< every layer is Format_ARGB32
+    CanvasRGBA = 1, ///< every layer is Format_ARGB32
 };
 
 /// The QImage format that layers and merge results of a canvas format have.

@@ -123,7 +123,7 @@ QVariant QImageLayers::data(const QModelIndex& index, int role) const
         if (!size.isEmpty()) {
             QPainter painter(&thumb);
             painter.scale(double(size.width()) / layer->image().width(),
-                          double(size.height()) / layer->image().height());
+                double(size.height()) / layer->image().height());
             layer->render(&painter);
         }
         return thumb;

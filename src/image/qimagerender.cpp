@@ -109,7 +109,8 @@ QRect QImageRender::zoomedRect() const
     const int left = m_actualVisible ? 3 * margin + m_canvas->size().width() : margin;
     const double zoom = m_canvas->zoomLevel();
     return QRect(m_canvas->position() + QPoint(left, margin),
-                 QSize(int(std::ceil(m_canvas->size().width() * zoom)), int(std::ceil(m_canvas->size().height() * zoom))));
+        QSize(int(std::ceil(m_canvas->size().width() * zoom)),
+            int(std::ceil(m_canvas->size().height() * zoom))));
 }
 
 QSize QImageRender::extent() const
@@ -119,12 +120,14 @@ QSize QImageRender::extent() const
         all |= actualRect();
     if (m_zoomedVisible)
         all |= zoomedRect();
-    return QSize(all.right() + margin + 1, all.bottom() + margin + 1) - QSize(m_canvas->position().x(), m_canvas->position().y());
+    return QSize(all.right() + margin + 1, all.bottom() + margin + 1)
+        - QSize(m_canvas->position().x(), m_canvas->position().y());
 }
 
 QImageRender::Pane QImageRender::paneAt(const QPoint& screen) const
 {
-    if (m_actualVisible && (!m_zoomedVisible || actualRect().adjusted(-margin, -margin, margin, margin).contains(screen)))
+    if (m_actualVisible
+        && (!m_zoomedVisible || actualRect().adjusted(-margin, -margin, margin, margin).contains(screen)))
         return ActualPane;
     return ZoomedPane;
 }
@@ -142,8 +145,8 @@ QPoint QImageRender::mapToCanvas(const QPoint& screen, Pane pane, bool round) co
     return round ? QPoint(qRound(x), qRound(y)) : QPoint(int(std::floor(x)), int(std::floor(y)));
 }
 
-QImageToolMouseEvent QImageRender::toolEvent(const QPoint& screen, Qt::MouseButton button,
-                                             Qt::KeyboardModifiers modifiers) const
+QImageToolMouseEvent QImageRender::toolEvent(
+    const QPoint& screen, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const
 {
     QImageToolMouseEvent event;
     event.modifiers = modifiers;

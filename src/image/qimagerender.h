@@ -84,8 +84,8 @@ private:
     QImageTool* eventTool() const;
     Pane paneAt(const QPoint& screen) const;
     QPoint mapToCanvas(const QPoint& screen, Pane pane, bool round) const;
-    QImageToolMouseEvent toolEvent(const QPoint& screen, Qt::MouseButton button,
-                                   Qt::KeyboardModifiers modifiers) const;
+    QImageToolMouseEvent toolEvent(
+        const QPoint& screen, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) const;
     void renderPane(QPainter* painter, const QRect& pane, double zoom);
     void settle(const QCursor& cursor);
     void invalidate();

@@ -27,11 +27,17 @@ void QImageTool::mouseReleased(const QImageToolMouseEvent&, QCursor&)
     m_pressed = false;
 }
 
-void QImageTool::mouseMoved(const QImageToolMouseEvent&, QCursor&) { }
+void QImageTool::mouseMoved(const QImageToolMouseEvent&, QCursor&)
+{
+}
 
-void QImageTool::renderCursor(QPainter*, const QPoint&, double) { }
+void QImageTool::renderCursor(QPainter*, const QPoint&, double)
+{
+}
 
-void QImageTool::colorClicked(bool, unsigned char) { }
+void QImageTool::colorClicked(bool, unsigned char)
+{
+}
 
 void QImageTool::setColor(QPainter* painter, const QColor& colour)
 {

@@ -8,7 +8,10 @@ class QPenTool : public QBasePenTool
 {
     Q_OBJECT
 public:
-    explicit QPenTool(QImageCanvas* canvas) : QBasePenTool(canvas, true) { }
+    explicit QPenTool(QImageCanvas* canvas)
+        : QBasePenTool(canvas, true)
+    {
+    }
 
 protected:
     void doDraw(const QPoint& at, QImagePainter* painter) override;

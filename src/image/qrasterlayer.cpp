@@ -23,7 +23,7 @@ void QRasterLayer::render(QPainter* painter) const
         // A view on the same bytes takes the palette, so that the undo copy
         // that shares the layer's pixels is not detached by a new colour table.
         QImage view(m_image.constBits(), m_image.width(), m_image.height(), m_image.bytesPerLine(),
-                    QImage::Format_Indexed8);
+            QImage::Format_Indexed8);
         view.setColorTable(canvas()->palette()->toRgbPal());
         painter->drawImage(0, 0, view);
     } else {
@@ -107,7 +107,7 @@ void QRasterLayer::resize(const QSize& size, QPoint offset, unsigned int fill)
     const int bytes = m_image.depth() / 8;
     for (int y = source.top(); y <= source.bottom(); ++y)
         std::memcpy(out.scanLine(y + offset.y()) + (source.left() + offset.x()) * bytes,
-               m_image.constScanLine(y) + source.left() * bytes, size_t(source.width() * bytes));
+            m_image.constScanLine(y) + source.left() * bytes, size_t(source.width() * bytes));
     m_image = out;
 }
 

@@ -71,7 +71,7 @@ void RasterLayerEdit::swap()
         const int bytes = image.depth() / 8;
         for (int y = 0; y < area.height(); ++y)
             std::memcpy(image.scanLine(area.top() + y) + area.left() * bytes, m_saved.constScanLine(y),
-                        size_t(area.width() * bytes));
+                size_t(area.width() * bytes));
         m_saved = current;
     }
     m_layer->canvas()->layerPixelsChanged(m_layer);

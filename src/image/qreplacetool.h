@@ -22,7 +22,10 @@ public:
         unsigned char to = 0;
     };
 
-    explicit QReplaceTool(QImageCanvas* canvas) : QBasePenTool(canvas, true) { }
+    explicit QReplaceTool(QImageCanvas* canvas)
+        : QBasePenTool(canvas, true)
+    {
+    }
 
     Pair pair(int row) const { return m_pairs[row]; }
     void setPair(int row, unsigned char from, unsigned char to);

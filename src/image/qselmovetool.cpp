@@ -34,7 +34,8 @@ void QSelMoveTool::moved(const QPoint& offset)
             const int tx = x + offset.x();
             if (!selected[x] || tx < 0 || tx >= image.width() || tx >= mask.width())
                 continue;
-            std::memcpy(image.scanLine(ty) + tx * bytes, m_floating.constScanLine(y) + x * bytes, size_t(bytes));
+            std::memcpy(
+                image.scanLine(ty) + tx * bytes, m_floating.constScanLine(y) + x * bytes, size_t(bytes));
             mask.scanLine(ty)[tx] = 1;
         }
     }
@@ -58,11 +59,20 @@ bool QSelMoveTool::keyPressed(Qt::KeyboardModifiers, int key)
 {
     QPoint step;
     switch (key) {
-    case Qt::Key_Left: step = QPoint(-1, 0); break;
-    case Qt::Key_Up: step = QPoint(0, -1); break;
-    case Qt::Key_Right: step = QPoint(1, 0); break;
-    case Qt::Key_Down: step = QPoint(0, 1); break;
-    default: return false;
+    case Qt::Key_Left:
+        step = QPoint(-1, 0);
+        break;
+    case Qt::Key_Up:
+        step = QPoint(0, -1);
+        break;
+    case Qt::Key_Right:
+        step = QPoint(1, 0);
+        break;
+    case Qt::Key_Down:
+        step = QPoint(0, 1);
+        break;
+    default:
+        return false;
     }
     if (m_moving || !begin())
         return false;

@@ -26,7 +26,7 @@ private:
     void end();
 
     bool m_moving = false;
-    QImage m_base;     // the layer with the selected pixels taken out
+    QImage m_base; // the layer with the selected pixels taken out
     QImage m_floating; // the layer as it was, read where the mask is set
     QImage m_mask;
 };

@@ -10,12 +10,18 @@
 namespace {
 
 const QList<QPainter::CompositionMode> blendModes = {
-    QPainter::CompositionMode_SourceOver, QPainter::CompositionMode_Plus,
-    QPainter::CompositionMode_Multiply,   QPainter::CompositionMode_Screen,
-    QPainter::CompositionMode_Overlay,    QPainter::CompositionMode_Darken,
-    QPainter::CompositionMode_Lighten,    QPainter::CompositionMode_ColorDodge,
-    QPainter::CompositionMode_ColorBurn,  QPainter::CompositionMode_HardLight,
-    QPainter::CompositionMode_SoftLight,  QPainter::CompositionMode_Difference,
+    QPainter::CompositionMode_SourceOver,
+    QPainter::CompositionMode_Plus,
+    QPainter::CompositionMode_Multiply,
+    QPainter::CompositionMode_Screen,
+    QPainter::CompositionMode_Overlay,
+    QPainter::CompositionMode_Darken,
+    QPainter::CompositionMode_Lighten,
+    QPainter::CompositionMode_ColorDodge,
+    QPainter::CompositionMode_ColorBurn,
+    QPainter::CompositionMode_HardLight,
+    QPainter::CompositionMode_SoftLight,
+    QPainter::CompositionMode_Difference,
     QPainter::CompositionMode_Exclusion,
 };
 
@@ -26,7 +32,9 @@ QImage testPicture(const QSize& size, int seed)
     for (int y = 0; y < size.height(); ++y)
         for (int x = 0; x < size.width(); ++x) {
             const int alpha = (x + y + seed) % 5 == 0 ? 0 : ((x * seed + y) % 3 == 0 ? 128 : 255);
-            image.setPixel(x, y, qRgba((x * 16 + seed * 40) & 0xff, (y * 16 + seed * 70) & 0xff, (x * y + seed) & 0xff, alpha));
+            image.setPixel(x, y,
+                qRgba(
+                    (x * 16 + seed * 40) & 0xff, (y * 16 + seed * 70) & 0xff, (x * y + seed) & 0xff, alpha));
         }
     return image;
 }
@@ -232,7 +240,7 @@ private slots:
         kit.canvas.setSize(QSize(70, 50), QPoint(3, 2), true);
         QCOMPARE(kit.layer->image().size(), QSize(70, 50));
         QCOMPARE(kit.at(13, 12), 9); // moved by the offset
-        QCOMPARE(kit.at(0, 0), 0);   // new room takes the background
+        QCOMPARE(kit.at(0, 0), 0); // new room takes the background
         kit.canvas.undoStack()->undo();
         QCOMPARE(kit.canvas.size(), QSize(64, 48));
         QCOMPARE(kit.layer->image(), after);

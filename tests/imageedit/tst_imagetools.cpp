@@ -30,7 +30,7 @@ struct ToolKit : CanvasKit
         return render.zoomedRect().topLeft() + pixel * 2 + QPoint(1, 1);
     }
     void drag(QImageToolType tool, const QList<QPoint>& points, Qt::MouseButton button = Qt::LeftButton,
-              Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+        Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         render.setTool(tool);
         render.mousePress(screen(points.first()), button, modifiers);

@@ -29,7 +29,8 @@ QString kfmSff()
 QPoint viewPoint(ImgEdit& editor, const QPoint& pixel)
 {
     const double zoom = editor.canvas()->zoomLevel();
-    return editor.render()->zoomedRect().topLeft() + QPoint(int(pixel.x() * zoom + zoom / 2), int(pixel.y() * zoom + zoom / 2));
+    return editor.render()->zoomedRect().topLeft()
+        + QPoint(int(pixel.x() * zoom + zoom / 2), int(pixel.y() * zoom + zoom / 2));
 }
 
 void dragOnView(ImgEdit& editor, const QList<QPoint>& pixels, Qt::MouseButton button = Qt::LeftButton)
@@ -139,12 +140,14 @@ private slots:
         QCOMPARE(sprites.undoStack()->count(), steps + 1);
         const QRect stroke(2, 2, 7, 1), pasted(30, 60, 10, 10);
         for (const QPoint& p : differences(before, after))
-            QVERIFY2(stroke.contains(p) || pasted.contains(p), qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
+            QVERIFY2(stroke.contains(p) || pasted.contains(p),
+                qPrintable(QStringLiteral("%1,%2").arg(p.x()).arg(p.y())));
         QCOMPARE(after.pixelIndex(5, 2), 3);
         for (int y = 0; y < 10; ++y)
             for (int x = 0; x < 10; ++x) {
                 const int copied = before.pixelIndex(20 + x, 30 + y);
-                QCOMPARE(after.pixelIndex(30 + x, 60 + y), copied ? copied : before.pixelIndex(30 + x, 60 + y));
+                QCOMPARE(
+                    after.pixelIndex(30 + x, 60 + y), copied ? copied : before.pixelIndex(30 + x, 60 + y));
             }
 
         sprites.undoStack()->undo();

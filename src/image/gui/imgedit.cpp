@@ -39,7 +39,7 @@ ImgEdit::ImgEdit(QWidget* parent)
     colorDock->setWidget(m_color);
     addDockWidget(Qt::RightDockWidgetArea, colorDock);
     connect(m_color, &ImgEditColor::colorClicked, this,
-            [this](bool left, unsigned char index) { m_render.currentTool()->colorClicked(left, index); });
+        [this](bool left, unsigned char index) { m_render.currentTool()->colorClicked(left, index); });
 
     m_layers = new ImgEditLayers(&m_canvas, this);
     auto* layersDock = new QDockWidget(tr("Layers"), this);
@@ -85,11 +85,12 @@ void ImgEdit::buildMenus()
     edit->addAction(tr("Cu&t"), QKeySequence::Cut, this, &ImgEdit::cut);
     edit->addAction(tr("&Copy"), QKeySequence::Copy, this, &ImgEdit::copy);
     edit->addAction(tr("&Paste as layer"), QKeySequence::Paste, this, &ImgEdit::paste);
-    edit->addAction(tr("&Delete selected pixels"), QKeySequence::Delete, &m_canvas, &QImageCanvas::deleteSelection);
+    edit->addAction(
+        tr("&Delete selected pixels"), QKeySequence::Delete, &m_canvas, &QImageCanvas::deleteSelection);
     edit->addSeparator();
     edit->addAction(tr("Select &all"), QKeySequence::SelectAll, &m_canvas, &QImageCanvas::selectAll);
     edit->addAction(tr("Select &none"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), &m_canvas,
-                    &QImageCanvas::selectNone);
+        &QImageCanvas::selectNone);
 
     QMenu* layer = menuBar()->addMenu(tr("&Layer"));
     layer->addAction(tr("&New layer"), m_layers, &ImgEditLayers::addLayer);
@@ -133,8 +134,8 @@ void ImgEdit::resetCanvas(const QImage& image, const QString& layerName)
     m_canvas.setPosition(QPoint());
     m_canvas.setOrigin(QPoint());
     m_appliedOrigin = QPoint();
-    m_canvas.setZoomLevel(qMax(1.0, qMin(480.0 / qMax(1, m_canvas.size().width()),
-                                         400.0 / qMax(1, m_canvas.size().height()))));
+    m_canvas.setZoomLevel(
+        qMax(1.0, qMin(480.0 / qMax(1, m_canvas.size().width()), 400.0 / qMax(1, m_canvas.size().height()))));
     m_trueColour->setChecked(!indexed);
     m_palette.setForeground(1);
     m_palette.setBackground(0);
@@ -183,7 +184,8 @@ bool ImgEdit::editSprite(QSprites* sprites, int position)
 void ImgEdit::updateTitle()
 {
     if (m_sprite)
-        setWindowTitle(tr("Image editor - sprite %1, %2").arg(m_sprite->itemGroup()).arg(m_sprite->itemIndex()));
+        setWindowTitle(
+            tr("Image editor - sprite %1, %2").arg(m_sprite->itemGroup()).arg(m_sprite->itemIndex()));
     else
         setWindowTitle(tr("Image editor"));
 }
@@ -195,8 +197,7 @@ bool ImgEdit::applyToSprite()
     m_canvas.finishEdit();
     bool newPalette = false;
     if (m_spriteIndexed && m_canvas.format() == CanvasRGBA) {
-        const QPrompt::Button answer = prompt().question(
-            tr("Apply to sprite"),
+        const QPrompt::Button answer = prompt().question(tr("Apply to sprite"),
             tr("The sprite is indexed, but the picture is in true colour now.\n"
                "Map its colours to the sprite's palette (Yes), or build a new palette "
                "for the sprite from the picture's colours (No)?"),
@@ -249,8 +250,8 @@ void ImgEdit::paste()
 
 void ImgEdit::importLayer()
 {
-    const QString fileName = QFileDialog::getOpenFileName(this, tr("Import image as layer"), QString(),
-                                                          tr("Images (*.png *.bmp *.gif *.pcx *.jpg)"));
+    const QString fileName = QFileDialog::getOpenFileName(
+        this, tr("Import image as layer"), QString(), tr("Images (*.png *.bmp *.gif *.pcx *.jpg)"));
     if (!fileName.isEmpty())
         importLayerFrom(fileName);
 }
@@ -260,8 +261,8 @@ bool ImgEdit::importLayerFrom(const QString& fileName)
     QImageReader reader(fileName);
     const QImage image = reader.read();
     if (image.isNull()) {
-        prompt().warning(tr("Import image as layer"),
-                         tr("%1 could not be read: %2").arg(fileName, reader.errorString()));
+        prompt().warning(
+            tr("Import image as layer"), tr("%1 could not be read: %2").arg(fileName, reader.errorString()));
         return false;
     }
     m_canvas.addLayer(image, QFileInfo(fileName).completeBaseName());

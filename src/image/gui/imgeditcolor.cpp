@@ -54,7 +54,7 @@ void ImgEditColor::paintEvent(QPaintEvent*)
     painter.setBrush(QColor::fromRgba(m_shown));
     painter.drawRect(QRect(16 * cell - 30, 8, 28, 24));
     painter.drawText(QRect(60, 0, 16 * cell - 94, swatchHeight), Qt::AlignLeft | Qt::AlignVCenter,
-                     tr("FG %1\nBG %2").arg(fg).arg(bg));
+        tr("FG %1\nBG %2").arg(fg).arg(bg));
 
     for (int i = 0; i < 256; ++i) {
         const QRect r = entryRect(i);

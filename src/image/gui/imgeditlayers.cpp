@@ -23,8 +23,8 @@ ImgEditLayers::ImgEditLayers(QImageCanvas* canvas, QWidget* parent)
     m_list->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
 
     m_blend->addItems({ tr("Normal"), tr("Plus"), tr("Multiply"), tr("Screen"), tr("Overlay"), tr("Darken"),
-                        tr("Lighten"), tr("Color Dodge"), tr("Color Burn"), tr("Hard Light"), tr("Soft Light"),
-                        tr("Difference"), tr("Exclusion") });
+        tr("Lighten"), tr("Color Dodge"), tr("Color Burn"), tr("Hard Light"), tr("Soft Light"),
+        tr("Difference"), tr("Exclusion") });
     m_opacity->setRange(0, 100);
 
     auto* buttons = new QHBoxLayout;
@@ -52,10 +52,11 @@ ImgEditLayers::ImgEditLayers(QImageCanvas* canvas, QWidget* parent)
     layout->addLayout(form);
     layout->addLayout(buttons);
 
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
-        if (!m_syncing)
-            m_canvas->setActiveLayer(m_canvas->layers()->at(unsigned(index.row())));
-    });
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+        [this](const QModelIndex& index) {
+            if (!m_syncing)
+                m_canvas->setActiveLayer(m_canvas->layers()->at(unsigned(index.row())));
+        });
     connect(m_blend, qOverload<int>(&QComboBox::activated), this, [this](int index) {
         if (QImageLayer* layer = m_canvas->activeLayer())
             layer->setBlendMode(blendMode(index), true);
@@ -73,7 +74,8 @@ ImgEditLayers::ImgEditLayers(QImageCanvas* canvas, QWidget* parent)
 
 QPainter::CompositionMode ImgEditLayers::blendMode(int comboIndex)
 {
-    return comboIndex <= 0 ? QPainter::CompositionMode_SourceOver : QPainter::CompositionMode(comboIndex + 11);
+    return comboIndex <= 0 ? QPainter::CompositionMode_SourceOver
+                           : QPainter::CompositionMode(comboIndex + 11);
 }
 
 int ImgEditLayers::comboIndex(QPainter::CompositionMode mode)

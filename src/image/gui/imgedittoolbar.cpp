@@ -21,7 +21,8 @@ ImgEditToolBar::ImgEditToolBar(QImageRender* render, QWidget* parent)
     setObjectName(QStringLiteral("imgEditTools"));
     auto* group = new QActionGroup(this);
     const QList<QPair<QString, QString>> names = {
-        { tr("Pen"), tr("Pen: left button foreground, right background; Shift-click joins to the last stroke") },
+        { tr("Pen"),
+            tr("Pen: left button foreground, right background; Shift-click joins to the last stroke") },
         { tr("Eraser"), tr("Eraser: left erases all, right only the foreground colour") },
         { tr("Replace"), tr("Replace pen: recolours pairs of palette entries") },
         { tr("Fill"), tr("Flood fill with the foreground") },
@@ -37,7 +38,8 @@ ImgEditToolBar::ImgEditToolBar(QImageRender* render, QWidget* parent)
         action->setCheckable(true);
         action->setChecked(type == render->currentToolType());
         group->addAction(action);
-        connect(action, &QAction::triggered, this, [render, type]() { render->setTool(QImageToolType(type)); });
+        connect(
+            action, &QAction::triggered, this, [render, type]() { render->setTool(QImageToolType(type)); });
         m_actions << action;
     }
     addSeparator();
@@ -49,7 +51,8 @@ ImgEditToolBar::ImgEditToolBar(QImageRender* render, QWidget* parent)
     m_tolerance->setRange(0, 255);
     m_tolerance->setPrefix(tr("Tolerance "));
     m_toleranceItem = addWidget(m_tolerance);
-    m_selectionMode->addItems({ tr("Replace selection"), tr("Add to selection"), tr("Subtract from selection") });
+    m_selectionMode->addItems(
+        { tr("Replace selection"), tr("Add to selection"), tr("Subtract from selection") });
     m_selectionModeItem = addWidget(m_selectionMode);
 
     connect(m_penSize, &QSlider::valueChanged, this, [this](int size) {
@@ -58,7 +61,7 @@ ImgEditToolBar::ImgEditToolBar(QImageRender* render, QWidget* parent)
     });
     for (int type : { itPen, itEraser, itReplace, itPenSel })
         connect(static_cast<QBasePenTool*>(render->tool(QImageToolType(type))), &QBasePenTool::penSizeChanged,
-                m_penSize, &QSlider::setValue);
+            m_penSize, &QSlider::setValue);
     connect(m_tolerance, qOverload<int>(&QSpinBox::valueChanged), this, [render](int value) {
         static_cast<QFloodFillTool*>(render->tool(itFloodFill))->setTolerance(value);
     });
