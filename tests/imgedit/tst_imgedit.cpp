@@ -179,9 +179,16 @@ private slots:
         QCOMPARE(sprites.undoStack()->count(), steps);
         QCOMPARE(sprite->image(sipOwn), before);
 
+        // Closing asks to apply; Cancel keeps the window and the sprite as they are.
+        prompt.script({ QPrompt::Cancel });
+        QVERIFY(!editor.close());
+        QCOMPARE(prompt.count(QStringLiteral("question")), 2);
+        QCOMPARE(sprite->image(sipOwn), before);
+
         prompt.script({ QPrompt::Yes });
         QVERIFY(editor.applyToSprite());
-        QCOMPARE(prompt.count(QStringLiteral("question")), 2);
+        QCOMPARE(prompt.count(QStringLiteral("question")), 3);
+        QVERIFY(editor.close()); // applied: nothing to ask
         const QImage after = sprite->image(sipOwn);
         QCOMPARE(after.format(), QImage::Format_Indexed8);
         QCOMPARE(after.colorTable(), before.colorTable());

@@ -14,6 +14,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QImageReader>
@@ -219,7 +220,24 @@ bool ImgEdit::applyToSprite()
         m_sprite->setOffset(m_sprite->offset() + moved);
     m_appliedOrigin = m_canvas.origin();
     m_sprites->endMacro();
+    m_canvas.undoStack()->setClean();
     return true;
+}
+
+void ImgEdit::closeEvent(QCloseEvent* event)
+{
+    if (m_sprite && !m_canvas.undoStack()->isClean()) {
+        const QPrompt::Button answer = prompt().question(tr("Image editor"),
+            tr("Apply the changes to the sprite %1, %2 before closing?")
+                .arg(m_sprite->itemGroup())
+                .arg(m_sprite->itemIndex()),
+            QPrompt::Save | QPrompt::Discard | QPrompt::Cancel, QPrompt::Save);
+        if (answer == QPrompt::Cancel || (answer == QPrompt::Save && !applyToSprite())) {
+            event->ignore();
+            return;
+        }
+    }
+    event->accept();
 }
 
 void ImgEdit::copy()

@@ -56,6 +56,10 @@ public slots:
     bool importLayerFrom(const QString& fileName);
     void setTrueColour(bool on);
 
+protected:
+    /// Unapplied edits of a sprite are offered for applying before the window closes.
+    void closeEvent(QCloseEvent* event) override;
+
 private:
     void buildMenus();
     void resetCanvas(const QImage& image, const QString& layerName);
