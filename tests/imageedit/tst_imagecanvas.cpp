@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QtTest>
 
+#include <cmath>
+
 namespace {
 
 const QList<QPainter::CompositionMode> blendModes = {
@@ -320,6 +322,63 @@ private slots:
         QCOMPARE(kit.at(3, 2), 2);
         stack->undo();
         QCOMPARE(kit.at(2, 2), 2);
+    }
+
+    void wholeCanvasEditsUndoAsOneStep()
+    {
+        CanvasKit kit(CanvasIndexed, QSize(20, 10));
+        QImagePainter* painter = kit.canvas.painter();
+        painter->setColor(4);
+        painter->setWidth(3);
+        painter->point(QPoint(5, 2));
+        QImage second(20, 10, QImage::Format_Indexed8);
+        second.setColorTable(kit.palette.toRgbPal());
+        second.fill(0);
+        second.setPixel(12, 7, 9);
+        QImageLayer* top = kit.canvas.addLayer(second, QStringLiteral("top"));
+        kit.canvas.setActiveLayer(kit.layer);
+        const QImage base = kit.layer->image().copy(), upper = top->image().copy();
+        QUndoStack* stack = kit.canvas.undoStack();
+        const auto restored = [&]() {
+            stack->undo();
+            QCOMPARE(kit.canvas.size(), QSize(20, 10));
+            QCOMPARE(kit.layer->image(), base);
+            QCOMPARE(top->image(), upper);
+        };
+
+        // Crop keeps the union of the layers' pixels and remembers how far the picture moved.
+        kit.canvas.crop();
+        QCOMPARE(kit.canvas.size(), QSize(8, 6));
+        QCOMPARE(kit.canvas.origin(), QPoint(-5, -2));
+        QCOMPARE(kit.at(0, 0), 4);
+        QCOMPARE(top->image().pixelIndex(7, 5), 9);
+        restored();
+        QCOMPARE(kit.canvas.origin(), QPoint(0, 0));
+
+        kit.canvas.flip(true, false);
+        QCOMPARE(kit.at(19 - 5, 2), 4);
+        QCOMPARE(top->image().pixelIndex(19 - 12, 7), 9);
+        restored();
+
+        kit.canvas.rotate(float(M_PI / 2));
+        QCOMPARE(kit.canvas.size(), QSize(10, 20));
+        QCOMPARE(kit.layer->image().size(), QSize(10, 20));
+        restored();
+
+        kit.canvas.resize(QSize(40, 20), irfNearest);
+        QCOMPARE(kit.at(10, 4), 4);
+        QCOMPARE(kit.count(4), 36);
+        restored();
+
+        // The layer list renames undoably and shows visibility as a check box.
+        QImageLayers* layers = kit.canvas.layers();
+        QVERIFY(layers->setData(layers->index(0), QStringLiteral("arm"), Qt::EditRole));
+        QCOMPARE(layers->data(layers->index(0), Qt::DisplayRole).toString(), QStringLiteral("arm"));
+        QVERIFY(layers->setData(layers->index(0), Qt::Unchecked, Qt::CheckStateRole));
+        QVERIFY(!top->isVisible());
+        QCOMPARE(kit.canvas.mergeLayers().pixelIndex(12, 7), 0);
+        stack->undo();
+        QCOMPARE(top->name(), QStringLiteral("top"));
     }
 
     void zoomKeepsSmallCanvasesVisible()
