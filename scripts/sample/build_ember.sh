@@ -15,6 +15,8 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=$(cd "$here/../.." && pwd)
 folder=${1:-$root/samples/ember}
 cli=${2:-$root/build/bin/pugilforge-cli}
+# Absolute, since the sound step runs inside the folder.
+cli=$(cd "$(dirname "$cli")" && pwd)/$(basename "$cli")
 
 python3 "$here/make_ember.py" "$folder"
 "$cli" sff import "$folder/work/ember-sff.pfe" "$folder/ember.sff"

@@ -251,10 +251,13 @@ private slots:
         if (!help.out.contains("snd build"))
             QSKIP("this pugilforge-cli cannot build SND files yet");
         QTemporaryDir out;
+        // The sound compiler's script names its files relative to where it runs.
+        const QString previous = QDir::currentPath();
         QDir::setCurrent(sampleDir());
         const QString target = out.filePath(QStringLiteral("ember.snd"));
         const CliResult built = runCli({QStringLiteral("snd"), QStringLiteral("build"), target,
                                         QStringLiteral("work/ember-snd.txt")});
+        QDir::setCurrent(previous);
         QVERIFY2(built.exitCode == 0, built.err.constData());
         QVERIFY2(readAll(target) == readAll(sampleFile(QStringLiteral("ember.snd"))),
                  "ember.snd differs from a fresh build: run scripts/sample/build_ember.sh");
