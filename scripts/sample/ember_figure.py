@@ -148,9 +148,9 @@ class Skeleton:
 
 # The hair, forward and down from the centre of the head: spikes swept back
 # and up, the face left open below the fringe.
-_HAIR = [(6.5, -2.5), (8.5, -6.0), (5.0, -6.8), (5.5, -10.5), (1.5, -8.2), (-0.5, -13.0), (-3.0, -8.6),
-         (-8.0, -11.0), (-7.0, -5.8), (-13.0, -5.5), (-8.2, -2.2), (-12.5, 2.0), (-7.2, 2.0), (-5.5, 5.0),
-         (-3.2, 0.8), (-0.5, -2.8), (3.5, -3.6)]
+HAIR_OUTLINE = [(6.5, -2.5), (8.5, -6.0), (5.0, -6.8), (5.5, -10.5), (1.5, -8.2), (-0.5, -13.0), (-3.0, -8.6),
+                (-8.0, -11.0), (-7.0, -5.8), (-13.0, -5.5), (-8.2, -2.2), (-12.5, 2.0), (-7.2, 2.0), (-5.5, 5.0),
+                (-3.2, 0.8), (-0.5, -2.8), (3.5, -3.6)]
 
 
 def _arm(canvas, skeleton, side, darker):
@@ -160,16 +160,26 @@ def _arm(canvas, skeleton, side, darker):
     canvas.fill(Capsule(shoulder, elbow, 3.1, 2.7), SKIN, layer, darker)
     canvas.fill(Capsule(elbow, wrist, 2.7, 2.5), SKIN, layer, darker)
     canvas.fill(Capsule(wrist, hand, 2.6, 2.8), WRAPS, layer, darker)
+    _fist(canvas, skeleton, side, layer, darker)
+
+
+def _fist(canvas, skeleton, side, layer, darker):
+    hand = skeleton["hand_" + side]
     canvas.fill(Capsule(hand, hand, 3.2), WRAPS, layer, darker)
+
+
+def _boot(canvas, skeleton, side, layer, darker):
+    ankle, toe = skeleton["ankle_" + side], skeleton["toe_" + side]
+    heel = _add(ankle, _unit((ankle[0] - toe[0], ankle[1] - toe[1])), 1.0)
+    canvas.fill(Capsule(heel, toe, 2.9, 2.3), BOOTS, layer, darker)
 
 
 def _leg(canvas, skeleton, side, darker):
     layer = canvas.begin_layer()
-    hip, knee, ankle, toe = (skeleton[n + "_" + side] for n in ("hip", "knee", "ankle", "toe"))
+    hip, knee, ankle = (skeleton[n + "_" + side] for n in ("hip", "knee", "ankle"))
     canvas.fill(Capsule(hip, knee, 5.0, 4.2), PANTS, layer, darker)
     canvas.fill(Capsule(knee, ankle, 4.2, 3.6), PANTS, layer, darker)
-    heel = _add(ankle, _unit((ankle[0] - toe[0], ankle[1] - toe[1])), 1.0)
-    canvas.fill(Capsule(heel, toe, 2.9, 2.3), BOOTS, layer, darker)
+    _boot(canvas, skeleton, side, layer, darker)
 
 
 def _body(canvas, skeleton):
@@ -191,7 +201,7 @@ def _head(canvas, skeleton):
     head = skeleton["head"]
     canvas.fill(Capsule(head, head, HEAD_RADIUS), SKIN, layer)
     canvas.fill(Capsule(skeleton.head_point(-1.5, 0.8), skeleton.head_point(-1.5, 0.8), 1.8), SKIN, layer, 1)
-    hair = [skeleton.head_point(f, d) for f, d in _HAIR]
+    hair = [skeleton.head_point(f, d) for f, d in HAIR_OUTLINE]
     canvas.fill(Polygon(hair, skeleton.head_point(-1.0, -4.0), 12.0), HAIR, layer)
     band = (skeleton.head_point(-7.2, -3.6), skeleton.head_point(7.2, -3.6))
     canvas.fill(Capsule(band[0], band[1], 1.3), WRAPS, layer)
@@ -221,13 +231,7 @@ def _flame(canvas, skeleton, limb):
                                           (0.0, 7.0, 2.4, 0)):
         start = _add(_add(tip, side, offset), back, -2.0)
         canvas.fill(Capsule(start, _add(start, back, length), radius, 0.6), FIRE, layer, flat=level)
-    layer = canvas.begin_layer()
-    if limb == "arm":
-        canvas.fill(Capsule(tip, tip, 3.2), WRAPS, layer)
-    else:
-        ankle = skeleton["ankle_near"]
-        heel = _add(ankle, _unit((ankle[0] - tip[0], ankle[1] - tip[1])), 1.0)
-        canvas.fill(Capsule(heel, tip, 2.9, 2.3), BOOTS, layer)
+    (_fist if limb == "arm" else _boot)(canvas, skeleton, "near", canvas.begin_layer(), 0)
 
 
 class Drawing:

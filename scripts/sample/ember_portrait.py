@@ -5,17 +5,26 @@ and the large one (9000,1) beside the grid.
 Shapes are given in head units (the head's radius is 7, as on the sprites)
 around the centre of the head, and scaled to the picture."""
 
-from pixelart import Canvas, Capsule, Ellipse, Polygon
-from ember_figure import _HAIR
+from pixelart import Canvas, Capsule, Ellipse, Material, Polygon
+from ember_figure import HAIR_OUTLINE
 from ember_palettes import EYE_WHITE, HAIR, IRIS, MOUTH, OUTLINE, SKIN, VEST, WRAPS
 
 # The sizes the engine's select screens are laid out for, in 320x240 pixels.
 SMALL_SIZE = (25, 25)
 LARGE_SIZE = (120, 140)
 
+# The flat colours of the eyes and mouth.
+_WHITE = Material(EYE_WHITE, 1)
+_DARK = Material(IRIS, 1)
+_LIPS = Material(MOUTH, 1)
+
+
+def _inside(c, rx, ry):
+    return lambda x, y: ((x - c[0]) / rx) ** 2 + ((y - c[1]) / ry) ** 2 <= 1.0
+
 
 def draw(size, centre, scale):
-    """The portrait as rows of palette indices, `size` pixels with the head's
+    """The portrait's palette indices, row after row, `size` pixels with the head's
     centre at `centre` and `scale` pixels to a head unit."""
     width, height = size
     canvas = Canvas(width, height, OUTLINE)
@@ -38,7 +47,7 @@ def draw(size, centre, scale):
     canvas.fill(Ellipse(at(-4.8, 0.9), 1.5 * scale, 2.0 * scale), SKIN, layer, 1)
     canvas.fill(Ellipse(at(0.6, 0.0), 6.3 * scale, 7.2 * scale), SKIN, layer)
     canvas.fill(Ellipse(at(2.0, 4.4), 3.8 * scale, 2.9 * scale), SKIN, layer)
-    canvas.fill(polygon(_HAIR, (-1.0, -4.0), 12.0), HAIR, layer)
+    canvas.fill(polygon(HAIR_OUTLINE, (-1.0, -4.0), 12.0), HAIR, layer)
     band = (at(-7.2, -3.6), at(7.4, -3.6))
     canvas.fill(Capsule(band[0], band[1], 1.2 * scale), WRAPS, layer)
     canvas.fill(Capsule(band[0], at(-14.0, -0.5), 1.0 * scale, 0.6 * scale), WRAPS, layer, 1)
@@ -62,25 +71,6 @@ def draw(size, centre, scale):
             canvas.put(*at(f, d), colour)
     canvas.outline_silhouette()
     return canvas.index
-
-
-class _Single:
-    """A material of one colour."""
-
-    def __init__(self, colour):
-        self.colour = colour
-
-    def shade(self, level):
-        return self.colour
-
-
-def _inside(c, rx, ry):
-    return lambda x, y: ((x - c[0]) / rx) ** 2 + ((y - c[1]) / ry) ** 2 <= 1.0
-
-
-_WHITE = _Single(EYE_WHITE)
-_DARK = _Single(IRIS)
-_LIPS = _Single(MOUTH)
 
 
 def small():

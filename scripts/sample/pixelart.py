@@ -18,10 +18,11 @@ LIGHT = tuple(c / _LIGHT_LENGTH for c in _LIGHT)
 
 
 class Material:
-    """Four palette entries of one surface, lightest first."""
+    """The palette entries of one surface, lightest first: four shades from
+    `first` on, or fewer when `count` says so (1 for a flat colour)."""
 
-    def __init__(self, first):
-        self.shades = (first, first + 1, first + 2, first + 3)
+    def __init__(self, first, count=4):
+        self.shades = tuple(first + min(i, count - 1) for i in range(4))
 
     def shade(self, level):
         return self.shades[max(0, min(3, level))]
