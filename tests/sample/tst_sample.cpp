@@ -5,6 +5,7 @@
 #include "airoutline.h"
 #include "clirunner.h"
 #include "qrecordingprompt.h"
+#include "sffcompare.h"
 
 #include "model/qsprite.h"
 #include "model/qsprites.h"
@@ -48,29 +49,6 @@ QStringList filesUnder(const QString& root)
         names.append(QDir(root).relativeFilePath(it.next()));
     names.sort();
     return names;
-}
-
-std::unique_ptr<QSprites> newSprites()
-{
-    return std::make_unique<QSprites>(nullptr, ctMemory, false, -1);
-}
-
-/// Group, index and axis of every sprite, and its pixels in its own colours.
-QStringList spriteDifferences(const QSprites& expected, const QSprites& actual)
-{
-    QStringList differences;
-    if (expected.count() != actual.count())
-        return {QStringLiteral("%1 sprites, %2 expected").arg(actual.count()).arg(expected.count())};
-    for (int i = 0; i < expected.count(); ++i) {
-        const QSprite* a = expected.at(i);
-        const QSprite* b = actual.at(i);
-        if (a->subItem() != b->subItem() || a->offsetX() != b->offsetX() || a->offsetY() != b->offsetY())
-            differences.append(QStringLiteral("sprite %1: group, index or axis").arg(i));
-        else if (a->image(sipOwn).convertToFormat(QImage::Format_ARGB32)
-                 != b->image(sipOwn).convertToFormat(QImage::Format_ARGB32))
-            differences.append(QStringLiteral("sprite %1 (%2,%3): pixels").arg(i).arg(a->itemGroup()).arg(a->itemIndex()));
-    }
-    return differences;
 }
 
 /// The (group, number) pairs of the sound-compiler script: output name, then
@@ -160,8 +138,8 @@ private slots:
                  "ember.sff differs from a fresh build: run scripts/sample/build_ember.sh");
 
         // The portraits have the sizes the select screens are laid out for.
-        auto saved = newSprites();
-        QVERIFY(saved->fromFile(sampleFile(QStringLiteral("ember.sff"))));
+        auto saved = loadSprites(sampleFile(QStringLiteral("ember.sff")));
+        QVERIFY(saved);
         QCOMPARE(saved->getVersion(), QSprites::defaultVersion);
         const int smallAt = saved->find(0, 9000, 0);
         const int largeAt = saved->find(0, 9000, 1);
@@ -177,26 +155,26 @@ private slots:
     {
         QRecordingPrompt prompt;
         QTemporaryDir out;
-        auto original = newSprites();
-        QVERIFY(original->fromFile(sampleFile(QStringLiteral("ember.sff"))));
-        auto converted = newSprites();
-        QVERIFY(converted->fromFile(sampleFile(QStringLiteral("ember.sff"))));
+        auto original = loadSprites(sampleFile(QStringLiteral("ember.sff")));
+        QVERIFY(original);
+        auto converted = loadSprites(sampleFile(QStringLiteral("ember.sff")));
+        QVERIFY(converted);
         const QString target = out.filePath(QStringLiteral("ember-v1.sff"));
         QSignalSpy reorder(converted.get(), &QSprites::orderMustBeChanged);
         QVERIFY(converted->toFile(target, QSprites::version101));
         // The sprite order suits the character palette of version 1: nothing to move.
         QCOMPARE(reorder.count(), 0);
-        auto reread = newSprites();
-        QVERIFY(reread->fromFile(target));
+        auto reread = loadSprites(target);
+        QVERIFY(reread);
         QCOMPARE(reread->getVersion(), QSprites::version101);
-        QCOMPARE(spriteDifferences(*original, *reread), QStringList());
+        QCOMPARE(spriteDifferences(*original, *reread, false), QStringList());
         QCOMPARE(prompt.entries().size(), 0);
     }
 
     void animationsUseTheSpritesAndCarryBoxes()
     {
-        auto sprites = newSprites();
-        QVERIFY(sprites->fromFile(sampleFile(QStringLiteral("ember.sff"))));
+        auto sprites = loadSprites(sampleFile(QStringLiteral("ember.sff")));
+        QVERIFY(sprites);
         const AirOutline air = AirOutline::read(sampleFile(QStringLiteral("ember.air")));
         QVERIFY(air.actions.size() >= 60);
 
