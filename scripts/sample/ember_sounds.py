@@ -22,16 +22,18 @@ class _Noise:
 
 
 class _Resonator:
-    """A two-pole band-pass filter around `centre` Hz."""
+    """A two-pole band-pass filter around `centre` Hz whose gain at the
+    centre stays near 1 wherever the centre moves."""
 
     def __init__(self, bandwidth):
-        self.bandwidth = bandwidth
-        self.y1 = self.y2 = 0.0
+        self.r = math.exp(-math.pi * bandwidth / RATE)
+        self.x1 = self.x2 = self.y1 = self.y2 = 0.0
 
     def step(self, x, centre):
-        r = math.exp(-math.pi * self.bandwidth / RATE)
+        r = self.r
         a1 = 2 * r * math.cos(2 * math.pi * centre / RATE)
-        y = (1 - r) * x + a1 * self.y1 - r * r * self.y2
+        y = (1 - r * r) / 2 * (x - self.x2) + a1 * self.y1 - r * r * self.y2
+        self.x2, self.x1 = self.x1, x
         self.y2, self.y1 = self.y1, y
         return y
 
@@ -48,7 +50,7 @@ def swing(seconds=0.28):
         t = n / RATE
         u = t / seconds
         centre = 600.0 + 2600.0 * math.sin(math.pi * u)
-        out.append(9.0 * band.step(noise.next(), centre) * math.sin(math.pi * u) ** 2)
+        out.append(band.step(noise.next(), centre) * math.sin(math.pi * u) ** 2)
     return out
 
 
@@ -62,8 +64,8 @@ def hit(seconds, pitch, weight, seed):
         frequency = pitch * (0.35 + 0.65 * math.exp(-t / 0.03))
         phase += 2 * math.pi * frequency / RATE
         body = math.sin(phase) * _envelope(t, 0.002, 0.05 + 0.06 * weight)
-        crack = band.step(noise.next(), 1800.0 - 800.0 * weight) * 6.0 * _envelope(t, 0.0005, 0.018 + 0.02 * weight)
-        out.append(math.tanh((1.4 + weight) * (body + crack)))
+        crack = band.step(noise.next(), 1800.0 - 800.0 * weight) * 1.6 * _envelope(t, 0.0005, 0.018 + 0.02 * weight)
+        out.append(math.tanh((1.2 + 0.6 * weight) * (body + crack)))
     return out
 
 
@@ -76,8 +78,8 @@ def landing(seconds=0.22):
         t = n / RATE
         phase += 2 * math.pi * (45.0 + 50.0 * math.exp(-t / 0.02)) / RATE
         thud = math.sin(phase) * _envelope(t, 0.003, 0.05)
-        scuff = band.step(noise.next(), 500.0) * 3.0 * _envelope(t, 0.01, 0.04)
-        out.append(0.9 * math.tanh(1.5 * (thud + scuff)))
+        scuff = band.step(noise.next(), 500.0) * 0.8 * _envelope(t, 0.01, 0.04)
+        out.append(math.tanh(1.2 * (thud + scuff)))
     return out
 
 
