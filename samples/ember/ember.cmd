@@ -103,3 +103,17 @@ value = 230
 triggerall = command = "a"
 trigger1 = statetype = S
 trigger1 = ctrl
+
+[State -1, Crouching light punch]
+type = ChangeState
+value = 400
+triggerall = command = "x"
+trigger1 = statetype = C
+trigger1 = ctrl
+
+[State -1, Jump kick]
+type = ChangeState
+value = 600
+triggerall = command = "a"
+trigger1 = statetype = A
+trigger1 = ctrl

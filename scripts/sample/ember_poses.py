@@ -1,7 +1,8 @@
 """Every pose of Ember's sprites, by sprite group and index, in the order the
 sprite file lists them. Group numbers follow the engine's recommended ones:
 0 standing, 10-11 crouching, 20-21 walking, 40-47 jumping, 120-122
-guarding, 180 winning, 200 punching, 230 kicking, 5000-5120 being hit,
+guarding, 180 winning, 200 punching, 230 kicking, 400 punching while
+crouching, 600 kicking in the air, 5000-5120 being hit,
 falling, lying and getting up."""
 
 import math
@@ -56,6 +57,14 @@ KICK_CHAMBER = STANCE.but(pelvis=(-2.0, -32.0), lean=-8.0, ankle_near=(10.0, -20
 KICK = KICK_CHAMBER.but(pelvis=(-4.0, -32.0), lean=-22.0, ankle_near=(30.0, -36.0), foot_near=-75.0,
                         knee_near=(0.0, -1.0), hand_near=(4.0, -58.0), hand_far=(-4.0, -52.0), flame="leg")
 
+CROUCH_PUNCH_CHAMBER = CROUCH.but(lean=16.0, hand_near=(6.0, -33.0), hand_far=(11.0, -40.0))
+CROUCH_PUNCH = CROUCH.but(pelvis=(2.0, -19.0), lean=26.0, hand_near=(33.0, -36.0), hand_far=(8.0, -36.0),
+                          flame="arm")
+
+AIR_KICK_CHAMBER = JUMP_UP.but(lean=-2.0, ankle_near=(10.0, -16.0), foot_near=20.0)
+AIR_KICK = JUMP_UP.but(lean=-10.0, ankle_near=(26.0, -14.0), foot_near=25.0, knee_near=(0.0, -1.0),
+                       hand_near=(6.0, -60.0), hand_far=(-2.0, -56.0), flame="leg")
+
 WIN = STANCE.but(pelvis=(0.0, -31.5), lean=-3.0, tilt=-8.0, ankle_near=(6.0, -2.5), ankle_far=(-6.0, -2.5),
                  hand_near=(6.0, -80.0), elbow_near=(1.0, 0.0), hand_far=(-2.0, -32.0), elbow_far=(-1.0, 0.0))
 
@@ -94,6 +103,8 @@ SPRITES += [(120, 0, GUARD), (121, 0, CROUCH_GUARD), (122, 0, AIR_GUARD)]
 SPRITES += [(180, 0, WIN)]
 SPRITES += [(200, 0, PUNCH_CHAMBER), (200, 1, PUNCH), (200, 2, PUNCH_RECOVER)]
 SPRITES += [(230, 0, KICK_CHAMBER), (230, 1, KICK)]
+SPRITES += [(400, 0, CROUCH_PUNCH_CHAMBER), (400, 1, CROUCH_PUNCH)]
+SPRITES += [(600, 0, AIR_KICK_CHAMBER), (600, 1, AIR_KICK)]
 SPRITES += [(5000, 10 * s, _hit_high(s)) for s in range(3)]
 SPRITES += [(5010, 10 * s, _hit_low(s)) for s in range(3)]
 SPRITES += [(5020, 10 * s, _hit_crouching(s)) for s in range(3)]

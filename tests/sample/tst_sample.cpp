@@ -82,7 +82,7 @@ private slots:
         const CliResult info = runCli({QStringLiteral("info"), sampleFile(QStringLiteral("ember.def")), QStringLiteral("--json")});
         QCOMPARE(info.exitCode, 0);
         const QJsonObject project = info.json();
-        QCOMPARE(project.value(QStringLiteral("spriteCount")).toInt(), 97);
+        QCOMPARE(project.value(QStringLiteral("spriteCount")).toInt(), 101);
         QStringList roles;
         for (const QJsonValue& value : project.value(QStringLiteral("files")).toArray()) {
             const QJsonObject file = value.toObject();
@@ -188,7 +188,7 @@ private slots:
         }
         // Every attack strikes with a Clsn1 box on at least one frame, and
         // nothing else does.
-        const QList<int> attacks{200, 230, 1000};
+        const QList<int> attacks{200, 230, 400, 600, 1000};
         for (const AirOutline::Action& action : air.actions) {
             int striking = 0;
             for (const AirOutline::Frame& frame : action.frames)
@@ -217,7 +217,7 @@ private slots:
             const int number = it.next().captured(1).toInt();
             QVERIFY2(air.find(number), qPrintable(QString::number(number)));
         }
-        QCOMPARE(animations, 3);
+        QCOMPARE(animations, 5);
 
         // Sounds played from the character's own file: PlaySnd values without
         // F, hit sounds with S.
@@ -245,7 +245,7 @@ private slots:
             QVERIFY2(sounds.contains({match.captured(2).toInt(), match.captured(3).toInt()}), qPrintable(line));
             ++played;
         }
-        QCOMPARE(played, 10);
+        QCOMPARE(played, 15);
     }
 
     void soundFileIsWhatTheWriterMakesOfTheSources()
