@@ -11,6 +11,7 @@ packages=(
     qt6-base-dev qt6-5compat-dev qt6-multimedia-dev libqt6opengl6-dev qt6-qpa-plugins libgl-dev
     liblua5.2-dev libluabind-dev libboost-dev libuchardet-dev zlib1g-dev
     xvfb xauth x11-apps imagemagick
+    python3
 )
 
 missing=()
