@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qmugensyntaxproperties.h"
+#include "qsynmessagekind.h"
 #include "qsyntaxprocessor.h"
 
 #include <QTextCharFormat>
@@ -93,6 +94,11 @@ private:
     void parseTextValue(const QSynInfo& info, bool isValue);
     bool parseStrPosition(const QSynInfo& info);
     void paramNumError(int count);
+    /// A word the engine reads by its first letter: silent when it is one of
+    /// `words` or the start of one, a warning when its first letter stands
+    /// for another word, `unknown` when its letter stands for none.
+    void checkByLetter(const QStringList& words, const QString& value, QSynMessageKind unknown, int column,
+                       int length);
     void expectEnd();
 
     // Lines and sections (qmugensyntaxprocessor.cpp, qmugensections.cpp).
@@ -104,14 +110,14 @@ private:
     /// Reads "type = Name" of a section whose lines depend on its type: looks
     /// the type up, keeps it for the section's later lines, colours or
     /// reports it. The type's index, or -1 when unknown or unreadable.
-    int parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType, int& column,
+    int parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, QSynMessageKind unknownType, int& column,
                      int& length);
     void parseActionLine();
     void parseActionFrame();
     void parseCommandLine();
-    void parseFixedKeys(const QStringList& keys, const QString& unknownMessage, QSynType type);
+    void parseFixedKeys(const QStringList& keys, QSynMessageKind unknownMessage, QSynType type);
     void parseRemapLine();
-    void parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType);
+    void parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, QSynMessageKind unknownType);
     void parseTableLine(const char* table, const QString& title);
     void matchCmdKey(const QTextCharFormat* format);
     bool isBlockEnded(bool& isState);
@@ -120,8 +126,11 @@ private:
     static QString unprefixedGroup(const QString& name);
 
     // Findings.
+    /// Reports a finding of `kind` over the span, in the class the kind has.
+    void report(QSynMessageKind kind, int column, int length, const QStringList& arguments = {}, int count = -1);
+    /// Reports a finding over the current token.
+    void report(QSynMessageKind kind, const QStringList& arguments = {});
     void errorFmt(const QString& text, int column, int length);
-    void errorFmt(const QString& text);
     void warningFmt(const QString& text, int column, int length);
     void deprecateFmt(const QString& text, int column, int length);
     void underline(int column, int length, const QColor& colour);

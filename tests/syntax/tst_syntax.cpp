@@ -167,7 +167,7 @@ private slots:
         QTest::newRow("string pattern") << "flag = SCA, NA" << QStringList();
         QTest::newRow("string pattern wrong") << "flag = Q" << QStringList{QStringLiteral("5:E:Unknown parameter value 'Q'")};
         QTest::newRow("value wrong") << "space = moon" << QStringList{QStringLiteral("5:E:Unknown parameter value 'moon'")};
-        QTest::newRow("unknown parameter") << "z = 1" << QStringList{QStringLiteral("5:E:Unknown parameter 'z' for the 'VelSet' controller")};
+        QTest::newRow("unknown parameter") << "z = 1" << QStringList{QStringLiteral("5:W:Unknown parameter 'z' for the 'VelSet' controller, ignored by the engine")};
         QTest::newRow("common parameter") << "persistent = 0" << QStringList();
     }
 
@@ -202,10 +202,10 @@ private slots:
         QTest::addColumn<QStringList>("at10");
         QTest::addColumn<QStringList>("at11");
         const QString trigger = QStringLiteral("Trigger invalid for the M.U.G.E.N. version of the current project");
-        const QString param = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project");
+        const QString param = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project, ignored by the engine");
         QTest::newRow("1.1 trigger") << "x = screenwidth" << QStringList{QStringLiteral("5:E:") + trigger} << QStringList{QStringLiteral("5:E:") + trigger} << QStringList();
         QTest::newRow("1.0 trigger") << "x = cond(1, 2, 3)" << QStringList{QStringLiteral("5:E:") + trigger} << QStringList() << QStringList();
-        QTest::newRow("1.1 parameter") << "space = screen" << QStringList{QStringLiteral("5:E:") + param} << QStringList{QStringLiteral("5:E:") + param} << QStringList();
+        QTest::newRow("1.1 parameter") << "space = screen" << QStringList{QStringLiteral("5:W:") + param} << QStringList{QStringLiteral("5:W:") + param} << QStringList();
         QTest::newRow("deprecated parameter") << "postype = p1" << QStringList() << QStringList()
                                               << QStringList{QStringLiteral("5:D:Parameter deprecated in the M.U.G.E.N 1.1 (use space instead)")};
         QTest::newRow("deprecated trigger") << "x = timemod = 4, 0" << QStringList()
@@ -266,7 +266,7 @@ private slots:
         QTest::newRow("statedef negative") << "[Statedef -1]" << none;
         QTest::newRow("statedef comma") << "[Statedef 200, walk]" << none;
         QTest::newRow("wrong statedef") << "[Statedef walk]" << QStringList{QStringLiteral("0:E:Wrong StateDef")};
-        QTest::newRow("statedef bad key") << "[Statedef 1]\nfoo = 1" << QStringList{QStringLiteral("1:E:Unknown 'StateDef' parameter 'foo'")};
+        QTest::newRow("statedef bad key") << "[Statedef 1]\nfoo = 1" << QStringList{QStringLiteral("1:W:Unknown 'StateDef' parameter 'foo', ignored by the engine")};
         QTest::newRow("statedef bad type") << "[Statedef 1]\ntype = Q" << QStringList{QStringLiteral("1:E:Unknown 'StateDef type' value 'Q'")};
         QTest::newRow("statedef bad movetype") << "[Statedef 1]\nmovetype = Q" << QStringList{QStringLiteral("1:E:Unknown 'StateDef movetype' value 'Q'")};
         QTest::newRow("statedef bad physics") << "[Statedef 1]\nphysics = Q" << QStringList{QStringLiteral("1:E:Unknown 'StateDef physics' value 'Q'")};
@@ -295,7 +295,7 @@ private slots:
         QTest::newRow("info") << "[Info]\nname = \"Kung Fu Man\"\nja.displayname = \"x\"\npal.defaults = 1,2\nweight = 3"
                               << QStringList{QStringLiteral("4:E:Unknown 'Info'' parameter")};
         QTest::newRow("files") << "[Files]\ncmd = kfm.cmd\nst3 = a.cns\nsnd = x"
-                               << QStringList{QStringLiteral("3:E:Unknown parameter 'snd' for the 'Files' controller")};
+                               << QStringList{QStringLiteral("3:W:Unknown parameter 'snd' for the 'Files' controller, ignored by the engine")};
         QTest::newRow("plain sections") << "[Arcade]\nintro.storyboard = intro.def\n[Data]\nlife = 1000\n[Size]\nxscale = 1\n"
                                            "[Velocity]\nwalk.fwd = 2.4\n[Movement]\nyaccel = .44\n[Camera]\nstartx = 0\n"
                                            "[PlayerInfo]\np1startx = -70\n[Bound]\nscreenleft = 15\n[Scaling]\ntopz = 0\n"
@@ -328,8 +328,8 @@ private slots:
     void interpolationIsNewIn11()
     {
         const QString text = QStringLiteral("[Begin Action 1]\nInterpolate Offset\n0,0, 0,0, 5, , A, 1.5, 2, 45");
-        const QString invalid = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project");
-        QCOMPARE(check(text, engineVersion::v1_0), (QStringList{QStringLiteral("1:E:") + invalid, QStringLiteral("2:E:") + invalid}));
+        const QString invalid = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project, ignored by the engine");
+        QCOMPARE(check(text, engineVersion::v1_0), (QStringList{QStringLiteral("1:W:") + invalid, QStringLiteral("2:W:") + invalid}));
         QCOMPARE(check(text, engineVersion::v1_1), QStringList());
     }
 
