@@ -164,19 +164,29 @@ void QMugenSyntaxProcessor::parseStateLine()
         m_state |= hasTriggerFlag;
 
     const QSynTable& common = m_properties->commonParams(QMugenSyntaxProperties::StateController);
+    const auto isCommonKey = [&] {
+        int end = 0;
+        const LexerState state = saveLexer();
+        nextToken();
+        const bool found = findKey(common, key, end) != nullptr;
+        restoreLexer(state);
+        return found;
+    };
     const int index = controllerIndex();
     if (index >= 0) {
         const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+        // A Null controller reads none of its own lines: authors switch a
+        // controller off by its type and leave whatever it had.
+        if (controller.name.compare(QLatin1String("Null"), Qt::CaseInsensitive) == 0 && !isCommonKey()) {
+            colourToken(m_keyFormat);
+            skipLine();
+            return;
+        }
         parseParam(controller.params, controller.name, &common);
         return;
     }
     // Before a known type only the keys of every controller can be told apart.
-    int end = 0;
-    const LexerState state = saveLexer();
-    nextToken();
-    const bool isCommon = findKey(common, key, end) != nullptr;
-    restoreLexer(state);
-    if (isCommon)
+    if (isCommonKey())
         parseParam(common, QStringLiteral("State"));
     else
         skipLine();

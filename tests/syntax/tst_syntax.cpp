@@ -5,21 +5,28 @@
 #include "util/qengineversion.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
 #include <QTextDocument>
 #include <QtTest>
 
 namespace {
 
-/// "line:kind:text" for each message, kind E (error), W (warning), D (deprecation).
-QStringList describe(const QVector<QSynMsgList>& lines)
+/// "line:kind:text" for each message, kind E (error), W (warning), D (deprecation);
+/// lines count from `firstLine`.
+QStringList describe(const QVector<QSynMsgList>& lines, int firstLine = 0)
 {
     QStringList found;
     for (int line = 0; line < lines.size(); ++line) {
         for (const QSynMsg& msg : lines.at(line))
-            found.append(QStringLiteral("%1:%2:%3").arg(line).arg(QString(QLatin1Char("EWD"[qBound(0, msg.type, 2)])), msg.text));
+            found.append(QStringLiteral("%1:%2:%3").arg(line + firstLine).arg(QString(QLatin1Char("EWD"[qBound(0, msg.type, 2)])), msg.text));
     }
     return found;
+}
+
+QString sourcePath(const QString& relative)
+{
+    return qEnvironmentVariable("PF_SOURCE_DIR") + QLatin1Char('/') + relative;
 }
 
 QString stateBlock(const QString& lines)
@@ -361,6 +368,42 @@ private slots:
         }
     }
 
+    // The team's files of tests/syntax/cases, one per kind of line the engine
+    // accepts although a stricter reading would not: each beside its
+    // ".expected" list (";" comments, "@version", then "line:class:text").
+    void teamCases_data()
+    {
+        QTest::addColumn<QString>("file");
+        const QDir cases(sourcePath(QStringLiteral("tests/syntax/cases")));
+        const QStringList files = cases.entryList({QStringLiteral("*.cns")}, QDir::Files, QDir::Name);
+        QVERIFY(files.size() >= 7);
+        for (const QString& file : files)
+            QTest::newRow(qPrintable(file)) << cases.filePath(file);
+    }
+
+    void teamCases()
+    {
+        QFETCH(QString, file);
+        QMugenSyntaxProperties vocabulary;
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
+        QFile expectedFile(file.chopped(4) + QStringLiteral(".expected"));
+        QVERIFY2(expectedFile.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(expectedFile.fileName()));
+        unsigned int version = engineVersion::v1_1;
+        QStringList expected;
+        for (const QString& line : QString::fromUtf8(expectedFile.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            if (line.startsWith(QLatin1String("@version ")))
+                version = getVersion(line.mid(9));
+            else if (!line.startsWith(QLatin1Char(';')))
+                expected.append(line);
+        }
+        QFile input(file);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        QTextDocument document;
+        QMugenSyntaxProcessor processor(&document, &vocabulary);
+        processor.setVersion(version);
+        QCOMPARE(describe(processor.checkText(QString::fromUtf8(input.readAll())), 1), expected);
+    }
+
     // The engine's own character and common states check clean at their own
     // version with the shipped vocabulary: no error, no warning, no deprecation.
     void engineFilesCheckClean_data()
@@ -384,7 +427,7 @@ private slots:
         QFETCH(QString, file);
         QFETCH(unsigned int, version);
         QMugenSyntaxProperties vocabulary;
-        QVERIFY(vocabulary.fromFile(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data/syntax_mugen.xml")));
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
         QFile input(realDataDir() + QLatin1Char('/') + file);
         QVERIFY(input.open(QIODevice::ReadOnly));
         QTextDocument document;
