@@ -2,6 +2,7 @@
 
 #include "realdata.h"
 #include "syntax/qmugensyntaxprocessor.h"
+#include "syntax/qsynmessagekind.h"
 #include "util/qengineversion.h"
 
 #include <QBuffer>
@@ -366,6 +367,30 @@ private slots:
                 }
             }
         }
+    }
+
+    // The list beside the program tells authors the class of each finding:
+    // it must hold exactly the checker's kinds, in the class the checker gives.
+    void messageListMatchesTheChecker()
+    {
+        QFile list(sourcePath(QStringLiteral("data/syntax_messages.tsv")));
+        QVERIFY(list.open(QIODevice::ReadOnly | QIODevice::Text));
+        QStringList listed;
+        for (const QString& line : QString::fromUtf8(list.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            if (!line.startsWith(QLatin1Char('#')))
+                listed.append(line);
+        }
+        int count = 0;
+        const QSynMessageInfo* infos = synMessageInfos(&count);
+        QStringList table;
+        for (int i = 0; i < count; ++i) {
+            QCOMPARE(int(infos[i].kind), i);
+            table.append(synMessageClassName(infos[i].type) + QLatin1Char('\t') + QLatin1String(infos[i].text));
+        }
+        QCOMPARE(listed, table);
+        // Each kind reaches an author in the class the table gives it.
+        QVERIFY(check(stateBlock(QStringLiteral("z = 1"))).value(0).startsWith(QStringLiteral("5:W:")));
+        QVERIFY(check(stateBlock(QStringLiteral("x = tiem"))).value(0).startsWith(QStringLiteral("5:E:")));
     }
 
     // The team's files of tests/syntax/cases, one per kind of line the engine
