@@ -79,6 +79,14 @@ public:
 
     /// The files the text names now, by the rules of the project's kind.
     QProjectFiles files() const;
+    /// The names of files() that lead to no file where the engine looks for
+    /// them: beside the DEF, then in the engine's data and main folders.
+    QStringList missingFiles() const;
+    /// The line of the parameter that names `name` (as files() gives it), or 0.
+    int lineNaming(const QString& name) const;
+    /// The checker's findings, and an error for each file of missingFiles():
+    /// the engine refuses a project that names a file it can't find.
+    void checkErrors() override;
 
     bool fromFile(const QString& fileName, unsigned int codec, bool keepName) override;
     void clear() override;

@@ -1,6 +1,7 @@
 #include "syntaxfixture.h"
 
 #include "realdata.h"
+#include "syntax/qenginetext.h"
 #include "syntax/qmugensyntaxprocessor.h"
 #include "syntax/qsynmessagekind.h"
 #include "util/qengineversion.h"
@@ -8,6 +9,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QTextCodec>
 #include <QTextDocument>
 #include <QtTest>
 
@@ -414,10 +416,13 @@ private slots:
         QFile expectedFile(file.chopped(4) + QStringLiteral(".expected"));
         QVERIFY2(expectedFile.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(expectedFile.fileName()));
         unsigned int version = engineVersion::v1_1;
+        QTextCodec* codec = QTextCodec::codecForName("UTF-8");
         QStringList expected;
         for (const QString& line : QString::fromUtf8(expectedFile.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
             if (line.startsWith(QLatin1String("@version ")))
                 version = getVersion(line.mid(9));
+            else if (line.startsWith(QLatin1String("@codec ")))
+                codec = QTextCodec::codecForName(line.mid(7).toLatin1());
             else if (!line.startsWith(QLatin1Char(';')))
                 expected.append(line);
         }
@@ -426,7 +431,8 @@ private slots:
         QTextDocument document;
         QMugenSyntaxProcessor processor(&document, &vocabulary);
         processor.setVersion(version);
-        QCOMPARE(describe(processor.checkText(QString::fromUtf8(input.readAll())), 1), expected);
+        QVERIFY(codec);
+        QCOMPARE(describe(processor.checkText(decodeEngineText(input.readAll(), codec)), 1), expected);
     }
 
     // The engine's own character and common states check clean at their own
