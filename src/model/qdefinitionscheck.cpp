@@ -7,6 +7,7 @@
 #include "util/qpathresolver.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 QStringList QDefinitions::missingFiles() const
 {
@@ -20,9 +21,12 @@ QStringList QDefinitions::missingFiles() const
     const QString base = files.baseDir;
     const QStringList folders = {base, QDir(base).filePath(QStringLiteral("../../data")),
                                  QDir(base).filePath(QStringLiteral("../.."))};
+    // A TrueType font is taken from the system's fonts, not from beside the DEF.
+    static const QRegularExpression systemFont(QStringLiteral("\\.(ttf|ttc|otf)$"),
+                                               QRegularExpression::CaseInsensitiveOption);
     QStringList missing;
     for (const QString& name : std::as_const(names)) {
-        if (name.isEmpty() || base.isEmpty() || missing.contains(name))
+        if (name.isEmpty() || base.isEmpty() || missing.contains(name) || systemFont.match(name).hasMatch())
             continue;
         const bool found = std::any_of(folders.cbegin(), folders.cend(), [&name](const QString& folder) {
             return resolvePath(folder, name).exists;

@@ -104,6 +104,12 @@ private slots:
         const QMessages* messages = definitions->messages();
         QCOMPARE(messages->count(mtError), 2);
         QCOMPARE(messages->at(messages->count() - 1).line, 9);
+
+        // A TrueType font comes from the system's fonts, not from beside the DEF.
+        const QString font = dir.filePath(QStringLiteral("font/info.def"));
+        write(font, "[FNT v2]\n[Def]\ntype = truetype\nfile = arial.ttf\n");
+        const CliResult fontResult = runCli({QStringLiteral("check"), font});
+        QVERIFY2(fontResult.exitCode == 0, fontResult.out.constData());
     }
 };
 
