@@ -74,6 +74,11 @@ bool versionBeside(const QString& fileName, unsigned int& version, QString& defN
     return true;
 }
 
+QString noVersionNote(const QString& why)
+{
+    return QStringLiteral("%1: checked for M.U.G.E.N. %2").arg(why, engineVersion::label(engineVersion::v1_1));
+}
+
 /// What the checked files said, summed.
 struct Findings
 {
@@ -150,15 +155,22 @@ void checkFileNames(const QCliRun& run, const QString& defName, const QDefinitio
 
 /// Checks the DEF and every text file of its project; the files checked go to `checked`.
 bool checkProject(const QCliRun& run, const QString& fileName, QMugenSyntaxProcessor& processor, bool ownVersion,
-                  QStringList& checked, Findings& findings)
+                  QStringList& checked, Findings& findings, QString& note)
 {
     QProject::init();
     QProject project;
     if (!project.open(fileName, 0, false, false))
         return false;
     const QDefinitions& def = *project.definitions();
-    if (ownVersion)
+    // Only a character declares the engine it was made for; the DEF of a
+    // stage, a font or a motif without one is read by whichever engine runs it.
+    unsigned int declared = 0;
+    if (ownVersion && def.type() != ptCharacter && !readDefVersion(fileName, declared)) {
+        processor.setVersion(engineVersion::v1_1);
+        note = noVersionNote(QStringLiteral("the DEF declares no engine version"));
+    } else if (ownVersion) {
         processor.setVersion(def.version());
+    }
 
     checked << fileName;
     checkText(run, processor, fileName, def.document()->toPlainText(), findings);
@@ -224,8 +236,7 @@ int runCheck(const QCliRun& run)
     // engine, the one its author most likely writes for.
     QString note;
     if (engine.isEmpty() && !project && !versionBeside(fileName, version, versionSource))
-        note = QStringLiteral("no DEF beside it declares the engine version: checked for M.U.G.E.N. %1")
-                   .arg(engineVersion::label(version));
+        note = noVersionNote(QStringLiteral("no DEF beside it declares the engine version"));
 
     const QString syntaxName = QCoreApplication::applicationDirPath() + QStringLiteral("/syntax_mugen.xml");
     QMugenSyntaxProperties properties;
@@ -241,7 +252,7 @@ int runCheck(const QCliRun& run)
     if (project) {
         // A DEF stands for its project: every text file of it, at the version the DEF declares.
         initCodecs();
-        if (!checkProject(run, fileName, processor, engine.isEmpty(), checked, findings))
+        if (!checkProject(run, fileName, processor, engine.isEmpty(), checked, findings, note))
             return run.fail(fileName, QStringLiteral("can't read the file"));
         version = processor.version();
         if (engine.isEmpty())

@@ -110,6 +110,8 @@ private slots:
         write(font, "[FNT v2]\n[Def]\ntype = truetype\nfile = arial.ttf\n");
         const CliResult fontResult = runCli({QStringLiteral("check"), font});
         QVERIFY2(fontResult.exitCode == 0, fontResult.out.constData());
+        // Only a character declares its engine: a font is checked for the newest.
+        QVERIFY(fontResult.out.contains("note: the DEF declares no engine version: checked for M.U.G.E.N. 1.1"));
     }
 };
 
