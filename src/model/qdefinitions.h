@@ -42,6 +42,7 @@ public:
         idSound = 8,
         idCmd = 9,
         idStates = 10,   ///< low byte of every state file key
+        idCommonStates = (15 << 16) | idStates, ///< "stcommon", which the engine also finds in its data folder
         idPalette = 11,  ///< low byte of "pal1".."pal12"; index - 1 in the high half
         idFontFile = 12, ///< "file" of a font's [Def]
     };

@@ -7,6 +7,7 @@
 #include "util/qpathresolver.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 
 QStringList QDefinitions::missingFiles() const
@@ -19,14 +20,26 @@ QStringList QDefinitions::missingFiles() const
     // A character sits in chars/NAME: the engine also takes its files from
     // its own data and main folders, as stcommon = common1.cns does.
     const QString base = files.baseDir;
-    const QStringList folders = {base, QDir(base).filePath(QStringLiteral("../../data")),
-                                 QDir(base).filePath(QStringLiteral("../.."))};
+    const QString data = QDir(base).filePath(QStringLiteral("../../data"));
+    const QStringList folders = {base, data, QDir(base).filePath(QStringLiteral("../.."))};
+    // Outside the engine's folders (told by its settings file), the common
+    // states it brings can't be looked for: every engine has its own.
+    QStringList common;
+    if (!QFileInfo::exists(QDir(data).filePath(QStringLiteral("mugen.cfg")))) {
+        for (QTextElement* element = head(); element; element = element->chainNext()) {
+            if (element->groupType() == QGroupParam::paramGroupType && element->subType() == QFileParam::paramSubType
+                && static_cast<const QFileParam*>(element)->id() == idCommonStates)
+                common.append(QString(static_cast<const QFileParam*>(element)->fileName())
+                                  .replace(QLatin1Char('\\'), QLatin1Char('/')));
+        }
+    }
     // A TrueType font is taken from the system's fonts, not from beside the DEF.
     static const QRegularExpression systemFont(QStringLiteral("\\.(ttf|ttc|otf)$"),
                                                QRegularExpression::CaseInsensitiveOption);
     QStringList missing;
     for (const QString& name : std::as_const(names)) {
-        if (name.isEmpty() || base.isEmpty() || missing.contains(name) || systemFont.match(name).hasMatch())
+        if (name.isEmpty() || base.isEmpty() || missing.contains(name) || common.contains(name)
+            || systemFont.match(name).hasMatch())
             continue;
         const bool found = std::any_of(folders.cbegin(), folders.cend(), [&name](const QString& folder) {
             return resolvePath(folder, name).exists;

@@ -77,6 +77,7 @@ private slots:
         write(dir.filePath(QStringLiteral("chars/ember/EMBER.CMD")), "[Command]\nname = \"x\"\ncommand = x\n");
         write(dir.filePath(QStringLiteral("chars/ember/ember.act")), QByteArray(768, '\0'));
         // The engine takes common states from its own data folder.
+        write(dir.filePath(QStringLiteral("data/mugen.cfg")), "[Options]\n");
         write(dir.filePath(QStringLiteral("data/common1.cns")), states);
         const CliResult result = runCli({QStringLiteral("check"), def, QStringLiteral("--json")});
         QCOMPARE(result.exitCode, 3);
@@ -104,6 +105,16 @@ private slots:
         const QMessages* messages = definitions->messages();
         QCOMPARE(messages->count(mtError), 2);
         QCOMPARE(messages->at(messages->count() - 1).line, 9);
+
+        // Outside the engine's folders its common states can't be looked for.
+        QTemporaryDir apart;
+        const QString alone = apart.filePath(QStringLiteral("alone.def"));
+        write(alone, "[Info]\nmugenversion = 1.1\n[Files]\nst = ember.cns\nstcommon = common1.cns\n");
+        write(apart.filePath(QStringLiteral("ember.cns")), states);
+        QCOMPARE(runCli({QStringLiteral("check"), alone}).exitCode, 0);
+        // Inside them a common file that is nowhere is missing.
+        QFile::remove(dir.filePath(QStringLiteral("data/common1.cns")));
+        QVERIFY(runCli({QStringLiteral("check"), def}).out.contains("'common1.cns' named by the DEF does not exist"));
 
         // A TrueType font comes from the system's fonts, not from beside the DEF.
         const QString font = dir.filePath(QStringLiteral("font/info.def"));
