@@ -295,15 +295,15 @@ private slots:
         QTest::newRow("command bad key") << "[Command]\ncommand = D, q" << QStringList{QStringLiteral("1:E:Unknown command key")};
         QTest::newRow("command bad key name") << "[Command]\nlabel = 1" << QStringList{QStringLiteral("1:E:Unknown 'Command' parameter")};
         QTest::newRow("defaults") << "[Defaults]\ncommand.time = 15\ncommand.buffer.time = 1\nfoo = 1"
-                                  << QStringList{QStringLiteral("3:E:Unknown 'Defaults' parameter")};
+                                  << QStringList{QStringLiteral("3:W:Unknown 'Defaults' parameter")};
         QTest::newRow("remap") << "[Remap]\nx = y\ns =\nq = a\na = q"
-                               << QStringList{QStringLiteral("3:E:Unknown 'Remap' parameter"), QStringLiteral("4:E:Unknown 'Remap' value")};
+                               << QStringList{QStringLiteral("3:W:Unknown 'Remap' parameter"), QStringLiteral("4:E:Unknown 'Remap' value")};
         QTest::newRow("palette keymap") << "[Palette Keymap]\nx = 1\nc2 = 12\nd = 1"
-                                        << QStringList{QStringLiteral("3:E:Unknown 'Palette Keymap' parameter")};
+                                        << QStringList{QStringLiteral("3:W:Unknown 'Palette Keymap' parameter")};
         QTest::newRow("quotes") << "[Quotes]\nvictory1 = \"Yes\"\n[ja.Quotes]\nvictory12 = \"Hai\"\nloss1 = \"No\""
-                                << QStringList{QStringLiteral("4:E:Unknown 'Quotes' parameter")};
+                                << QStringList{QStringLiteral("4:W:Unknown 'Quotes' parameter")};
         QTest::newRow("info") << "[Info]\nname = \"Kung Fu Man\"\nja.displayname = \"x\"\npal.defaults = 1,2\nweight = 3"
-                              << QStringList{QStringLiteral("4:E:Unknown 'Info'' parameter")};
+                              << QStringList{QStringLiteral("4:W:Unknown 'Info'' parameter")};
         QTest::newRow("files") << "[Files]\ncmd = kfm.cmd\nst3 = a.cns\nsnd = x"
                                << QStringList{QStringLiteral("3:W:Unknown parameter 'snd' for the 'Files' controller, ignored by the engine")};
         QTest::newRow("plain sections") << "[Arcade]\nintro.storyboard = intro.def\n[Data]\nlife = 1000\n[Size]\nxscale = 1\n"
@@ -402,7 +402,8 @@ private slots:
     {
         QTest::addColumn<QString>("file");
         const QDir cases(sourcePath(QStringLiteral("tests/syntax/cases")));
-        const QStringList files = cases.entryList({QStringLiteral("*.cns")}, QDir::Files, QDir::Name);
+        const QStringList files = cases.entryList({QStringLiteral("*.cns"), QStringLiteral("*.def")}, QDir::Files,
+                                                  QDir::Name);
         QVERIFY(files.size() >= 7);
         for (const QString& file : files)
             QTest::newRow(qPrintable(file)) << cases.filePath(file);
