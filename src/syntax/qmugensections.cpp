@@ -182,6 +182,9 @@ void QMugenSyntaxProcessor::parseStateLine()
             skipLine();
             return;
         }
+        const int required = int(controller.required.indexOf(key));
+        if (required >= 0 && required < maxRequired)
+            m_state |= 1 << (requiredShift + required);
         parseParam(controller.params, controller.name, &common);
         return;
     }

@@ -85,11 +85,26 @@ int QMugenSyntaxProcessor::processLine(const QString& text, int previousState)
     parseSectionLine();
 
     bool nextIsState = false;
-    if (section() == secState && isBlockEnded(nextIsState)
-        && (m_state & (hasTypeFlag | hasTriggerFlag)) != (hasTypeFlag | hasTriggerFlag)) {
-        report(QSynMessageKind::CodeEndsBeforeLine, 0, int(text.size()));
+    if (section() == secState && isBlockEnded(nextIsState)) {
+        if ((m_state & (hasTypeFlag | hasTriggerFlag)) != (hasTypeFlag | hasTriggerFlag))
+            report(QSynMessageKind::CodeEndsBeforeLine, 0, int(text.size()));
+        checkRequired(int(text.size()));
     }
     return m_state;
+}
+
+// The flags of the block state carry what the block has given, so that an
+// edit anywhere in it re-checks its last line.
+void QMugenSyntaxProcessor::checkRequired(int length)
+{
+    const int index = controllerIndex();
+    if (index < 0)
+        return;
+    const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+    for (int i = 0; i < qMin(int(controller.required.size()), maxRequired); ++i) {
+        if (!(m_state & (1 << (requiredShift + i))))
+            report(QSynMessageKind::MissingParameter, 0, length, {controller.required.at(i), controller.name});
+    }
 }
 
 void QMugenSyntaxProcessor::parseHeader()

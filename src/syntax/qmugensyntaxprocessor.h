@@ -137,8 +137,15 @@ private:
 
     int section() const { return m_state & 0x3F; }
     void setSection(int section) { m_state = section; }
-    int controllerIndex() const { return (m_state >> 8) - 1; }
+    // The block state: the section in bits 0-5, two flags, the controller's
+    // index + 1 in bits 8-15, and from bit 16 which of its required
+    // parameters the block has given so far.
+    int controllerIndex() const { return ((m_state >> 8) & 0xFF) - 1; }
     void setControllerIndex(int index) { m_state = (m_state & 0xFF) | ((index + 1) << 8); }
+    static constexpr int requiredShift = 16;
+    static constexpr int maxRequired = 14;
+    /// At the end of a state's block: a missing required parameter of its controller.
+    void checkRequired(int length);
     static constexpr int hasTypeFlag = 0x40;
     static constexpr int hasTriggerFlag = 0x80;
 

@@ -127,6 +127,8 @@ void QMugenSyntaxProperties::readController(QXmlStreamReader& xml, ControllerKin
                                         param.value(QLatin1String("prefix")).toString().toLower()});
         else
             controller.params.insert(param.value(QLatin1String("name")).toString(), getInfo(param));
+        if (getInfo(param).required)
+            controller.required.append(param.value(QLatin1String("name")).toString().toLower());
         xml.skipCurrentElement();
     }
     if (controller.name.isEmpty())

@@ -34,6 +34,8 @@ struct QSynController
     /// Controllers whose parameters this one also reads, each with the prefix
     /// its keys take here (HitDef reads PalFX's as "palfx.time", ...).
     QVector<QPair<QString, QString>> includes;
+    /// The lowered names of the parameters the engine requires, in the file's order.
+    QStringList required;
 };
 
 /**

@@ -29,6 +29,7 @@ struct QSynInfo
     QRegularExpression valueRegExp;     ///< words a value may be, matched whole; invalid when none
     QRegularExpression nameRegExp;      ///< the key's pattern for fmtRegExp
     int max = 0;                        ///< how many values "intn" takes at most
+    bool required = false;              ///< a controller's parameter without which the engine refuses it
     /// For a value the engine reads by its first letter: the words it stands
     /// for, the first word of each letter being what the engine makes of it.
     QStringList letterWords;

@@ -43,6 +43,8 @@ const QSynMessageInfo table[] = {
     {K::UnknownBgType, smcError, QT_TRANSLATE_NOOP("QMugenSyntaxProcessor", "Unknown 'BG' type")},
     {K::UnknownBgCtrlType, smcError, QT_TRANSLATE_NOOP("QMugenSyntaxProcessor", "Unknown 'BG Ctrl' type")},
     {K::MissingFile, smcError, QT_TRANSLATE_NOOP("QMugenSyntaxProcessor", "'%1' named by the DEF does not exist")},
+    {K::MissingParameter, smcError,
+     QT_TRANSLATE_NOOP("QMugenSyntaxProcessor", "Missing parameter '%1' that the '%2' controller requires")},
     // The engine skips a key its group doesn't know.
     {K::UnknownDefaultsParameter, smcWarning,
      QT_TRANSLATE_NOOP("QMugenSyntaxProcessor", "Unknown 'Defaults' parameter")},

@@ -39,6 +39,7 @@ enum class QSynMessageKind {
     UnknownBgType,
     UnknownBgCtrlType,
     MissingFile,
+    MissingParameter,
     // Warnings.
     UnknownDefaultsParameter,
     UnknownRemapParameter,

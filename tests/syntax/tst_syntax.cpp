@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTextCodec>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QtTest>
 
@@ -434,6 +435,28 @@ private slots:
         processor.setVersion(version);
         QVERIFY(codec);
         QCOMPARE(describe(processor.checkText(decodeEngineText(input.readAll(), codec)), 1), expected);
+    }
+
+    // A required parameter typed into the middle of a block clears the
+    // finding on the block's last line: the line's state carries it, and the
+    // highlighter goes on down the block while states change.
+    void requiredParameterFollowsEdits()
+    {
+        QMugenSyntaxProperties vocabulary;
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
+        QTextDocument document(QStringLiteral("[Statedef 1]\n[State 1, a]\ntype = ChangeState\ntrigger1 = 1\nctrl = 1\n"));
+        QMugenSyntaxProcessor processor(&document, &vocabulary);
+        processor.setVersion(engineVersion::v1_1);
+        QCOMPARE(processor.errorCount(), 1);
+        const QSignalBlocker quiet(&document); // the edit is re-checked from its own line below
+        QTextCursor(document.findBlockByNumber(3)).insertText(QStringLiteral("value = 0\n"));
+        processor.rehighlightBlock(document.findBlockByNumber(3));
+        QCOMPARE(processor.errorCount(), 0);
+        QTextCursor cursor(document.findBlockByNumber(3));
+        cursor.select(QTextCursor::LineUnderCursor);
+        cursor.removeSelectedText();
+        processor.rehighlightBlock(document.findBlockByNumber(3));
+        QCOMPARE(processor.errorCount(), 1);
     }
 
     // The engine's own character and common states check clean at their own
