@@ -155,9 +155,16 @@ void QMugenSyntaxProcessor::parseStateLine()
         int length = 0;
         const int index = parseTypeKey(QMugenSyntaxProperties::StateController, QSynMessageKind::UnknownStateType,
                                        column, length);
-        if (index >= 0)
-            checkVersion(m_properties->controller(QMugenSyntaxProperties::StateController, index).info,
-                         ikController, column, length);
+        if (index < 0)
+            return;
+        const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+        checkVersion(controller.info, ikController, column, length);
+        // Parameters may stand above the type; the engine reads them all the same.
+        for (const QString& above : keysAboveInBlock()) {
+            const int required = int(controller.required.indexOf(above));
+            if (required >= 0 && required < maxRequired)
+                m_state |= 1 << (requiredShift + required);
+        }
         return;
     }
     if (trigger.match(key).hasMatch())

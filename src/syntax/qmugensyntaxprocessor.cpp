@@ -239,6 +239,31 @@ bool QMugenSyntaxProcessor::isBlockEnded(bool& isState)
     return true;
 }
 
+QStringList QMugenSyntaxProcessor::keysAboveInBlock() const
+{
+    QStringList keys;
+    // Returns true at the header.
+    const auto take = [&keys](const QString& line) {
+        const QString text = line.trimmed();
+        if (text.startsWith(QLatin1Char('[')))
+            return true;
+        const qsizetype equal = text.indexOf(QLatin1Char('='));
+        const qsizetype comment = text.indexOf(QLatin1Char(';'));
+        if (equal > 0 && (comment < 0 || equal < comment))
+            keys.append(text.left(equal).trimmed().toLower());
+        return false;
+    };
+    if (m_lines) {
+        for (int i = m_lineIndex - 1; i >= 0 && !take(m_lines->at(i)); --i) {
+        }
+        return keys;
+    }
+    for (QTextBlock block = currentBlock().previous(); block.isValid() && !take(block.text());
+         block = block.previous()) {
+    }
+    return keys;
+}
+
 QString QMugenSyntaxProcessor::unprefixedKey(const QString& key)
 {
     static const QRegularExpression prefixed(QStringLiteral("^(?:[a-z]{2,2}\\.)?([^.]+)$"),

@@ -121,6 +121,8 @@ private:
     void parseTableLine(const char* table, const QString& title);
     void matchCmdKey(const QTextCharFormat* format);
     bool isBlockEnded(bool& isState);
+    /// The lowered keys of the lines above the current one, up to the section's header.
+    QStringList keysAboveInBlock() const;
     static QString unprefixedKey(const QString& key);
     /// A group's lowered name without its language prefix, blanks simplified.
     static QString unprefixedGroup(const QString& name);
