@@ -5,7 +5,9 @@
 
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
+#include "syntax/qenginetext.h"
 #include "syntax/qmugensyntaxprocessor.h"
+#include "syntax/qsynmessagekind.h"
 #include "text/qcodecs.h"
 #include "text/qfileparam.h"
 #include "util/qengineversion.h"
@@ -50,7 +52,7 @@ bool readDefVersion(const QString& fileName, unsigned int& version)
 }
 
 // The version of the DEF beside `fileName`: the only DEF of its folder naming
-// the file, else the only DEF there.
+// the file, else the only DEF there. A DEF that declares no version is of the Beta.
 bool versionBeside(const QString& fileName, unsigned int& version, QString& defName)
 {
     const QFileInfo info(fileName);
@@ -64,10 +66,17 @@ bool versionBeside(const QString& fileName, unsigned int& version, QString& defN
     const QStringList candidates = naming.size() == 1 ? naming
                                    : defs.size() == 1 ? QStringList{defs.first().filePath()}
                                                       : QStringList();
-    if (candidates.isEmpty() || !readDefVersion(candidates.first(), version))
+    if (candidates.isEmpty())
         return false;
+    if (!readDefVersion(candidates.first(), version))
+        version = engineVersion::beta;
     defName = candidates.first();
     return true;
+}
+
+QString noVersionNote(const QString& why)
+{
+    return QStringLiteral("%1: checked for M.U.G.E.N. %2").arg(why, engineVersion::label(engineVersion::v1_1));
 }
 
 /// What the checked files said, summed.
@@ -80,8 +89,7 @@ struct Findings
 void report(const QCliRun& run, const QString& fileName, int line, int column, int type, const QString& text,
             Findings& findings)
 {
-    const QString kind = type == 0 ? QStringLiteral("error") : type == 2 ? QStringLiteral("deprecation")
-                                                                         : QStringLiteral("warning");
+    const QString kind = synMessageClassName(type);
     ++findings.counts[qBound(0, type, 2)];
     if (run.json()) {
         findings.messages.append(QJsonObject{{QStringLiteral("file"), fileName},
@@ -100,7 +108,7 @@ void checkText(const QCliRun& run, QMugenSyntaxProcessor& processor, const QStri
     const QVector<QSynMsgList> lines = processor.checkText(text);
     for (int line = 0; line < lines.size(); ++line) {
         for (const QSynMsg& msg : lines.at(line))
-            report(run, fileName, line, msg.column, msg.isError() ? 0 : msg.type, msg.text, findings);
+            report(run, fileName, line, msg.column, msg.type, msg.text, findings);
     }
 }
 
@@ -110,37 +118,26 @@ QString readText(const QString& fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return QString();
-    QString text = stringFromData(file.readAll(), 0, nullptr);
+    QString text = decodeEngineText(file.readAll(), 0, nullptr);
     if (text.startsWith(QChar(QChar::ByteOrderMark)))
         text.remove(0, 1);
     return text;
 }
 
-/// The line of the DEF's file parameter that names `name` (after the DEF's own rewriting), or 0.
-int lineNaming(const QDefinitions& def, const QString& name)
-{
-    for (QTextElement* element = def.head(); element; element = element->chainNext()) {
-        if (element->groupType() != QGroupParam::paramGroupType || element->subType() != QFileParam::paramSubType)
-            continue;
-        QString value = static_cast<const QFileParam*>(element)->fileName();
-        value.replace(QLatin1Char('\\'), QLatin1Char('/'));
-        if (value.endsWith(name, Qt::CaseSensitive))
-            return element->line();
-    }
-    return 0;
-}
-
-/// Names that lead to their file only on a system like the engine's: backslashes and letter case.
+/// The files of the DEF: those that don't exist (the engine refuses the
+/// project), and names that lead to their file only on a system like the
+/// engine's (backslashes and letter case).
 void checkFileNames(const QCliRun& run, const QString& defName, const QDefinitions& def, Findings& findings)
 {
+    using K = QSynMessageKind;
+    for (const QString& name : def.missingFiles())
+        report(run, defName, def.lineNaming(name), 0, smcError, synMessageText(K::MissingFile, {name}), findings);
     for (QTextElement* element = def.head(); element; element = element->chainNext()) {
         if (element->groupType() != QGroupParam::paramGroupType || element->subType() != QFileParam::paramSubType)
             continue;
         const QString value = static_cast<const QFileParam*>(element)->fileName();
         if (value.contains(QLatin1Char('\\')))
-            report(run, defName, element->line(), 0, 1,
-                   QStringLiteral("'%1' separates folders with '\\', which only Windows reads as a separator")
-                       .arg(value),
+            report(run, defName, element->line(), 0, smcWarning, synMessageText(K::BackslashInName, {value}),
                    findings);
     }
     const QProjectFiles files = def.files();
@@ -151,24 +148,29 @@ void checkFileNames(const QCliRun& run, const QString& defName, const QDefinitio
     for (const QString& name : std::as_const(names)) {
         const QResolvedPath path = resolvePath(files.baseDir, name);
         if (path.exists && path.caseDiffers)
-            report(run, defName, lineNaming(def, name), 0, 1,
-                   QStringLiteral("'%1' is on disk as '%2': only a system that ignores letter case finds it")
-                       .arg(name, QDir(files.baseDir).relativeFilePath(path.path)),
-                   findings);
+            report(run, defName, def.lineNaming(name), 0, smcWarning,
+                   synMessageText(K::CaseDiffers, {name, QDir(files.baseDir).relativeFilePath(path.path)}), findings);
     }
 }
 
 /// Checks the DEF and every text file of its project; the files checked go to `checked`.
 bool checkProject(const QCliRun& run, const QString& fileName, QMugenSyntaxProcessor& processor, bool ownVersion,
-                  QStringList& checked, Findings& findings)
+                  QStringList& checked, Findings& findings, QString& note)
 {
     QProject::init();
     QProject project;
     if (!project.open(fileName, 0, false, false))
         return false;
     const QDefinitions& def = *project.definitions();
-    if (ownVersion)
+    // Only a character declares the engine it was made for; the DEF of a
+    // stage, a font or a motif without one is read by whichever engine runs it.
+    unsigned int declared = 0;
+    if (ownVersion && def.type() != ptCharacter && !readDefVersion(fileName, declared)) {
+        processor.setVersion(engineVersion::v1_1);
+        note = noVersionNote(QStringLiteral("the DEF declares no engine version"));
+    } else if (ownVersion) {
         processor.setVersion(def.version());
+    }
 
     checked << fileName;
     checkText(run, processor, fileName, def.document()->toPlainText(), findings);
@@ -207,7 +209,7 @@ int runCheck(const QCliRun& run)
         return run.usage(QStringLiteral("check FILE [--engine beta|1.0|1.1]"));
     const QString fileName = arguments.first();
 
-    unsigned int version = engineVersion::beta;
+    unsigned int version = engineVersion::v1_1;
     QString versionSource;
     if (engine == QLatin1String("beta")) {
         version = engineVersion::beta;
@@ -222,11 +224,19 @@ int runCheck(const QCliRun& run)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
         return run.fail(fileName, QStringLiteral("can't open the file"));
+    const QByteArray data = file.readAll();
+    if (!isEngineText(data))
+        return run.fail(fileName, QStringLiteral("not a text file of the engine"));
     const bool project = QFileInfo(fileName).suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) == 0;
     // Authors' files come in any encoding; detection decides, as on loading.
-    const QString text = project ? QString() : stringFromData(file.readAll(), 0, nullptr);
-    if (engine.isEmpty() && !project)
-        versionBeside(fileName, version, versionSource);
+    QString text = project ? QString() : decodeEngineText(data, 0, nullptr);
+    if (text.startsWith(QChar(QChar::ByteOrderMark)))
+        text.remove(0, 1);
+    // A file without a DEF to say its version is checked for the newest
+    // engine, the one its author most likely writes for.
+    QString note;
+    if (engine.isEmpty() && !project && !versionBeside(fileName, version, versionSource))
+        note = noVersionNote(QStringLiteral("no DEF beside it declares the engine version"));
 
     const QString syntaxName = QCoreApplication::applicationDirPath() + QStringLiteral("/syntax_mugen.xml");
     QMugenSyntaxProperties properties;
@@ -242,7 +252,7 @@ int runCheck(const QCliRun& run)
     if (project) {
         // A DEF stands for its project: every text file of it, at the version the DEF declares.
         initCodecs();
-        if (!checkProject(run, fileName, processor, engine.isEmpty(), checked, findings))
+        if (!checkProject(run, fileName, processor, engine.isEmpty(), checked, findings, note))
             return run.fail(fileName, QStringLiteral("can't read the file"));
         version = processor.version();
         if (engine.isEmpty())
@@ -258,12 +268,15 @@ int runCheck(const QCliRun& run)
         run.printJson(QJsonObject{{QStringLiteral("file"), fileName},
                                   {QStringLiteral("engine"), label},
                                   {QStringLiteral("def"), versionSource},
+                                  {QStringLiteral("note"), note},
                                   {QStringLiteral("files"), QJsonArray::fromStringList(checked)},
                                   {QStringLiteral("errors"), counts[0]},
                                   {QStringLiteral("warnings"), counts[1]},
                                   {QStringLiteral("deprecations"), counts[2]},
                                   {QStringLiteral("messages"), findings.messages}});
     } else {
+        if (!note.isEmpty())
+            run.print(QStringLiteral("%1: note: %2").arg(fileName, note));
         if (checked.size() > 1)
             run.print(QStringLiteral("%1: checked %2").arg(fileName, checked.join(QStringLiteral(", "))));
         run.print(QStringLiteral("%1: %2 error(s), %3 warning(s), %4 deprecation(s) for M.U.G.E.N. %5%6")

@@ -65,7 +65,7 @@ void QDefinitions::init()
     registerKey(QStringLiteral("sound"), idSound, fpAlloc);
     registerKey(QStringLiteral("cmd"), idCmd, fpAlloc);
     registerKey(QStringLiteral("cns"), (14 << 16) | idStates, fpAlloc);
-    registerKey(QStringLiteral("stcommon"), (15 << 16) | idStates, fpAlloc);
+    registerKey(QStringLiteral("stcommon"), idCommonStates, fpAlloc);
     registerKey(QStringLiteral("st"), (13 << 16) | idStates, fpAlloc);
     for (unsigned int i = 0; i <= 12; ++i)
         registerKey(QStringLiteral("st%1").arg(i), (i << 16) | idStates, fpAlloc);

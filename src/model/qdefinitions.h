@@ -42,6 +42,7 @@ public:
         idSound = 8,
         idCmd = 9,
         idStates = 10,   ///< low byte of every state file key
+        idCommonStates = (15 << 16) | idStates, ///< "stcommon", which the engine also finds in its data folder
         idPalette = 11,  ///< low byte of "pal1".."pal12"; index - 1 in the high half
         idFontFile = 12, ///< "file" of a font's [Def]
     };
@@ -79,6 +80,14 @@ public:
 
     /// The files the text names now, by the rules of the project's kind.
     QProjectFiles files() const;
+    /// The names of files() that lead to no file where the engine looks for
+    /// them: beside the DEF, then in the engine's data and main folders.
+    QStringList missingFiles() const;
+    /// The line of the parameter that names `name` (as files() gives it), or 0.
+    int lineNaming(const QString& name) const;
+    /// The checker's findings, and an error for each file of missingFiles():
+    /// the engine refuses a project that names a file it can't find.
+    void checkErrors() override;
 
     bool fromFile(const QString& fileName, unsigned int codec, bool keepName) override;
     void clear() override;

@@ -22,12 +22,12 @@ void QMugenSyntaxProcessor::parseActionLine()
         static const QStringList kinds = {QStringLiteral("offset"), QStringLiteral("blend"),
                                           QStringLiteral("scale"), QStringLiteral("angle")};
         if (tokenCode() != tkIdent || !kinds.contains(m_tokenText.toLower())) {
-            errorFmt(tr("Unknown interpolation"));
+            report(QSynMessageKind::UnknownInterpolation);
             skipLine();
             return;
         }
         if (version() < engineVersion::v1_1)
-            errorFmt(tr("Parameter invalid for the M.U.G.E.N. version of the current project"), column,
+            report(QSynMessageKind::ParameterTooNew, column,
                      tokenStart() + tokenLength() - column);
         match(tkIdent, &m_valueFormat);
         expectEnd();
@@ -95,7 +95,7 @@ void QMugenSyntaxProcessor::parseActionFrame()
         if (tokenCode() == tkIdent && flips.contains(m_tokenText.toLower())) {
             match(tkIdent, &m_valueFormat);
         } else if (tokenCode() != tkComma && tokenCode() != tkEnd) {
-            errorFmt(tr("Unknown flip type"));
+            report(QSynMessageKind::UnknownFlip);
             return skipLine();
         }
     }
@@ -106,7 +106,7 @@ void QMugenSyntaxProcessor::parseActionFrame()
         if (tokenCode() == tkIdent && blends.match(m_tokenText).hasMatch()) {
             match(tkIdent, &m_valueFormat);
         } else if (tokenCode() != tkComma && tokenCode() != tkEnd) {
-            errorFmt(tr("Unknown transparency"));
+            report(QSynMessageKind::UnknownTransparency);
             return skipLine();
         }
     }
@@ -120,7 +120,7 @@ void QMugenSyntaxProcessor::parseActionFrame()
                 match(tkNumber);
         }
         if (version() < engineVersion::v1_1)
-            errorFmt(tr("Parameter invalid for the M.U.G.E.N. version of the current project"), column,
+            report(QSynMessageKind::ParameterTooNew, column,
                      tokenStart() - column);
     }
     expectEnd();

@@ -161,7 +161,7 @@ void QMugenSyntaxProcessor::parseValueExp()
     int end = 0;
     const QSynInfo* info = findKey(m_properties->section(QStringLiteral("trigger")), name, end);
     if (!info) {
-        errorFmt(tr("Unknown trigger '%1'").arg(word), column, length);
+        report(QSynMessageKind::UnknownTrigger, column, length, {word});
         return;
     }
     colour(column, length, m_triggerFormat);
@@ -267,7 +267,7 @@ bool QMugenSyntaxProcessor::parseComponent(const QSynInfo& info)
 {
     if (tokenCode() == tkIdent && info.valueMatches(m_tokenText))
         return match(tkIdent, &m_valueFormat);
-    errorFmt(tr("Unknown value"));
+    report(QSynMessageKind::UnknownValue);
     if (tokenCode() == tkIdent)
         nextToken(); // the word meant as the component
     return false;
@@ -287,11 +287,11 @@ bool QMugenSyntaxProcessor::parseNameArgument(const QSynInfo& info)
         if (m_properties->section(QStringLiteral("consts")).find(m_tokenText.toLower()))
             colourToken(m_valueFormat);
         else
-            errorFmt(tr("Unknown constant '%1'").arg(m_tokenText));
+            report(QSynMessageKind::UnknownConstant, {m_tokenText});
     } else if (info.valueMatches(m_tokenText)) {
         colourToken(m_valueFormat);
     } else {
-        errorFmt(tr("Unknown value"));
+        report(QSynMessageKind::UnknownValue);
     }
     nextToken();
     return match(tkRParen, &m_operatorFormat);
@@ -303,7 +303,7 @@ bool QMugenSyntaxProcessor::parseNameArgument(const QSynInfo& info)
 bool QMugenSyntaxProcessor::parseWordList(const QSynInfo& info)
 {
     if (tokenCode() != tkEqual && tokenCode() != tkNotEqual) {
-        errorFmt(tr("Unknown value"));
+        report(QSynMessageKind::UnknownValue);
         return false;
     }
     match(tokenCode(), &m_operatorFormat);
@@ -326,7 +326,7 @@ bool QMugenSyntaxProcessor::parseWordList(const QSynInfo& info)
         }
     }
     restoreLexer(first);
-    errorFmt(tr("Unknown value"));
+    report(QSynMessageKind::UnknownValue);
     if (tokenCode() != tkEnd)
         nextToken();
     return false;
@@ -370,19 +370,14 @@ const QSynInfo* QMugenSyntaxProcessor::findKey(const QSynTable& table, const QSt
 
 void QMugenSyntaxProcessor::checkVersion(const QSynInfo& info, ItemKind kind, int column, int length)
 {
+    // The engine refuses a trigger or a controller it doesn't know yet, but
+    // reads a controller it knows and skips a parameter newer than itself.
+    using K = QSynMessageKind;
     if (version() < info.minVersion) {
-        static const char* const invalid[] = {
-            "Trigger invalid for the M.U.G.E.N. version of the current project",
-            "Parameter invalid for the M.U.G.E.N. version of the current project",
-            "Controller invalid for the M.U.G.E.N. version of the current project",
-        };
-        errorFmt(tr(invalid[kind]), column, length);
+        static const K invalid[] = {K::TriggerTooNew, K::ParameterTooNew, K::ControllerTooNew};
+        report(invalid[kind], column, length);
     } else if (info.isDeprecated() && info.deprecatedVersion <= version()) {
-        static const char* const deprecated[] = {
-            "Trigger deprecated in the M.U.G.E.N %1",
-            "Parameter deprecated in the M.U.G.E.N %1",
-            "State controller deprecated in the M.U.G.E.N %1",
-        };
-        deprecateFmt(tr(deprecated[kind]).arg(info.deprecated), column, length);
+        static const K deprecated[] = {K::TriggerDeprecated, K::ParameterDeprecated, K::ControllerDeprecated};
+        report(deprecated[kind], column, length, {info.deprecated});
     }
 }

@@ -29,14 +29,14 @@ void QMugenSyntaxProcessor::parseSectionLine()
     case secCommand: parseCommandLine(); return;
     case secDefaults:
         parseFixedKeys({QStringLiteral("command.time"), QStringLiteral("command.buffer.time")},
-                       tr("Unknown 'Defaults' parameter"), stInt);
+                       QSynMessageKind::UnknownDefaultsParameter, stInt);
         return;
     case secRemap: parseRemapLine(); return;
     case secKeymap:
         parseFixedKeys({QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z"), QStringLiteral("a"),
                         QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("x2"), QStringLiteral("y2"),
                         QStringLiteral("z2"), QStringLiteral("a2"), QStringLiteral("b2"), QStringLiteral("c2")},
-                       tr("Unknown 'Palette Keymap' parameter"), stInt);
+                       QSynMessageKind::UnknownKeymapParameter, stInt);
         return;
     case secQuotes: {
         static const QRegularExpression victory(QStringLiteral("^victory\\d{1,2}$"),
@@ -45,7 +45,7 @@ void QMugenSyntaxProcessor::parseSectionLine()
             match(tkIdent, &m_keyFormat);
             parseParamValue(infoOf(stString));
         } else {
-            errorFmt(tr("Unknown 'Quotes' parameter"));
+            report(QSynMessageKind::UnknownQuotesParameter);
             skipLine();
         }
         return;
@@ -54,7 +54,7 @@ void QMugenSyntaxProcessor::parseSectionLine()
         parseFixedKeys({QStringLiteral("name"), QStringLiteral("displayname"), QStringLiteral("versiondate"),
                         QStringLiteral("mugenversion"), QStringLiteral("author"), QStringLiteral("pal.defaults"),
                         QStringLiteral("localcoord")},
-                       tr("Unknown 'Info'' parameter"), stString);
+                       QSynMessageKind::UnknownInfoParameter, stString);
         return;
     case secFiles: parseTableLine("files", QStringLiteral("Files")); return;
     case secArcade: parseTableLine("arcade", QStringLiteral("Arcade")); return;
@@ -76,54 +76,53 @@ void QMugenSyntaxProcessor::parseSectionLine()
     case secSceneDef: parseTableLine("scene_def", QStringLiteral("SceneDef")); return;
     case secFnt: parseTableLine("fnt", QStringLiteral("FNT v2")); return;
     case secDef: parseTableLine("fnt_def", QStringLiteral("Def")); return;
-    case secBg: parseTypedLine(QMugenSyntaxProperties::BgControl, tr("Unknown 'BG' type")); return;
-    case secBgCtrl: parseTypedLine(QMugenSyntaxProperties::BgController, tr("Unknown 'BG Ctrl' type")); return;
+    case secBg: parseTypedLine(QMugenSyntaxProperties::BgControl, QSynMessageKind::UnknownBgType); return;
+    case secBgCtrl: parseTypedLine(QMugenSyntaxProperties::BgController, QSynMessageKind::UnknownBgCtrlType); return;
     }
 }
 
 void QMugenSyntaxProcessor::parseStatedefLine()
 {
-    struct Key { const char* name; QSynType type; const char* values; const char* message; };
+    using K = QSynMessageKind;
+    struct Key { const char* name; QSynType type; const char* words; K unknown; };
+    // The engine reads type, movetype and physics by their first letter.
     static const Key keys[] = {
-        {"type", stValue, "[scalu]", "Unknown 'StateDef type' value '%1'"},
-        {"movetype", stValue, "[aihu]", "Unknown 'StateDef movetype' value '%1'"},
-        {"physics", stValue, "[scanu]", "Unknown 'StateDef physics' value '%1'"},
-        {"anim", stExp, nullptr, nullptr},       {"velset", stExp2Opt, nullptr, nullptr},
-        {"ctrl", stExp, nullptr, nullptr},       {"poweradd", stExp, nullptr, nullptr},
-        {"juggle", stExp, nullptr, nullptr},     {"facep2", stExp, nullptr, nullptr},
-        {"hitdefpersist", stExp, nullptr, nullptr}, {"movehitpersist", stExp, nullptr, nullptr},
-        {"hitcountpersist", stExp, nullptr, nullptr}, {"sprpriority", stExp, nullptr, nullptr},
+        {"type", stValue, "stand|crouch|air|liedown|unchanged", K::UnknownStatedefType},
+        {"movetype", stValue, "attack|idle|hit|unchanged", K::UnknownStatedefMovetype},
+        {"physics", stValue, "stand|crouch|air|none|unchanged", K::UnknownStatedefPhysics},
+        {"anim", stExp, nullptr, K::UnknownValue},          {"velset", stExp2Opt, nullptr, K::UnknownValue},
+        {"ctrl", stExp, nullptr, K::UnknownValue},          {"poweradd", stExp, nullptr, K::UnknownValue},
+        {"juggle", stExp, nullptr, K::UnknownValue},        {"facep2", stExp, nullptr, K::UnknownValue},
+        {"hitdefpersist", stExp, nullptr, K::UnknownValue}, {"movehitpersist", stExp, nullptr, K::UnknownValue},
+        {"hitcountpersist", stExp, nullptr, K::UnknownValue}, {"sprpriority", stExp, nullptr, K::UnknownValue},
     };
     const QString key = m_tokenText;
     const int column = tokenStart();
-    if (tokenCode() == tkIdent) {
-        for (const Key& entry : keys) {
-            if (key.compare(QLatin1String(entry.name), Qt::CaseInsensitive) != 0)
-                continue;
-            match(tkIdent, &m_keyFormat);
-            if (!entry.values) {
-                parseParamValue(infoOf(entry.type));
-                return;
-            }
-            if (!match(tkEqual, &m_operatorFormat)) {
-                skipLine();
-                return;
-            }
-            int valueColumn = 0;
-            int length = 0;
-            const QString value = takeRest(valueColumn, length);
-            if (QSynInfo::wholeRegExp(QLatin1String(entry.values)).match(value).hasMatch())
-                colour(valueColumn, length, m_valueFormat);
-            else
-                errorFmt(tr(entry.message).arg(value), valueColumn, qMax(1, length));
+    for (const Key& entry : keys) {
+        if (tokenCode() != tkIdent || key.compare(QLatin1String(entry.name), Qt::CaseInsensitive) != 0)
+            continue;
+        match(tkIdent, &m_keyFormat);
+        if (!entry.words) {
+            parseParamValue(infoOf(entry.type));
             return;
         }
+        if (!match(tkEqual, &m_operatorFormat)) {
+            skipLine();
+            return;
+        }
+        int valueColumn = 0;
+        int length = 0;
+        const QString value = takeRest(valueColumn, length);
+        checkByLetter(QString::fromLatin1(entry.words).split(QLatin1Char('|')), value, entry.unknown, valueColumn,
+                      length);
+        return;
     }
-    errorFmt(tr("Unknown 'StateDef' parameter '%1'").arg(key), column, qMax(1, int(key.size())));
+    // Like any controller, a state's header skips what it doesn't know.
+    report(K::IgnoredStatedefParameter, column, qMax(1, int(key.size())), {key});
     skipLine();
 }
 
-int QMugenSyntaxProcessor::parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType,
+int QMugenSyntaxProcessor::parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, QSynMessageKind unknownType,
                                         int& column, int& length)
 {
     match(tkIdent, &m_keyFormat);
@@ -136,7 +135,7 @@ int QMugenSyntaxProcessor::parseTypeKey(QMugenSyntaxProperties::ControllerKind k
     m_state |= hasTypeFlag;
     setControllerIndex(index);
     if (index < 0)
-        errorFmt(unknownType, column, qMax(1, length));
+        report(unknownType, column, qMax(1, length));
     else
         colour(column, length, m_controllerFormat);
     return index;
@@ -154,36 +153,56 @@ void QMugenSyntaxProcessor::parseStateLine()
     if (key == QLatin1String("type")) {
         int column = 0;
         int length = 0;
-        const int index = parseTypeKey(QMugenSyntaxProperties::StateController, tr("Unknown 'State' type"),
+        const int index = parseTypeKey(QMugenSyntaxProperties::StateController, QSynMessageKind::UnknownStateType,
                                        column, length);
-        if (index >= 0)
-            checkVersion(m_properties->controller(QMugenSyntaxProperties::StateController, index).info,
-                         ikController, column, length);
+        if (index < 0)
+            return;
+        const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+        checkVersion(controller.info, ikController, column, length);
+        // Parameters may stand above the type; the engine reads them all the same.
+        for (const QString& above : keysAboveInBlock()) {
+            const int required = int(controller.required.indexOf(above));
+            if (required >= 0 && required < maxRequired)
+                m_state |= 1 << (requiredShift + required);
+        }
         return;
     }
     if (trigger.match(key).hasMatch())
         m_state |= hasTriggerFlag;
 
     const QSynTable& common = m_properties->commonParams(QMugenSyntaxProperties::StateController);
+    const auto isCommonKey = [&] {
+        int end = 0;
+        const LexerState state = saveLexer();
+        nextToken();
+        const bool found = findKey(common, key, end) != nullptr;
+        restoreLexer(state);
+        return found;
+    };
     const int index = controllerIndex();
     if (index >= 0) {
         const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+        // A Null controller reads none of its own lines: authors switch a
+        // controller off by its type and leave whatever it had.
+        if (controller.name.compare(QLatin1String("Null"), Qt::CaseInsensitive) == 0 && !isCommonKey()) {
+            colourToken(m_keyFormat);
+            skipLine();
+            return;
+        }
+        const int required = int(controller.required.indexOf(key));
+        if (required >= 0 && required < maxRequired)
+            m_state |= 1 << (requiredShift + required);
         parseParam(controller.params, controller.name, &common);
         return;
     }
     // Before a known type only the keys of every controller can be told apart.
-    int end = 0;
-    const LexerState state = saveLexer();
-    nextToken();
-    const bool isCommon = findKey(common, key, end) != nullptr;
-    restoreLexer(state);
-    if (isCommon)
+    if (isCommonKey())
         parseParam(common, QStringLiteral("State"));
     else
         skipLine();
 }
 
-void QMugenSyntaxProcessor::parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType)
+void QMugenSyntaxProcessor::parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, QSynMessageKind unknownType)
 {
     if (tokenCode() != tkIdent) {
         match(tkIdent);
@@ -222,11 +241,11 @@ void QMugenSyntaxProcessor::parseTableLine(const char* table, const QString& tit
     parseParam(m_properties->section(QLatin1String(table)), title);
 }
 
-void QMugenSyntaxProcessor::parseFixedKeys(const QStringList& keys, const QString& unknownMessage, QSynType type)
+void QMugenSyntaxProcessor::parseFixedKeys(const QStringList& keys, QSynMessageKind unknownMessage, QSynType type)
 {
     const QString key = tokenCode() == tkIdent ? m_tokenText.toLower() : QString();
     if (!keys.contains(key) && !keys.contains(unprefixedKey(key))) {
-        errorFmt(unknownMessage);
+        report(unknownMessage);
         skipLine();
         return;
     }
@@ -240,7 +259,7 @@ void QMugenSyntaxProcessor::parseRemapLine()
                                         QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"),
                                         QStringLiteral("s")};
     if (tokenCode() != tkIdent || !buttons.contains(m_tokenText.toLower())) {
-        errorFmt(tr("Unknown 'Remap' parameter"));
+        report(QSynMessageKind::UnknownRemapParameter);
         skipLine();
         return;
     }
@@ -252,7 +271,7 @@ void QMugenSyntaxProcessor::parseRemapLine()
     if (tokenCode() == tkEnd)
         return; // a button left blank can't be pressed
     if (tokenCode() != tkIdent || !buttons.contains(m_tokenText.toLower())) {
-        errorFmt(tr("Unknown 'Remap' value"));
+        report(QSynMessageKind::UnknownRemapValue);
         skipLine();
         return;
     }
@@ -281,7 +300,7 @@ void QMugenSyntaxProcessor::parseCommandLine()
         }
         expectEnd();
     } else {
-        errorFmt(tr("Unknown 'Command' parameter"));
+        report(QSynMessageKind::UnknownCommandParameter);
         skipLine();
     }
 }
@@ -305,7 +324,7 @@ void QMugenSyntaxProcessor::matchCmdKey(const QTextCharFormat* format)
                 match(tkNumber, &m_numberFormat);
         }
         if (tokenCode() != tkIdent || !keys.contains(m_tokenText.toLower())) {
-            errorFmt(tr("Unknown command key"));
+            report(QSynMessageKind::UnknownCommandKey);
             skipLine();
             return;
         }

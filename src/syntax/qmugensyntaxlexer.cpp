@@ -124,7 +124,7 @@ bool QMugenSyntaxProcessor::match(int code, const QTextCharFormat* format)
         nextToken();
         return true;
     }
-    errorFmt(tr("Unexpected token '%1'").arg(m_tokenText));
+    report(QSynMessageKind::UnexpectedToken, {m_tokenText});
     if (!m_eot)
         nextToken();
     return false;

@@ -85,11 +85,26 @@ int QMugenSyntaxProcessor::processLine(const QString& text, int previousState)
     parseSectionLine();
 
     bool nextIsState = false;
-    if (section() == secState && isBlockEnded(nextIsState)
-        && (m_state & (hasTypeFlag | hasTriggerFlag)) != (hasTypeFlag | hasTriggerFlag)) {
-        errorFmt(tr("Syntax error - code ends before line"), 0, int(text.size()));
+    if (section() == secState && isBlockEnded(nextIsState)) {
+        if ((m_state & (hasTypeFlag | hasTriggerFlag)) != (hasTypeFlag | hasTriggerFlag))
+            report(QSynMessageKind::CodeEndsBeforeLine, 0, int(text.size()));
+        checkRequired(int(text.size()));
     }
     return m_state;
+}
+
+// The flags of the block state carry what the block has given, so that an
+// edit anywhere in it re-checks its last line.
+void QMugenSyntaxProcessor::checkRequired(int length)
+{
+    const int index = controllerIndex();
+    if (index < 0)
+        return;
+    const QSynController& controller = m_properties->controller(QMugenSyntaxProperties::StateController, index);
+    for (int i = 0; i < qMin(int(controller.required.size()), maxRequired); ++i) {
+        if (!(m_state & (1 << (requiredShift + i))))
+            report(QSynMessageKind::MissingParameter, 0, length, {controller.required.at(i), controller.name});
+    }
 }
 
 void QMugenSyntaxProcessor::parseHeader()
@@ -104,7 +119,7 @@ void QMugenSyntaxProcessor::parseHeader()
     colour(0, close < 0 ? int(text.size()) : close + 1, m_headerFormat);
     setSection(secInvalid);
     if (tokenCode() != tkIdent) {
-        errorFmt(tr("Invalid group"), 0, int(text.size()));
+        report(QSynMessageKind::InvalidGroup, 0, int(text.size()));
         return;
     }
     nextToken();
@@ -112,20 +127,21 @@ void QMugenSyntaxProcessor::parseHeader()
 
     if (word == QLatin1String("statedef")) {
         setSection(secStatedef);
-        const bool number = tokenCode() == tkNumber; // "-1" is one number outside expressions
-        if (number)
-            match(tkNumber, &m_headerFormat);
-        if (!number || (tokenCode() != tkRBracket && tokenCode() != tkComma))
-            errorFmt(tr("Wrong StateDef"), 0, int(text.size()));
+        // "-1" is one number outside expressions. The engine reads the
+        // number and nothing behind it: [Statedef 5410 - thrown] is state 5410.
+        if (tokenCode() == tkNumber)
+            colourToken(m_headerFormat);
+        else
+            report(QSynMessageKind::WrongStatedef, 0, int(text.size()));
         return;
     }
     if (word.startsWith(QLatin1String("state"))) {
         setSection(secState);
         const QChar after = wordEnd < text.size() ? text.at(wordEnd) : QChar();
         if (word.size() > 5 || (after != QLatin1Char(' ') && after != QLatin1Char('\t') && after != QLatin1Char(']')))
-            errorFmt(tr("Space required after State"), wordStart, wordEnd - wordStart);
+            report(QSynMessageKind::SpaceAfterState, wordStart, wordEnd - wordStart);
         else if (close < 0)
-            errorFmt(tr("Wrong State"), 0, int(text.size()));
+            report(QSynMessageKind::WrongState, 0, int(text.size()));
         return;
     }
     if (word == QLatin1String("begin") && second == QLatin1String("action")) {
@@ -189,7 +205,7 @@ void QMugenSyntaxProcessor::parseHeader()
         setSection(secMotif);
         return;
     }
-    errorFmt(tr("Invalid group"), 0, close < 0 ? int(text.size()) : close + 1);
+    report(QSynMessageKind::InvalidGroup, 0, close < 0 ? int(text.size()) : close + 1);
 }
 
 // Whether the section ends behind the current line: the next line that is
@@ -223,6 +239,31 @@ bool QMugenSyntaxProcessor::isBlockEnded(bool& isState)
     return true;
 }
 
+QStringList QMugenSyntaxProcessor::keysAboveInBlock() const
+{
+    QStringList keys;
+    // Returns true at the header.
+    const auto take = [&keys](const QString& line) {
+        const QString text = line.trimmed();
+        if (text.startsWith(QLatin1Char('[')))
+            return true;
+        const qsizetype equal = text.indexOf(QLatin1Char('='));
+        const qsizetype comment = text.indexOf(QLatin1Char(';'));
+        if (equal > 0 && (comment < 0 || equal < comment))
+            keys.append(text.left(equal).trimmed().toLower());
+        return false;
+    };
+    if (m_lines) {
+        for (int i = m_lineIndex - 1; i >= 0 && !take(m_lines->at(i)); --i) {
+        }
+        return keys;
+    }
+    for (QTextBlock block = currentBlock().previous(); block.isValid() && !take(block.text());
+         block = block.previous()) {
+    }
+    return keys;
+}
+
 QString QMugenSyntaxProcessor::unprefixedKey(const QString& key)
 {
     static const QRegularExpression prefixed(QStringLiteral("^(?:[a-z]{2,2}\\.)?([^.]+)$"),
@@ -237,17 +278,28 @@ QString QMugenSyntaxProcessor::unprefixedGroup(const QString& name)
     return name.simplified().toLower().remove(prefix);
 }
 
+void QMugenSyntaxProcessor::report(QSynMessageKind kind, int column, int length, const QStringList& arguments,
+                                   int count)
+{
+    const QString text = synMessageText(kind, arguments, count);
+    switch (synMessageInfo(kind).type) {
+    case smcError: errorFmt(text, column, length); break;
+    case smcWarning: warningFmt(text, column, length); break;
+    case smcDeprecation: deprecateFmt(text, column, length); break;
+    }
+}
+
+void QMugenSyntaxProcessor::report(QSynMessageKind kind, const QStringList& arguments)
+{
+    report(kind, tokenStart(), qMax(1, tokenLength()), arguments);
+}
+
 void QMugenSyntaxProcessor::errorFmt(const QString& text, int column, int length)
 {
     if (!m_enableErrors)
         return;
     underline(column, length, Qt::red);
     m_messages.append(QSynMsg{0, column, length, text});
-}
-
-void QMugenSyntaxProcessor::errorFmt(const QString& text)
-{
-    errorFmt(text, tokenStart(), qMax(1, tokenLength()));
 }
 
 void QMugenSyntaxProcessor::warningFmt(const QString& text, int column, int length)

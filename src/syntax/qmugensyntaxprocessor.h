@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qmugensyntaxproperties.h"
+#include "qsynmessagekind.h"
 #include "qsyntaxprocessor.h"
 
 #include <QTextCharFormat>
@@ -93,6 +94,11 @@ private:
     void parseTextValue(const QSynInfo& info, bool isValue);
     bool parseStrPosition(const QSynInfo& info);
     void paramNumError(int count);
+    /// A word the engine reads by its first letter: silent when it is one of
+    /// `words` or the start of one, a warning when its first letter stands
+    /// for another word, `unknown` when its letter stands for none.
+    void checkByLetter(const QStringList& words, const QString& value, QSynMessageKind unknown, int column,
+                       int length);
     void expectEnd();
 
     // Lines and sections (qmugensyntaxprocessor.cpp, qmugensections.cpp).
@@ -104,32 +110,44 @@ private:
     /// Reads "type = Name" of a section whose lines depend on its type: looks
     /// the type up, keeps it for the section's later lines, colours or
     /// reports it. The type's index, or -1 when unknown or unreadable.
-    int parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType, int& column,
+    int parseTypeKey(QMugenSyntaxProperties::ControllerKind kind, QSynMessageKind unknownType, int& column,
                      int& length);
     void parseActionLine();
     void parseActionFrame();
     void parseCommandLine();
-    void parseFixedKeys(const QStringList& keys, const QString& unknownMessage, QSynType type);
+    void parseFixedKeys(const QStringList& keys, QSynMessageKind unknownMessage, QSynType type);
     void parseRemapLine();
-    void parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, const QString& unknownType);
+    void parseTypedLine(QMugenSyntaxProperties::ControllerKind kind, QSynMessageKind unknownType);
     void parseTableLine(const char* table, const QString& title);
     void matchCmdKey(const QTextCharFormat* format);
     bool isBlockEnded(bool& isState);
+    /// The lowered keys of the lines above the current one, up to the section's header.
+    QStringList keysAboveInBlock() const;
     static QString unprefixedKey(const QString& key);
     /// A group's lowered name without its language prefix, blanks simplified.
     static QString unprefixedGroup(const QString& name);
 
     // Findings.
+    /// Reports a finding of `kind` over the span, in the class the kind has.
+    void report(QSynMessageKind kind, int column, int length, const QStringList& arguments = {}, int count = -1);
+    /// Reports a finding over the current token.
+    void report(QSynMessageKind kind, const QStringList& arguments = {});
     void errorFmt(const QString& text, int column, int length);
-    void errorFmt(const QString& text);
     void warningFmt(const QString& text, int column, int length);
     void deprecateFmt(const QString& text, int column, int length);
     void underline(int column, int length, const QColor& colour);
 
     int section() const { return m_state & 0x3F; }
     void setSection(int section) { m_state = section; }
-    int controllerIndex() const { return (m_state >> 8) - 1; }
+    // The block state: the section in bits 0-5, two flags, the controller's
+    // index + 1 in bits 8-15, and from bit 16 which of its required
+    // parameters the block has given so far.
+    int controllerIndex() const { return ((m_state >> 8) & 0xFF) - 1; }
     void setControllerIndex(int index) { m_state = (m_state & 0xFF) | ((index + 1) << 8); }
+    static constexpr int requiredShift = 16;
+    static constexpr int maxRequired = 14;
+    /// At the end of a state's block: a missing required parameter of its controller.
+    void checkRequired(int length);
     static constexpr int hasTypeFlag = 0x40;
     static constexpr int hasTriggerFlag = 0x80;
 

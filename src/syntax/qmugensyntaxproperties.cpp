@@ -38,6 +38,7 @@ bool QMugenSyntaxProperties::fromFile(const QString& fileName)
     }
     while (xml.readNextStartElement())
         readElement(xml);
+    resolveIncludes();
     return !xml.notifyError();
 }
 
@@ -48,6 +49,7 @@ bool QMugenSyntaxProperties::fromDevice(QIODevice* device, QString* error)
         while (xml.readNextStartElement())
             readElement(xml);
     }
+    resolveIncludes();
     if (xml.hasError() && error)
         *error = xml.errorText();
     return !xml.hasError();
@@ -120,7 +122,13 @@ void QMugenSyntaxProperties::readController(QXmlStreamReader& xml, ControllerKin
     controller.info = getInfo(attributes);
     while (xml.readNextStartElement()) {
         const QXmlStreamAttributes param = xml.attributes();
-        controller.params.insert(param.value(QLatin1String("name")).toString(), getInfo(param));
+        if (xml.name() == QLatin1String("include"))
+            controller.includes.append({param.value(QLatin1String("controller")).toString(),
+                                        param.value(QLatin1String("prefix")).toString().toLower()});
+        else
+            controller.params.insert(param.value(QLatin1String("name")).toString(), getInfo(param));
+        if (getInfo(param).required)
+            controller.required.append(param.value(QLatin1String("name")).toString().toLower());
         xml.skipCurrentElement();
     }
     if (controller.name.isEmpty())
@@ -137,4 +145,37 @@ void QMugenSyntaxProperties::readController(QXmlStreamReader& xml, ControllerKin
     }
     m_controllerIndex[kind].insert(key, m_controllers[kind].size());
     m_controllers[kind].append(controller);
+}
+
+void QMugenSyntaxProperties::resolveIncludes()
+{
+    for (int kind = StateController; kind <= BgControl; ++kind) {
+        for (int i = 0; i < m_controllers[kind].size(); ++i)
+            include(ControllerKind(kind), i, 0);
+    }
+}
+
+// Includes may nest (Projectile reads HitDef's, HitDef PalFX's): the included
+// controller is resolved first. Its own entries win over included ones, and a
+// loop in the file ends at a small depth.
+void QMugenSyntaxProperties::include(ControllerKind kind, int index, int depth)
+{
+    const QVector<QPair<QString, QString>> includes = m_controllers[kind].at(index).includes;
+    if (includes.isEmpty() || depth > 8)
+        return;
+    m_controllers[kind][index].includes.clear();
+    for (const auto& [name, prefix] : includes) {
+        const int source = findController(kind, name);
+        if (source < 0 || source == index)
+            continue;
+        include(kind, source, depth + 1);
+        const QSynTable& params = m_controllers[kind].at(source).params;
+        QSynTable& target = m_controllers[kind][index].params;
+        for (auto it = params.entries.cbegin(); it != params.entries.cend(); ++it) {
+            if (it.value().format == QSynInfo::fmtRegExp && !prefix.isEmpty())
+                continue; // a pattern does not take a prefix
+            if (!target.entries.contains(prefix + it.key()))
+                target.insert(prefix + it.key(), it.value());
+        }
+    }
 }

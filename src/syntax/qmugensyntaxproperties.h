@@ -31,6 +31,11 @@ struct QSynController
     QString name;
     QSynInfo info;
     QSynTable params;
+    /// Controllers whose parameters this one also reads, each with the prefix
+    /// its keys take here (HitDef reads PalFX's as "palfx.time", ...).
+    QVector<QPair<QString, QString>> includes;
+    /// The lowered names of the parameters the engine requires, in the file's order.
+    QStringList required;
 };
 
 /**
@@ -63,6 +68,9 @@ private:
     void readElement(QXmlStreamReader& xml);
     void readEntry(QXmlStreamReader& xml, QSynTable& table);
     void readController(QXmlStreamReader& xml, ControllerKind kind);
+    /// Adds the parameters of included controllers, once the whole file is read.
+    void resolveIncludes();
+    void include(ControllerKind kind, int index, int depth);
 
     QHash<QString, QSynTable> m_sections;
     QVector<QSynController> m_controllers[3];

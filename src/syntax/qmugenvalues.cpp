@@ -52,6 +52,56 @@ const ValueShape* shapeOf(QSynType type)
     return type <= stValue ? &shapes[type] : nullptr;
 }
 
+// Edits (insertions, deletions, substitutions, swaps of neighbours) from a to b.
+int editDistance(const QString& a, const QString& b)
+{
+    const int n = int(b.size());
+    QVector<int> before(n + 1), previous(n + 1), current(n + 1);
+    for (int j = 0; j <= n; ++j)
+        previous[j] = j;
+    for (int i = 1; i <= a.size(); ++i) {
+        current[0] = i;
+        for (int j = 1; j <= n; ++j) {
+            const int cost = a.at(i - 1) == b.at(j - 1) ? 0 : 1;
+            current[j] = qMin(qMin(previous[j] + 1, current[j - 1] + 1), previous[j - 1] + cost);
+            if (i > 1 && j > 1 && a.at(i - 1) == b.at(j - 2) && a.at(i - 2) == b.at(j - 1))
+                current[j] = qMin(current[j], before[j - 2] + 1);
+        }
+        before.swap(previous);
+        previous.swap(current);
+    }
+    return previous[n];
+}
+
+// The plain key of `tables` nearest to `key`, when it is near enough to be
+// what the author meant: a slip of one letter in a short key, a few in a
+// long one (persisternt, ctr, palinvertall).
+QString nearestKey(const QString& key, std::initializer_list<const QSynTable*> tables)
+{
+    const QString lowered = key.toLower();
+    if (lowered.size() < 3)
+        return QString();
+    const int allowed = qMax(1, int(lowered.size()) / 4);
+    QString best;
+    int bestDistance = allowed + 1;
+    for (const QSynTable* table : tables) {
+        if (!table)
+            continue;
+        for (auto it = table->entries.cbegin(); it != table->entries.cend(); ++it) {
+            if (it.value().format != QSynInfo::fmtName || it.key() == QLatin1String("type"))
+                continue;
+            if (qAbs(int(it.key().size()) - int(lowered.size())) > allowed)
+                continue;
+            const int distance = editDistance(lowered, it.key());
+            if (distance < bestDistance) {
+                bestDistance = distance;
+                best = it.key();
+            }
+        }
+    }
+    return best;
+}
+
 } // namespace
 
 bool QMugenSyntaxProcessor::parseParam(const QSynTable& table, const QString& controller, const QSynTable* common)
@@ -71,8 +121,13 @@ bool QMugenSyntaxProcessor::parseParam(const QSynTable& table, const QString& co
     if (!info && unprefixedKey(key) != key)
         info = findKey(table, unprefixedKey(key), end);
     if (!info) {
-        errorFmt(tr("Unknown parameter '%1' for the '%2' controller").arg(key, controller), column,
-                 int(m_text->size()) - column);
+        // The engine skips a key its controller doesn't read.
+        const QString nearest = nearestKey(key, {&table, common});
+        const int length = int(m_text->size()) - column;
+        if (nearest.isEmpty())
+            report(QSynMessageKind::IgnoredParameter, column, length, {key, controller});
+        else
+            report(QSynMessageKind::IgnoredParameterNear, column, length, {key, controller, nearest});
         skipLine();
         return false;
     }
@@ -158,11 +213,14 @@ bool QMugenSyntaxProcessor::parseStrPosition(const QSynInfo& info)
                 parseExpression();
             return true;
         }
-        int digits = int(m_tokenText.size());
-        while (digits > 0 && m_tokenText.at(digits - 1).isDigit())
-            --digits;
-        if (digits > 0 && digits < m_tokenText.size() && info.valueMatches(m_tokenText.left(digits)))
-            return match(tkIdent, &m_valueFormat);
+        // The prefix glued to a number, as in S7000 + var(11) * 10: the
+        // letter is the prefix, the expression starts at the digits.
+        const QString& word = m_tokenText;
+        if (word.size() > 1 && word.at(1).isDigit() && info.valueMatches(word.left(1))) {
+            colour(tokenStart(), 1, m_valueFormat);
+            m_pos = tokenStart() + 1;
+            nextToken();
+        }
     }
     parseExpression();
     return true;
@@ -177,13 +235,35 @@ void QMugenSyntaxProcessor::parseTextValue(const QSynInfo& info, bool isValue)
         colour(column, length, m_stringFormat);
         return;
     }
+    if (!info.letterWords.isEmpty()) {
+        checkByLetter(info.letterWords, value, QSynMessageKind::UnknownParameterValue, column, length);
+        return;
+    }
     QString compact = value;
     compact.remove(QLatin1Char(' ')).remove(QLatin1Char('\t'));
     if (info.valueMatches(value) || info.valueMatches(compact)) {
         colour(column, length, isValue ? m_valueFormat : m_stringFormat);
         return;
     }
-    errorFmt(tr("Unknown parameter value '%1'").arg(value), column, qMax(length, 1));
+    report(QSynMessageKind::UnknownParameterValue, column, qMax(length, 1), {value});
+}
+
+void QMugenSyntaxProcessor::checkByLetter(const QStringList& words, const QString& value, QSynMessageKind unknown,
+                                          int column, int length)
+{
+    QString readAs;
+    for (const QString& word : words) {
+        if (!value.isEmpty() && word.startsWith(value, Qt::CaseInsensitive)) {
+            colour(column, length, m_valueFormat);
+            return;
+        }
+        if (readAs.isEmpty() && !value.isEmpty() && word.at(0) == value.at(0).toLower())
+            readAs = word;
+    }
+    if (readAs.isEmpty())
+        report(unknown, column, qMax(length, 1), {value});
+    else
+        report(QSynMessageKind::ReadByLetter, column, qMax(length, 1), {value, readAs});
 }
 
 void QMugenSyntaxProcessor::paramNumError(int count)
@@ -192,7 +272,7 @@ void QMugenSyntaxProcessor::paramNumError(int count)
     int end = int(m_text->indexOf(QLatin1Char(';'), m_valueColumn));
     if (end < 0)
         end = int(m_text->size());
-    warningFmt(tr("This parameter requires %n value(s)", nullptr, count), m_valueColumn, qMax(1, end - m_valueColumn));
+    report(QSynMessageKind::ValueCount, m_valueColumn, qMax(1, end - m_valueColumn), {}, count);
     skipLine();
 }
 

@@ -4,6 +4,7 @@
 
 #include <QRegularExpression>
 #include <QString>
+#include <QStringList>
 
 /**
  * What the vocabulary says about one key: its value type, how its name is
@@ -28,6 +29,10 @@ struct QSynInfo
     QRegularExpression valueRegExp;     ///< words a value may be, matched whole; invalid when none
     QRegularExpression nameRegExp;      ///< the key's pattern for fmtRegExp
     int max = 0;                        ///< how many values "intn" takes at most
+    bool required = false;              ///< a controller's parameter without which the engine refuses it
+    /// For a value the engine reads by its first letter: the words it stands
+    /// for, the first word of each letter being what the engine makes of it.
+    QStringList letterWords;
 
     bool isDeprecated() const { return !deprecated.isEmpty(); }
     bool hasValueRegExp() const { return valueRegExp.isValid() && !valueRegExp.pattern().isEmpty(); }

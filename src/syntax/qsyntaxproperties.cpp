@@ -39,5 +39,8 @@ QSynInfo QSyntaxProperties::getInfo(const QXmlStreamAttributes& attributes)
     const QString regExp = attribute(attributes, "reg_exp");
     if (!regExp.isEmpty())
         info.valueRegExp = QSynInfo::wholeRegExp(regExp);
+    info.required = attribute(attributes, "required") == QLatin1String("true");
+    if (attribute(attributes, "first_letter") == QLatin1String("true"))
+        info.letterWords = regExp.toLower().split(QLatin1Char('|'), Qt::SkipEmptyParts);
     return info;
 }

@@ -1,5 +1,6 @@
 #include "qsyntaxtexteditor.h"
 
+#include "qenginetext.h"
 #include "qmugensyntaxhierarchy.h"
 #include "qmugensyntaxprocessor.h"
 #include "qmugensyntaxproperties.h"
@@ -91,7 +92,7 @@ bool QSyntaxTextEditor::fromFile(const QString& fileName, unsigned int codec, bo
         return false;
 
     int used = 0;
-    QString text = stringFromData(data, int(codec), &used);
+    QString text = decodeEngineText(data, int(codec), &used);
     m_codec = used;
     m_byteOrderMark = isUtf8(used) && data.startsWith(utf8Mark);
     // The mark is the file's business, not the text's: it would hide the first line's header.

@@ -59,13 +59,14 @@ void TestProject::checkCommandChecksProjectAndNames()
                     "[Info]\r\nname = \"Hero\"\r\nmugenversion = 1.0\r\n\r\n[Files]\r\n"
                     "cmd = hero.cmd\r\nst = States\\Moves.CNS\r\ncns = hero.cns\r\n");
     kit::writeBytes(dir.filePath(QStringLiteral("hero.cns")), "[Statedef 0]\r\ntype = S\r\n");
+    kit::writeBytes(dir.filePath(QStringLiteral("hero.cmd")), "[Command]\r\nname = \"x\"\r\ncommand = x\r\n");
     kit::writeBytes(dir.filePath(QStringLiteral("states/moves.cns")),
                     "[Statedef 200]\r\ntype = S\r\n\r\n[State 200, 1]\r\ntype = Null\r\ntrigger1 = BackEdge\r\n");
 
     const CliResult check = runCli({QStringLiteral("--json"), QStringLiteral("check"), dir.filePath(QStringLiteral("Hero.def"))});
     QCOMPARE(check.exitCode, 3); // BackEdge is a trigger of the engine's 1.1, the DEF says 1.0
     QCOMPARE(check.json().value(QStringLiteral("engine")).toString(), QStringLiteral("1.0"));
-    QCOMPARE(check.json().value(QStringLiteral("files")).toArray().size(), 3);
+    QCOMPARE(check.json().value(QStringLiteral("files")).toArray().size(), 4);
     QStringList found;
     for (const QJsonValue& value : check.json().value(QStringLiteral("messages")).toArray()) {
         const QJsonObject msg = value.toObject();

@@ -1,25 +1,36 @@
 #include "syntaxfixture.h"
 
 #include "realdata.h"
+#include "syntax/qenginetext.h"
 #include "syntax/qmugensyntaxprocessor.h"
+#include "syntax/qsynmessagekind.h"
 #include "util/qengineversion.h"
 
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QTextCodec>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QtTest>
 
 namespace {
 
-/// "line:kind:text" for each message, kind E (error), W (warning), D (deprecation).
-QStringList describe(const QVector<QSynMsgList>& lines)
+/// "line:kind:text" for each message, kind E (error), W (warning), D (deprecation);
+/// lines count from `firstLine`.
+QStringList describe(const QVector<QSynMsgList>& lines, int firstLine = 0)
 {
     QStringList found;
     for (int line = 0; line < lines.size(); ++line) {
         for (const QSynMsg& msg : lines.at(line))
-            found.append(QStringLiteral("%1:%2:%3").arg(line).arg(QString(QLatin1Char("EWD"[qBound(0, msg.type, 2)])), msg.text));
+            found.append(QStringLiteral("%1:%2:%3").arg(line + firstLine).arg(QString(QLatin1Char("EWD"[qBound(0, msg.type, 2)])), msg.text));
     }
     return found;
+}
+
+QString sourcePath(const QString& relative)
+{
+    return qEnvironmentVariable("PF_SOURCE_DIR") + QLatin1Char('/') + relative;
 }
 
 QString stateBlock(const QString& lines)
@@ -167,7 +178,7 @@ private slots:
         QTest::newRow("string pattern") << "flag = SCA, NA" << QStringList();
         QTest::newRow("string pattern wrong") << "flag = Q" << QStringList{QStringLiteral("5:E:Unknown parameter value 'Q'")};
         QTest::newRow("value wrong") << "space = moon" << QStringList{QStringLiteral("5:E:Unknown parameter value 'moon'")};
-        QTest::newRow("unknown parameter") << "z = 1" << QStringList{QStringLiteral("5:E:Unknown parameter 'z' for the 'VelSet' controller")};
+        QTest::newRow("unknown parameter") << "z = 1" << QStringList{QStringLiteral("5:W:Unknown parameter 'z' for the 'VelSet' controller, ignored by the engine")};
         QTest::newRow("common parameter") << "persistent = 0" << QStringList();
     }
 
@@ -202,10 +213,10 @@ private slots:
         QTest::addColumn<QStringList>("at10");
         QTest::addColumn<QStringList>("at11");
         const QString trigger = QStringLiteral("Trigger invalid for the M.U.G.E.N. version of the current project");
-        const QString param = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project");
+        const QString param = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project, ignored by the engine");
         QTest::newRow("1.1 trigger") << "x = screenwidth" << QStringList{QStringLiteral("5:E:") + trigger} << QStringList{QStringLiteral("5:E:") + trigger} << QStringList();
         QTest::newRow("1.0 trigger") << "x = cond(1, 2, 3)" << QStringList{QStringLiteral("5:E:") + trigger} << QStringList() << QStringList();
-        QTest::newRow("1.1 parameter") << "space = screen" << QStringList{QStringLiteral("5:E:") + param} << QStringList{QStringLiteral("5:E:") + param} << QStringList();
+        QTest::newRow("1.1 parameter") << "space = screen" << QStringList{QStringLiteral("5:W:") + param} << QStringList{QStringLiteral("5:W:") + param} << QStringList();
         QTest::newRow("deprecated parameter") << "postype = p1" << QStringList() << QStringList()
                                               << QStringList{QStringLiteral("5:D:Parameter deprecated in the M.U.G.E.N 1.1 (use space instead)")};
         QTest::newRow("deprecated trigger") << "x = timemod = 4, 0" << QStringList()
@@ -266,7 +277,7 @@ private slots:
         QTest::newRow("statedef negative") << "[Statedef -1]" << none;
         QTest::newRow("statedef comma") << "[Statedef 200, walk]" << none;
         QTest::newRow("wrong statedef") << "[Statedef walk]" << QStringList{QStringLiteral("0:E:Wrong StateDef")};
-        QTest::newRow("statedef bad key") << "[Statedef 1]\nfoo = 1" << QStringList{QStringLiteral("1:E:Unknown 'StateDef' parameter 'foo'")};
+        QTest::newRow("statedef bad key") << "[Statedef 1]\nfoo = 1" << QStringList{QStringLiteral("1:W:Unknown 'StateDef' parameter 'foo', ignored by the engine")};
         QTest::newRow("statedef bad type") << "[Statedef 1]\ntype = Q" << QStringList{QStringLiteral("1:E:Unknown 'StateDef type' value 'Q'")};
         QTest::newRow("statedef bad movetype") << "[Statedef 1]\nmovetype = Q" << QStringList{QStringLiteral("1:E:Unknown 'StateDef movetype' value 'Q'")};
         QTest::newRow("statedef bad physics") << "[Statedef 1]\nphysics = Q" << QStringList{QStringLiteral("1:E:Unknown 'StateDef physics' value 'Q'")};
@@ -285,17 +296,17 @@ private slots:
         QTest::newRow("command bad key") << "[Command]\ncommand = D, q" << QStringList{QStringLiteral("1:E:Unknown command key")};
         QTest::newRow("command bad key name") << "[Command]\nlabel = 1" << QStringList{QStringLiteral("1:E:Unknown 'Command' parameter")};
         QTest::newRow("defaults") << "[Defaults]\ncommand.time = 15\ncommand.buffer.time = 1\nfoo = 1"
-                                  << QStringList{QStringLiteral("3:E:Unknown 'Defaults' parameter")};
+                                  << QStringList{QStringLiteral("3:W:Unknown 'Defaults' parameter")};
         QTest::newRow("remap") << "[Remap]\nx = y\ns =\nq = a\na = q"
-                               << QStringList{QStringLiteral("3:E:Unknown 'Remap' parameter"), QStringLiteral("4:E:Unknown 'Remap' value")};
+                               << QStringList{QStringLiteral("3:W:Unknown 'Remap' parameter"), QStringLiteral("4:E:Unknown 'Remap' value")};
         QTest::newRow("palette keymap") << "[Palette Keymap]\nx = 1\nc2 = 12\nd = 1"
-                                        << QStringList{QStringLiteral("3:E:Unknown 'Palette Keymap' parameter")};
+                                        << QStringList{QStringLiteral("3:W:Unknown 'Palette Keymap' parameter")};
         QTest::newRow("quotes") << "[Quotes]\nvictory1 = \"Yes\"\n[ja.Quotes]\nvictory12 = \"Hai\"\nloss1 = \"No\""
-                                << QStringList{QStringLiteral("4:E:Unknown 'Quotes' parameter")};
+                                << QStringList{QStringLiteral("4:W:Unknown 'Quotes' parameter")};
         QTest::newRow("info") << "[Info]\nname = \"Kung Fu Man\"\nja.displayname = \"x\"\npal.defaults = 1,2\nweight = 3"
-                              << QStringList{QStringLiteral("4:E:Unknown 'Info'' parameter")};
+                              << QStringList{QStringLiteral("4:W:Unknown 'Info'' parameter")};
         QTest::newRow("files") << "[Files]\ncmd = kfm.cmd\nst3 = a.cns\nsnd = x"
-                               << QStringList{QStringLiteral("3:E:Unknown parameter 'snd' for the 'Files' controller")};
+                               << QStringList{QStringLiteral("3:W:Unknown parameter 'snd' for the 'Files' controller, ignored by the engine")};
         QTest::newRow("plain sections") << "[Arcade]\nintro.storyboard = intro.def\n[Data]\nlife = 1000\n[Size]\nxscale = 1\n"
                                            "[Velocity]\nwalk.fwd = 2.4\n[Movement]\nyaccel = .44\n[Camera]\nstartx = 0\n"
                                            "[PlayerInfo]\np1startx = -70\n[Bound]\nscreenleft = 15\n[Scaling]\ntopz = 0\n"
@@ -328,8 +339,8 @@ private slots:
     void interpolationIsNewIn11()
     {
         const QString text = QStringLiteral("[Begin Action 1]\nInterpolate Offset\n0,0, 0,0, 5, , A, 1.5, 2, 45");
-        const QString invalid = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project");
-        QCOMPARE(check(text, engineVersion::v1_0), (QStringList{QStringLiteral("1:E:") + invalid, QStringLiteral("2:E:") + invalid}));
+        const QString invalid = QStringLiteral("Parameter invalid for the M.U.G.E.N. version of the current project, ignored by the engine");
+        QCOMPARE(check(text, engineVersion::v1_0), (QStringList{QStringLiteral("1:W:") + invalid, QStringLiteral("2:W:") + invalid}));
         QCOMPARE(check(text, engineVersion::v1_1), QStringList());
     }
 
@@ -361,6 +372,93 @@ private slots:
         }
     }
 
+    // The list beside the program tells authors the class of each finding:
+    // it must hold exactly the checker's kinds, in the class the checker gives.
+    void messageListMatchesTheChecker()
+    {
+        QFile list(sourcePath(QStringLiteral("data/syntax_messages.tsv")));
+        QVERIFY(list.open(QIODevice::ReadOnly | QIODevice::Text));
+        QStringList listed;
+        for (const QString& line : QString::fromUtf8(list.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            if (!line.startsWith(QLatin1Char('#')))
+                listed.append(line);
+        }
+        int count = 0;
+        const QSynMessageInfo* infos = synMessageInfos(&count);
+        QStringList table;
+        for (int i = 0; i < count; ++i) {
+            QCOMPARE(int(infos[i].kind), i);
+            table.append(synMessageClassName(infos[i].type) + QLatin1Char('\t') + QLatin1String(infos[i].text));
+        }
+        QCOMPARE(listed, table);
+        // Each kind reaches an author in the class the table gives it.
+        QVERIFY(check(stateBlock(QStringLiteral("z = 1"))).value(0).startsWith(QStringLiteral("5:W:")));
+        QVERIFY(check(stateBlock(QStringLiteral("x = tiem"))).value(0).startsWith(QStringLiteral("5:E:")));
+    }
+
+    // The team's files of tests/syntax/cases, one per kind of line the engine
+    // accepts although a stricter reading would not: each beside its
+    // ".expected" list (";" comments, "@version", then "line:class:text").
+    void teamCases_data()
+    {
+        QTest::addColumn<QString>("file");
+        const QDir cases(sourcePath(QStringLiteral("tests/syntax/cases")));
+        const QStringList files = cases.entryList({QStringLiteral("*.cns"), QStringLiteral("*.def")}, QDir::Files,
+                                                  QDir::Name);
+        QVERIFY(files.size() >= 7);
+        for (const QString& file : files)
+            QTest::newRow(qPrintable(file)) << cases.filePath(file);
+    }
+
+    void teamCases()
+    {
+        QFETCH(QString, file);
+        QMugenSyntaxProperties vocabulary;
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
+        QFile expectedFile(file.chopped(4) + QStringLiteral(".expected"));
+        QVERIFY2(expectedFile.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(expectedFile.fileName()));
+        unsigned int version = engineVersion::v1_1;
+        QTextCodec* codec = QTextCodec::codecForName("UTF-8");
+        QStringList expected;
+        for (const QString& line : QString::fromUtf8(expectedFile.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+            if (line.startsWith(QLatin1String("@version ")))
+                version = getVersion(line.mid(9));
+            else if (line.startsWith(QLatin1String("@codec ")))
+                codec = QTextCodec::codecForName(line.mid(7).toLatin1());
+            else if (!line.startsWith(QLatin1Char(';')))
+                expected.append(line);
+        }
+        QFile input(file);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        QTextDocument document;
+        QMugenSyntaxProcessor processor(&document, &vocabulary);
+        processor.setVersion(version);
+        QVERIFY(codec);
+        QCOMPARE(describe(processor.checkText(decodeEngineText(input.readAll(), codec)), 1), expected);
+    }
+
+    // A required parameter typed into the middle of a block clears the
+    // finding on the block's last line: the line's state carries it, and the
+    // highlighter goes on down the block while states change.
+    void requiredParameterFollowsEdits()
+    {
+        QMugenSyntaxProperties vocabulary;
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
+        QTextDocument document(QStringLiteral("[Statedef 1]\n[State 1, a]\ntype = ChangeState\ntrigger1 = 1\nctrl = 1\n"));
+        QMugenSyntaxProcessor processor(&document, &vocabulary);
+        processor.setVersion(engineVersion::v1_1);
+        QCOMPARE(processor.errorCount(), 1);
+        const QSignalBlocker quiet(&document); // the edit is re-checked from its own line below
+        QTextCursor(document.findBlockByNumber(3)).insertText(QStringLiteral("value = 0\n"));
+        processor.rehighlightBlock(document.findBlockByNumber(3));
+        QCOMPARE(processor.errorCount(), 0);
+        QTextCursor cursor(document.findBlockByNumber(3));
+        cursor.select(QTextCursor::LineUnderCursor);
+        cursor.removeSelectedText();
+        processor.rehighlightBlock(document.findBlockByNumber(3));
+        QCOMPARE(processor.errorCount(), 1);
+    }
+
     // The engine's own character and common states check clean at their own
     // version with the shipped vocabulary: no error, no warning, no deprecation.
     void engineFilesCheckClean_data()
@@ -384,7 +482,7 @@ private slots:
         QFETCH(QString, file);
         QFETCH(unsigned int, version);
         QMugenSyntaxProperties vocabulary;
-        QVERIFY(vocabulary.fromFile(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data/syntax_mugen.xml")));
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
         QFile input(realDataDir() + QLatin1Char('/') + file);
         QVERIFY(input.open(QIODevice::ReadOnly));
         QTextDocument document;

@@ -30,6 +30,7 @@ struct Vocabulary
     QHash<QString, Entry> triggers;
     QSet<QString> consts;
     QSet<QString> containers; // "state_controller:*", "bg_control:parallax", "files", ...
+    QStringList includes;     // "container -> included controller", checked once all is read
     QStringList faults;
 };
 
@@ -115,6 +116,11 @@ void checkKey(const QXmlStreamAttributes& a, const QString& where, bool needsTyp
     if (where != QLatin1String("trigger") && type == QLatin1String("value")
         && !a.hasAttribute(QLatin1String("reg_exp")) && name != QLatin1String("type"))
         faults << at + QStringLiteral(": value without the reg_exp of its words");
+    // A value read by its first letter lists plain words, the letter's meaning first.
+    static const QRegularExpression words(QStringLiteral("^[a-z]+(\\|[a-z]+)*$"));
+    if (a.hasAttribute(QLatin1String("first_letter"))
+        && (type != QLatin1String("value") || !words.match(a.value(QLatin1String("reg_exp"))).hasMatch()))
+        faults << at + QStringLiteral(": first_letter needs a value of plain words");
 }
 
 /// Checks minver and deprecated, which any entry may carry.
@@ -185,6 +191,10 @@ Vocabulary readVocabulary(const QString& fileName)
                        && tag != QLatin1String("consts")) {
                 v.faults << QStringLiteral("unknown section '%1'").arg(tag);
             }
+        } else if (depth == 3 && tag == QLatin1String("include")) {
+            if (!entrySections.contains(section))
+                v.faults << at + QStringLiteral(": include outside a controller");
+            v.includes << section + QLatin1Char(':') + a.value(QLatin1String("controller")).toString().toLower();
         } else if (depth == 3) {
             const QString expected = section == QLatin1String("consts") ? QStringLiteral("const")
                                                                          : QStringLiteral("param");
@@ -203,6 +213,13 @@ Vocabulary readVocabulary(const QString& fileName)
     }
     if (xml.hasError())
         v.faults << QStringLiteral("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString());
+    QSet<QString> lowered;
+    for (const QString& container : std::as_const(v.containers))
+        lowered.insert(container.toLower());
+    for (const QString& included : std::as_const(v.includes)) {
+        if (!lowered.contains(included))
+            v.faults << included + QStringLiteral(": included controller does not exist");
+    }
     return v;
 }
 
