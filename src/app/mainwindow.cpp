@@ -35,6 +35,7 @@ MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , m_ui(std::make_unique<Ui::MainWindow>())
 {
+    Q_INIT_RESOURCE(resources); // the images live in this static library
     m_ui->setupUi(this);
     QSyntaxTextEditor::initProperties(programDirectory());
     QProject::init();

@@ -66,6 +66,7 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
     , m_editorGroup(new QActionGroup(this))
 {
     intf = this;
+    m_baseTitle = window->windowTitle();
     auto* central = window->centralWidget();
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -90,6 +91,13 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
 QInterface::~QInterface()
 {
     saveConfig();
+    // The views let go of the projects' documents before these go.
+    for (QInterfaceEditor* editor : std::as_const(m_editors))
+        editor->setProject(nullptr);
+    for (QInterfaceExtraEditor* extra : std::as_const(m_extraEditors))
+        extra->setProject(nullptr);
+    for (QInterfaceWorkspace* workspace : std::as_const(m_workspaces))
+        workspace->setProject(nullptr);
     for (QProject* project : std::as_const(m_projects))
         delete project;
     m_projects.clear();

@@ -150,6 +150,7 @@ private:
     void updateCurrentProject();
     void updateCurrEd();
     void updateProjStatus();
+    void updateWindowTitle();
     void connectEditor(QInterfaceEditor* editor, bool on);
     void checkProject(QProject* project);
     QMenu* menu(const char* name) const;
@@ -187,6 +188,7 @@ private:
     QInterfaceWorkspaces m_currentWorkspace = iwNone;
     QMap<QInterfaceWorkspaces, QInterfaceWorkspace*> m_workspaces;
     int m_projectCounter = 0;
+    QString m_baseTitle; ///< the window's title without a project
 };
 
 extern QInterface* intf;

@@ -140,6 +140,13 @@ void QInterface::projTabsChanged(int index)
     connect(m_project->messages(), &QMessageList::updated, this, &QInterface::updateErrorStatus);
     m_errorDlg->setMessages(m_project->messages());
     updateErrorStatus();
+    updateWindowTitle();
+}
+
+void QInterface::updateWindowTitle()
+{
+    const int index = currentIndex();
+    m_window->setWindowTitle(index < 0 ? m_baseTitle : QStringLiteral("%1 - %2").arg(m_tabs->tabText(index), m_baseTitle));
 }
 
 void QInterface::projTabsMoved(int from, int to)
@@ -153,6 +160,7 @@ void QInterface::changeTabName(QProject* project, const QString& name)
     if (index < 0)
         return;
     m_tabs->setTabText(index, name);
+    updateWindowTitle();
     historyMan->updateEntry(project->definitions()->fileName(), name);
 }
 

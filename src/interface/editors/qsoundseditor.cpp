@@ -61,8 +61,8 @@ void QSoundsEditor::update()
     else if (!path.exists)
         text = tr("The sound file %1 is missing.").arg(QDir::toNativeSeparators(path.path));
     else
-        text = tr("%1\n%2").arg(QDir::toNativeSeparators(path.path),
-                                QLocale().formattedDataSize(QFileInfo(path.path).size()));
+        text = QDir::toNativeSeparators(path.path) + QLatin1Char('\n')
+            + QLocale().formattedDataSize(QFileInfo(path.path).size());
     m_view->setText(text);
     if (m_summary)
         m_summary->setText(tr("<b>Sound file:</b> %1").arg(files.sounds.isEmpty() ? tr("none") : files.sounds.toHtmlEscaped()));

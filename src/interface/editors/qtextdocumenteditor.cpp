@@ -45,6 +45,13 @@ bool QTextDocumentEditor::isModified() const
 
 void QTextDocumentEditor::setProject(QProject* project)
 {
+    // The view may still hold a document of the project going away, even
+    // while another editor is in front: it must not outlive it there.
+    if (m_shown && m_workspace->view()->document() == m_shown)
+        m_workspace->view()->showDocument(nullptr, true);
+    if (m_shown)
+        disconnect(m_shown, nullptr, this, nullptr);
+    m_shown = nullptr;
     m_project = project;
     m_current = documentCount() > 0 ? 0 : -1;
     refreshList();
@@ -73,9 +80,12 @@ void QTextDocumentEditor::activate(bool switched)
 void QTextDocumentEditor::deactivate()
 {
     QInterfaceEditor::deactivate();
+    if (m_checkTimer.isActive()) { // the author's last edit is still checked
+        m_checkTimer.stop();
+        checkCurrent();
+    }
     if (m_shown)
         disconnect(m_shown, nullptr, this, nullptr);
-    m_shown = nullptr;
 }
 
 void QTextDocumentEditor::showDocument(int index)
