@@ -291,6 +291,8 @@ void QInterface::registerEditor(QInterfaceEditor* editor)
     QWidget* page = m_leftPanel->addPage(editor->name());
     m_leftPages.insert(editor->name(), page);
     m_toolBarItems.value(QStringLiteral("main"))->addAction(action);
+    // Ctrl+1 to Ctrl+6 bring the editors forward, in the order of their ids.
+    m_actions->setShortcut(action, QKeySequence(QKeyCombination(Qt::CTRL, Qt::Key(Qt::Key_1 + editor->id()))));
     editor->initialized(items, page);
 }
 

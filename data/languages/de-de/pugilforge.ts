@@ -18,6 +18,14 @@
         <source>double-click a row to go there</source>
         <translation>Doppelklick auf eine Zeile springt dorthin</translation>
     </message>
+    <message>
+        <source>No issues found!</source>
+        <translation>Keine Probleme gefunden!</translation>
+    </message>
+    <message>
+        <source>Faults of every file of the project show here.</source>
+        <translation>Hier erscheinen die Fehler aller Dateien des Projekts.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -352,6 +360,42 @@
     <message>
         <source>Definitions</source>
         <translation>Definitionen</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>Sprites</source>
+        <translation>Sprites</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>States</source>
+        <translation>Zustände</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Klänge</translation>
+    </message>
+    <message>
+        <source>Files this project names</source>
+        <translation>Dateien, die dieses Projekt nennt</translation>
+    </message>
+    <message>
+        <source>None yet: name them in [Files].</source>
+        <translation>Noch keine: nennen Sie sie unter [Files].</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n palette(s)</source>
+        <translation><numerusform>%n Palette</numerusform><numerusform>%n Paletten</numerusform></translation>
     </message>
 </context>
 <context>
@@ -841,6 +885,14 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>States</source>
         <translation>Zustände</translation>
     </message>
+    <message>
+        <source>This project has no state files.</source>
+        <translation>Dieses Projekt hat keine Zustandsdateien.</translation>
+    </message>
+    <message>
+        <source>Faults are checked as you type; the error icon in the status bar counts them.</source>
+        <translation>Fehler werden beim Tippen geprüft; das Fehlersymbol in der Statusleiste zählt sie.</translation>
+    </message>
 </context>
 <context>
     <name>QSyntaxTextEditor</name>
@@ -878,6 +930,14 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     <message>
         <source>%1 (read-only)</source>
         <translation>%1 (schreibgeschützt)</translation>
+    </message>
+    <message>
+        <source>The definitions name no such file, or it is missing.</source>
+        <translation>Die Definitionen nennen keine solche Datei, oder sie fehlt.</translation>
+    </message>
+    <message>
+        <source>Shown read-only: this file is edited in its own editor in a later version.</source>
+        <translation>Schreibgeschützt angezeigt: diese Datei wird in einer späteren Version in ihrem eigenen Editor bearbeitet.</translation>
     </message>
 </context>
 <context>

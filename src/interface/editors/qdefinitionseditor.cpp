@@ -3,6 +3,8 @@
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
 
+#include "util/qpathresolver.h"
+
 #include <QFileInfo>
 
 int QDefinitionsEditor::documentCount() const
@@ -24,4 +26,36 @@ QString QDefinitionsEditor::documentTitle(int) const
 QProjectFile* QDefinitionsEditor::projectFileAt(int index) const
 {
     return index == 0 && project() ? project()->definitions() : nullptr;
+}
+
+QString QDefinitionsEditor::panelNote() const
+{
+    if (!project())
+        return QString();
+    const QProjectFiles files = project()->definitions()->files();
+    QString rows;
+    auto row = [&rows, &files](const QString& label, const QString& name) {
+        if (name.isEmpty())
+            return;
+        const bool found = resolvePath(files.baseDir, name).exists;
+        rows += QStringLiteral("<tr><td>%1</td><td>%2</td><td style='color:%3'>%4</td></tr>")
+                    .arg(label.toHtmlEscaped(), name.toHtmlEscaped(),
+                         found ? QStringLiteral("#2e7d32") : QStringLiteral("#c62828"),
+                         found ? QStringLiteral("&#10003;") : tr("missing"));
+    };
+    row(tr("Sprites"), files.sprites);
+    row(tr("Animations"), files.animations);
+    row(tr("Commands"), files.commands);
+    for (const QString& states : files.states)
+        row(tr("States"), states);
+    row(tr("Sounds"), files.sounds);
+    int palettes = 0;
+    for (const QString& palette : files.palettes)
+        palettes += palette.isEmpty() ? 0 : 1;
+    QString note = QStringLiteral("<p><b>%1</b></p>").arg(tr("Files this project names"));
+    note += rows.isEmpty() ? QStringLiteral("<p>%1</p>").arg(tr("None yet: name them in [Files]."))
+                           : QStringLiteral("<table cellspacing='4'>%1</table>").arg(rows);
+    if (palettes > 0)
+        note += QStringLiteral("<p>%1</p>").arg(tr("%n palette(s)", nullptr, palettes));
+    return note;
 }
