@@ -125,8 +125,24 @@ private slots:
         colorMan = new QColorsetManager(dir + QStringLiteral("/colorsets"));
         configMan = new QConfigManager;
         (*configMan)[QStringLiteral("confirm_close")] = false;
+        // Broken files of an earlier run: the window starts with defaults and says so.
+        const QByteArray broken = "<shortcuts><shortcut action=\"file_open\" keys=\"Ctrl+K\"/><shortcut";
+        QFile shortcuts(m_programDir.filePath(QStringLiteral("shortcuts.xml")));
+        QVERIFY(shortcuts.open(QIODevice::WriteOnly) && shortcuts.write(broken) > 0);
+        shortcuts.close();
+        QFile history(m_programDir.filePath(QStringLiteral("history.xml")));
+        QVERIFY(history.open(QIODevice::WriteOnly) && history.write("<history><entry file=") > 0);
+        history.close();
+        (*configMan)[QStringLiteral("preset")] = QStringLiteral("No such preset");
         m_prompt = new QRecordingPrompt;
         m_window = new MainWindow;
+        QCOMPARE(m_prompt->count(QStringLiteral("critical")), 2);
+        for (const QRecordingPrompt::Entry& entry : m_prompt->entries())
+            QCOMPARE(entry.title, QStringLiteral("XML Error"));
+        QVERIFY(historyMan->files().isEmpty());
+        QCOMPARE(intf->actions()->shortcut(action("file_open")), QKeySequence(QStringLiteral("Ctrl+K")));
+        intf->actions()->setShortcut(action("file_open"), QKeySequence::Open);
+        QCOMPARE(presetMan->current().preset, QStringLiteral("Classic"));
         theWindow = m_window;
         m_window->show();
         QApplication::setActiveWindow(m_window);
@@ -363,6 +379,17 @@ private slots:
             action("edit_undo")->trigger();
         QTRY_COMPARE_WITH_TIMEOUT(intf->errorIcon()->property("errors").toInt(), 0, 3000);
         QVERIFY(!ember->states(0)->isModified());
+    }
+
+    void closingAsksAboutUnsavedWork()
+    {
+        QVERIFY(intf->openProject(copyOfSample(m_programDir.filePath(QStringLiteral("closing")))));
+        intf->currentProject()->definitions()->document()->setPlainText(QStringLiteral("[Info]\nname = \"Changed\"\n"));
+        m_prompt->script({QPrompt::No});
+        QVERIFY(!m_window->close()); // the author keeps the work, and the window
+        QVERIFY(m_window->isVisible());
+        QCOMPARE(intf->projectCount(), 1);
+        QVERIFY(!intf->project(0)->isEmpty());
     }
 
     void languageAndLookApply()
