@@ -154,6 +154,8 @@ private:
     void connectEditor(QInterfaceEditor* editor, bool on);
     void checkProject(QProject* project);
     QMenu* menu(const char* name) const;
+    /// The shared Edit commands: the window asks, the current editor acts.
+    void forCurrentEditor(void (QInterfaceEditor::*call)());
 
     QFileSystemWatcher m_watcher;
     QActionManager* m_actions;

@@ -671,6 +671,29 @@
     </message>
 </context>
 <context>
+    <name>QPalettesEditor</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>The file is missing.</source>
+        <translation>Die Datei fehlt.</translation>
+    </message>
+    <message>
+        <source>The definitions name no palette files.</source>
+        <translation>Die Definitionen nennen keine Palettendateien.</translation>
+    </message>
+    <message>
+        <source>Only characters have palette files.</source>
+        <translation>Nur Figuren haben Palettendateien.</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletten</translation>
+    </message>
+</context>
+<context>
     <name>QProgress</name>
     <message>
         <source>Cancel</source>

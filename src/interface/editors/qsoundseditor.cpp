@@ -9,7 +9,6 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
-#include <QVBoxLayout>
 
 QSoundsEditor::QSoundsEditor(QViewWorkspace* workspace, QObject* parent)
     : QInterfaceEditor(parent)
@@ -29,12 +28,7 @@ QSoundsEditor::~QSoundsEditor()
 
 void QSoundsEditor::initialized(QToolBarItems*, QWidget* leftPage)
 {
-    auto* layout = new QVBoxLayout(leftPage);
-    m_summary = new QLabel(leftPage);
-    m_summary->setObjectName(QStringLiteral("soundsSummary"));
-    m_summary->setWordWrap(true);
-    m_summary->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_summary, 1);
+    m_summary = addSummary(leftPage, QStringLiteral("soundsSummary"));
 }
 
 void QSoundsEditor::activate(bool switched)

@@ -37,12 +37,7 @@ QSpritesEditor::~QSpritesEditor()
 
 void QSpritesEditor::initialized(QToolBarItems*, QWidget* leftPage)
 {
-    auto* layout = new QVBoxLayout(leftPage);
-    m_summary = new QLabel(leftPage);
-    m_summary->setObjectName(QStringLiteral("spritesSummary"));
-    m_summary->setWordWrap(true);
-    m_summary->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_summary, 1);
+    m_summary = addSummary(leftPage, QStringLiteral("spritesSummary"));
 }
 
 void QSpritesEditor::activate(bool switched)
