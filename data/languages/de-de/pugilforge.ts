@@ -397,6 +397,14 @@
         <source>%n palette(s)</source>
         <translation><numerusform>%n Palette</numerusform><numerusform>%n Paletten</numerusform></translation>
     </message>
+    <message>
+        <source>not here</source>
+        <translation>nicht hier</translation>
+    </message>
+    <message>
+        <source>"not here": the engine also looks in its data folder.</source>
+        <translation>„nicht hier“: die Engine sucht auch in ihrem Datenordner.</translation>
+    </message>
 </context>
 <context>
     <name>QHistoryManager</name>

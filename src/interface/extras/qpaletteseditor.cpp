@@ -13,6 +13,8 @@ void QPalettesEditor::initialized(QWidget* rightPage)
     layout->setContentsMargins(4, 4, 4, 4);
     m_list = new QListWidget(rightPage);
     m_list->setObjectName(QStringLiteral("paletteFiles"));
+    m_list->setWordWrap(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     layout->addWidget(m_list);
 }
 
