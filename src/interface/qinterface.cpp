@@ -1,5 +1,7 @@
 #include "qinterface.h"
 
+#include "dialogs/calculator.h"
+#include "dialogs/clipdlg.h"
 #include "dialogs/errordlg.h"
 #include "dialogs/options.h"
 #include "managers/gui/qhistorymanager.h"
@@ -62,6 +64,8 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
     , m_actionView(actionView)
     , m_window(window)
     , m_errorDlg(new ErrorDlg(window))
+    , m_calculator(new Calculator(window))
+    , m_clipDlg(new ClipDlg(window))
     , m_undoGroup(new QUndoGroup(this))
     , m_editorGroup(new QActionGroup(this))
 {
@@ -83,6 +87,7 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
     connect(m_editorGroup, &QActionGroup::triggered, this, &QInterface::editorSwitch);
     connect(m_errorIcon, &QClickableLabel::clicked, this, &QInterface::fileCheck);
     connect(m_errorDlg, &ErrorDlg::navigateTo, this, &QInterface::navigateTo);
+    connect(m_clipDlg, &ClipDlg::execAction, this, &QInterface::execAction);
     m_actionView->setModel(m_actionList);
     m_actionView->setIconSize(QSize(16, 16));
     connect(m_actionView, &QListView::clicked, this, &QInterface::actionChanged);
@@ -338,6 +343,28 @@ void QInterface::viewRightPanel(bool)
 void QInterface::viewActions(bool visible)
 {
     m_actionDock->setVisible(visible);
+}
+
+void QInterface::viewCalculator()
+{
+    m_calculator->show();
+    m_calculator->raise();
+}
+
+void QInterface::viewClipboard()
+{
+    m_clipDlg->show();
+    m_clipDlg->raise();
+}
+
+void QInterface::execAction(const QString& action)
+{
+    if (action == QLatin1String("edit_cut"))
+        editCut();
+    else if (action == QLatin1String("edit_copy"))
+        editCopy();
+    else if (action == QLatin1String("edit_paste"))
+        editPaste();
 }
 
 void QInterface::actionChanged(const QModelIndex& index)

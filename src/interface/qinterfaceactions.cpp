@@ -66,6 +66,8 @@ void QInterface::initMenus()
     view->addAction(add({everywhere}, "view_left_panel", QT_TRANSLATE_NOOP("QActionManager", "&Left panel"), SLOT(viewLeftPanel(bool)), true));
     view->addAction(add({everywhere}, "view_right_panel", QT_TRANSLATE_NOOP("QActionManager", "&Right panel"), SLOT(viewRightPanel(bool)), true));
     view->addAction(add({everywhere}, "view_actions", QT_TRANSLATE_NOOP("QActionManager", "&Action list"), SLOT(viewActions(bool)), true));
+    view->addAction(add({everywhere}, "view_calculator", QT_TRANSLATE_NOOP("QActionManager", "&Calculator"), SLOT(viewCalculator())));
+    view->addAction(add({everywhere}, "view_clipboard", QT_TRANSLATE_NOOP("QActionManager", "Clip&board"), SLOT(viewClipboard())));
     view->addSeparator();
     m_editorGroup->setExclusive(true);
 

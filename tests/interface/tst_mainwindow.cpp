@@ -5,6 +5,7 @@
 // program folder of its own, linked to the build's data, so nothing here
 // touches the settings beside the real executable.
 #include "app/mainwindow.h"
+#include "interface/dialogs/clipdlg.h"
 #include "interface/dialogs/errordlg.h"
 #include "interface/editors/qtextdocumenteditor.h"
 #include "interface/qclickablelabel.h"
@@ -29,6 +30,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QListView>
+#include <QListWidget>
 #include <QMenu>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -179,6 +181,11 @@ private slots:
             QVERIFY2(!button->icon().isNull(), qPrintable(button->defaultAction()->objectName()));
         }
         QVERIFY2(shown >= 15, qPrintable(QString::number(shown)));
+        // The default icon set covers every action the window has.
+        for (int i = 0; i < intf->actions()->count(); ++i) {
+            const QAction* each = intf->actions()->at(i);
+            QVERIFY2(!each->icon().isNull(), qPrintable(intf->actions()->name(each)));
+        }
         QCOMPARE(intf->leftPanel()->title(), QStringLiteral("Definitions"));
     }
 
@@ -379,6 +386,34 @@ private slots:
             action("edit_undo")->trigger();
         QTRY_COMPARE_WITH_TIMEOUT(intf->errorIcon()->property("errors").toInt(), 0, 3000);
         QVERIFY(!ember->states(0)->isModified());
+    }
+
+    void clipboardPastesAnEarlierCopy()
+    {
+        QVERIFY(intf->openProject(copyOfSample(m_programDir.filePath(QStringLiteral("clips")))));
+        intf->switchEditor(ieStates);
+        QTextView* view = textView();
+        QTextCursor cursor(view->document()->findBlockByNumber(0));
+        cursor.select(QTextCursor::LineUnderCursor);
+        view->setTextCursor(cursor);
+        const QString firstLine = cursor.selectedText();
+        action("edit_copy")->trigger();
+        do // the next line with other text
+            cursor.movePosition(QTextCursor::NextBlock);
+        while (cursor.block().text().trimmed().isEmpty() || cursor.block().text() == firstLine);
+        cursor.select(QTextCursor::LineUnderCursor);
+        view->setTextCursor(cursor);
+        action("edit_copy")->trigger();
+
+        action("view_clipboard")->trigger();
+        ClipDlg* clips = intf->clipboardDialog();
+        QVERIFY(clips->isVisible());
+        QCOMPARE(clips->list()->count(), 2);
+        view->moveCursor(QTextCursor::End);
+        clips->list()->setCurrentRow(1); // the older copy
+        clips->pasteCurrent();
+        QVERIFY(view->document()->lastBlock().text().endsWith(firstLine));
+        clips->hide();
     }
 
     void closingAsksAboutUnsavedWork()

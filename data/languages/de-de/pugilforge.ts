@@ -1,6 +1,32 @@
 <?xml version='1.0' encoding='utf-8'?>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>Calculator</name>
+    <message>
+        <source>Calculator</source>
+        <translation>Rechner</translation>
+    </message>
+    <message>
+        <source>e.g. (320 - 48) / 2</source>
+        <translation>z. B. (320 - 48) / 2</translation>
+    </message>
+    <message>
+        <source>—</source>
+        <translation>—</translation>
+    </message>
+</context>
+<context>
+    <name>ClipDlg</name>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+</context>
+<context>
     <name>ErrorDlg</name>
     <message>
         <source>Errors and warnings</source>
@@ -265,6 +291,14 @@
     <message>
         <source>&amp;About Pugilforge</source>
         <translation>Ü&amp;ber Pugilforge</translation>
+    </message>
+    <message>
+        <source>&amp;Calculator</source>
+        <translation>&amp;Rechner</translation>
+    </message>
+    <message>
+        <source>Clip&amp;board</source>
+        <translation>&amp;Zwischenablage</translation>
     </message>
 </context>
 <context>
