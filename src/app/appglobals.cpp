@@ -2,3 +2,4 @@
 
 QApplication* application = nullptr;
 bool master = false;
+QString ownFile;

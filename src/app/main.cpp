@@ -3,9 +3,17 @@
 // the single-instance claim so a messenger still sees its settings, and the
 // configuration is written only after the window (and all that keeps state
 // in it) is gone.
+//
+// The claim asks a running master over a local socket rather than trusting a
+// shared-memory key: a key outlives a master that was killed, and every later
+// start with a file would then hand the file to nobody and end without a
+// window. A dead master is noticed and replaced; a live one that doesn't
+// answer within a second is left alone and this start opens its own window.
 #include "appglobals.h"
 #include "mainwindow.h"
+#include "qinstanceclaim.h"
 
+#include "interface/qinterface.h"
 #include "interface/qmessageboxprompt.h"
 #include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
@@ -18,7 +26,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QSharedMemory>
+#include <QElapsedTimer>
 #include <QSplashScreen>
 #include <QThread>
 
@@ -75,30 +83,39 @@ int main(int argc, char** argv)
     configMan->fromFile(programDir + QStringLiteral("/config.xml"));
     initCodecs();
 
-    // Only the segment's existence counts; its byte is never read.
-    QSharedMemory instanceKey(QStringLiteral("Pugilforge3"));
-    master = instanceKey.create(1, QSharedMemory::ReadWrite);
+    QInstanceClaim instance(QStringLiteral("Pugilforge3"));
+    const QInstanceClaim::Role role = instance.claim();
+    master = role == QInstanceClaim::Master;
 
-    QFile handOverFile(QDir::tempPath() + QStringLiteral("/open.pf3"));
+    QFile handOverFile(QInterface::handOverFileName());
     if (master)
         handOverFile.open(QIODevice::WriteOnly); // empties what an earlier run left
 
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 2 && QFile::exists(arguments.at(1))) {
-        handOver(handOverFile, arguments.at(1));
-        if (!master) {
-            deleteManagers();
-            return 0;
+        if (role == QInstanceClaim::Independent) {
+            ownFile = arguments.at(1); // the master is busy: this window opens it
+        } else {
+            handOver(handOverFile, arguments.at(1));
+            if (!master) {
+                deleteManagers();
+                return 0;
+            }
         }
     }
 
     int result = 0;
     {
-        // The splash stays a full second on purpose, before anything is built.
+        // The splash stays a full second on purpose, before anything is built;
+        // events still run, so a later start asking for the master is answered.
         QSplashScreen splash(QPixmap(QStringLiteral(":/imgs/Imgs/Splash.png")));
         splash.show();
-        QCoreApplication::processEvents();
-        QThread::msleep(1000);
+        QElapsedTimer shown;
+        shown.start();
+        while (shown.elapsed() < 1000) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+            QThread::msleep(10);
+        }
 
         MainWindow window;
         boxPrompt.setParent(&window);

@@ -1,8 +1,19 @@
 #include "mainwindow.h"
 #include "ui_mainwindow.h"
 
+#include "appglobals.h"
+#include "interface/editors/qdefinitionseditor.h"
+#include "interface/editors/qspriteseditor.h"
+#include "interface/editors/qstateseditor.h"
+#include "interface/editors/qsoundseditor.h"
+#include "interface/editors/qtextfileviewer.h"
+#include "interface/extras/qpaletteseditor.h"
+#include "interface/qinterface.h"
+#include "interface/workspaces/qtextworkspace.h"
+#include "interface/workspaces/qviewworkspace.h"
 #include "managers/qconfigmanager.h"
 #include "managers/qlanguagemanager.h"
+#include "managers/qprogramdirectory.h"
 #include "model/qproject.h"
 #include "syntax/qsyntaxtexteditor.h"
 #include "text/qcommonelements.h"
@@ -12,22 +23,49 @@
 #include <QCoreApplication>
 #include <QMessageBox>
 
+namespace {
+
+const QTextFileViewer::Kind animations{ieAnimations, "animations", "editor_air",
+                                       QT_TRANSLATE_NOOP("QTextFileViewer", "Animations"), 0xEF, 3};
+const QTextFileViewer::Kind commands{ieCommands, "commands", "editor_cmd",
+                                     QT_TRANSLATE_NOOP("QTextFileViewer", "Commands"), 2, 3};
+
+} // namespace
+
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , m_ui(std::make_unique<Ui::MainWindow>())
 {
+    Q_INIT_RESOURCE(resources); // the images live in this static library
     m_ui->setupUi(this);
-    QSyntaxTextEditor::initProperties(QCoreApplication::applicationDirPath());
+    QSyntaxTextEditor::initProperties(programDirectory());
     QProject::init();
     connect(langMan, &QLanguageManager::langChanged, this, &MainWindow::retranslate);
+
+    intf = new QInterface(this, m_ui->actions, m_ui->actList);
+    auto* text = new QTextWorkspace;
+    auto* views = new QViewWorkspace;
+    intf->registerWorkspace(text);
+    intf->registerWorkspace(views);
+    intf->registerEditor(new QDefinitionsEditor(text));
+    intf->registerEditor(new QSpritesEditor(views));
+    intf->registerEditor(new QTextFileViewer(animations, text));
+    intf->registerEditor(new QTextFileViewer(commands, text));
+    intf->registerEditor(new QStatesEditor(text));
+    intf->registerEditor(new QSoundsEditor(views));
+    intf->registerExtraEditor(new QPalettesEditor);
+    intf->run(master);
+    if (!ownFile.isEmpty())
+        intf->openProject(ownFile);
 }
 
 MainWindow::~MainWindow()
 {
-    // The configuration is written here and only here, after everything that
-    // keeps its state in it is gone: a process that dies earlier keeps the
-    // configuration it started with.
-    configMan->toFile(QCoreApplication::applicationDirPath() + QStringLiteral("/config.xml"));
+    // The window's state goes into the configuration as the interface ends,
+    // and the configuration is written here and only here: a process that
+    // dies earlier keeps the configuration it started with.
+    delete intf;
+    configMan->toFile(programDirectory() + QStringLiteral("/config.xml"));
     releaseCommonElements();
     QTextElementReg::release();
 }
@@ -40,6 +78,8 @@ void MainWindow::retranslate()
     m_ui->menuTools->setTitle(QCoreApplication::translate("MainWindow", "Tools"));
     m_ui->menuHelp->setTitle(QCoreApplication::translate("MainWindow", "Help"));
     m_ui->actions->setWindowTitle(QCoreApplication::translate("MainWindow", "Action list"));
+    if (intf)
+        intf->retranslate();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -53,7 +93,12 @@ void MainWindow::closeEvent(QCloseEvent* event)
             return;
         }
     }
-    QMainWindow::closeEvent(event);
+    intf->fileCloseAll();
+    // A save question answered with Cancel keeps a project, and the window.
+    if (intf->projectCount() < 2 && intf->project(0)->isEmpty())
+        QMainWindow::closeEvent(event);
+    else
+        event->ignore();
 }
 
 void MainWindow::changeEvent(QEvent* event)

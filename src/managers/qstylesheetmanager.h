@@ -2,7 +2,11 @@
 
 #include "qresourcedirectory.h"
 
-/// The style sheets: each folder of the directory with a "Stylesheet.css".
+/**
+ * The styles: each folder of the directory with a "Stylesheet.css". A style
+ * writes sizes that should follow the display as "[n]", meant at 96 dpi,
+ * and refers to its own pictures with url() relative to its folder.
+ */
 class QStylesheetManager : public QResourceDirectory
 {
 public:
@@ -10,6 +14,13 @@ public:
         : QResourceDirectory(directory, QResourceDirectory::Subdirectories, QStringLiteral("Stylesheet.css"))
     {
     }
+
+    /// The style's sheet ready for the application at `dpi`; empty for an
+    /// unknown or unreadable style, which leaves the platform's look.
+    QString sheet(const QString& name, int dpi) const;
+    /// Every "[n]" becomes n * dpi / 96 (integer division), every "url(" one
+    /// that looks in `folder`.
+    static QString resolve(QString sheet, int dpi, const QString& folder);
 };
 
 extern QStylesheetManager* styleMan;

@@ -1,13 +1,17 @@
 // Start-up of the real executable: who becomes the master, what a messenger
 // hands over, and when a normal window starts instead. Each test runs with
-// its own temporary folder, which holds both the hand-over file and the key
-// file of the single-instance segment, so nothing here meets a real session.
+// its own temporary folder, which holds both the hand-over file and the
+// socket the master listens on, so nothing here meets a real session.
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QLocalServer>
+#include <QLocalSocket>
 #include <QProcess>
-#include <QSharedMemory>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <csignal>
 
 namespace {
 
@@ -31,6 +35,19 @@ void writeAll(const QString& fileName, const QByteArray& content)
     file.write(content);
 }
 
+/// Waits for the process to end while this process's events run, so a
+/// stand-in master here can answer; false when it still runs after `ms`.
+bool finishesWithin(QProcess& process, int ms)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (process.state() != QProcess::NotRunning && timer.elapsed() < ms) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        process.waitForFinished(20);
+    }
+    return process.state() == QProcess::NotRunning;
+}
+
 /// Starts the program; true when it is still running (a window) after the
 /// splash second and some, false when it ended by itself.
 bool startsWindow(QProcess& process, const QStringList& arguments)
@@ -38,8 +55,24 @@ bool startsWindow(QProcess& process, const QStringList& arguments)
     process.start(program(), arguments);
     if (!process.waitForStarted(10000))
         return false;
-    return !process.waitForFinished(3500);
+    return !finishesWithin(process, 3500);
 }
+
+/// A master as the program's own: it answers every start that asks, unless `answers` is false.
+class StandInMaster : public QLocalServer
+{
+public:
+    explicit StandInMaster(bool answers)
+    {
+        if (answers) {
+            connect(this, &QLocalServer::newConnection, this, [this]() {
+                while (QLocalSocket* socket = nextPendingConnection())
+                    socket->write("1", 1);
+            });
+        }
+        QVERIFY2(listen(instanceKey), qPrintable(errorString()));
+    }
+};
 
 void stop(QProcess& process)
 {
@@ -80,18 +113,14 @@ private slots:
 
     void cleanup()
     {
-        // A killed master leaves its segment behind; attaching and detaching
-        // as the last user removes it.
-        QSharedMemory leftover(instanceKey);
-        if (leftover.attach())
-            leftover.detach();
+        // A killed master leaves its socket file behind.
+        QLocalServer::removeServer(instanceKey);
         qputenv("TMPDIR", m_savedTmp);
     }
 
     void messengerHandsFileOverAndExits()
     {
-        QSharedMemory masterKey(instanceKey);
-        QVERIFY2(masterKey.create(1), qPrintable(masterKey.errorString()));
+        StandInMaster masterKey(true);
         writeAll(handOverFile(), "queued/before.def\n");
 
         const QString first = existingFile(QStringLiteral("kfm fighter.def"));
@@ -99,7 +128,7 @@ private slots:
         for (const QString& file : {first, second}) {
             QProcess messenger;
             messenger.start(program(), {file});
-            QVERIFY(messenger.waitForFinished(10000));
+            QVERIFY(finishesWithin(messenger, 10000));
             QCOMPARE(messenger.exitStatus(), QProcess::NormalExit);
             QCOMPARE(messenger.exitCode(), 0);
         }
@@ -118,8 +147,7 @@ private slots:
     void otherArgumentsStartANormalWindow()
     {
         QFETCH(QStringList, arguments);
-        QSharedMemory masterKey(instanceKey);
-        QVERIFY(masterKey.create(1));
+        StandInMaster masterKey(true);
         writeAll(handOverFile(), "kept\n");
         // Two arguments are ignored even when one is an existing file.
         if (arguments.size() == 2)
@@ -133,8 +161,10 @@ private slots:
         QCOMPARE(readAll(handOverFile()), QByteArray("kept\n"));
     }
 
-    void masterEmptiesHandOverAndQueuesItsOwnFile()
+    void masterEmptiesHandOverAndOpensItsOwnFile()
     {
+        // An earlier run's line is dropped; the master's own line goes through
+        // the hand-over file and is consumed when the window opens it.
         writeAll(handOverFile(), "left/by/an/earlier/run.def\n");
         const QString file = existingFile(QStringLiteral("own.def"));
         QProcess masterProcess;
@@ -142,7 +172,72 @@ private slots:
         const QByteArray handedOver = readAll(handOverFile());
         stop(masterProcess);
         QVERIFY(window);
-        QCOMPARE(handedOver, file.toLocal8Bit() + '\n');
+        QCOMPARE(handedOver, QByteArray());
+    }
+
+    void killedMasterIsReplaced()
+    {
+        const QString sample = qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/samples/ember/ember.def");
+        QProcess first;
+        QVERIFY(startsWindow(first, {}));
+        ::kill(pid_t(first.processId()), SIGKILL);
+        QVERIFY(first.waitForFinished(5000));
+        QVERIFY(QFile::exists(m_tmp.filePath(instanceKey))); // the dead master's socket stays behind
+
+        // Started as a file manager would: the sample opens in a window of its own.
+        QProcess second;
+        const bool window = startsWindow(second, {sample});
+        const QByteArray consumed = readAll(handOverFile());
+
+        // It is the new master: a later start is answered, hands over and ends.
+        const QString later = existingFile(QStringLiteral("later.def"));
+        QProcess messenger;
+        messenger.start(program(), {later});
+        const bool handedOver = finishesWithin(messenger, 5000) && messenger.exitCode() == 0;
+        stop(second);
+        QVERIFY(window);
+        QCOMPARE(consumed, QByteArray());
+        QVERIFY(handedOver);
+    }
+
+    void installGivesDesktopEntryAndFileTypes()
+    {
+        // As a packager would: cmake --install into a staging folder.
+        QTemporaryDir prefix;
+        QProcess install;
+        const QString build = QDir(qEnvironmentVariable("PF_BIN_DIR")).absoluteFilePath(QStringLiteral(".."));
+        install.start(QStringLiteral("cmake"), {QStringLiteral("--install"), build, QStringLiteral("--prefix"), prefix.path()});
+        QVERIFY(install.waitForFinished(60000));
+        QVERIFY2(install.exitCode() == 0, install.readAllStandardError().constData());
+        const QDir root(prefix.path());
+        for (const char* file : {"bin/pugilforge", "bin/pugilforge-cli", "share/applications/pugilforge.desktop",
+                                 "share/mime/packages/pugilforge.xml", "share/icons/hicolor/scalable/apps/pugilforge.svg",
+                                 "lib/pugilforge/syntax_mugen.xml", "lib/pugilforge/presets/Classic.xml",
+                                 "lib/pugilforge/iconsets/Classic/adwaita/document-open-symbolic.svg",
+                                 "lib/pugilforge/languages/de-de/pugilforge.qm"})
+            QVERIFY2(QFileInfo::exists(root.filePath(QLatin1String(file))), file);
+        QVERIFY(QFileInfo(root.filePath(QStringLiteral("bin/pugilforge"))).isSymLink());
+
+        const QByteArray desktop = readAll(root.filePath(QStringLiteral("share/applications/pugilforge.desktop")));
+        QVERIFY(desktop.contains("Exec=pugilforge %f"));
+        const QByteArray mime = readAll(root.filePath(QStringLiteral("share/mime/packages/pugilforge.xml")));
+        for (const char* type : {"def", "sff", "air", "snd"}) {
+            const QByteArray name = QByteArray("application/x-mugen-") + type;
+            QVERIFY2(desktop.contains(name), type);
+            QVERIFY2(mime.contains(QByteArray("type=\"" + name + '"')), type);
+            QVERIFY2(mime.contains(QByteArray(QByteArray("pattern=\"*.") + type + '"')), type);
+        }
+    }
+
+    void silentMasterLeavesTheWindowToTheNewStart()
+    {
+        StandInMaster silent(false);
+        writeAll(handOverFile(), "kept\n");
+        QProcess start;
+        const bool window = startsWindow(start, {existingFile(QStringLiteral("mine.def"))});
+        stop(start);
+        QVERIFY(window);
+        QCOMPARE(readAll(handOverFile()), QByteArray("kept\n"));
     }
 };
 

@@ -1,0 +1,192 @@
+#include "qtextdocumenteditor.h"
+
+#include "interface/workspaces/qtextundostack.h"
+#include "interface/workspaces/qtextview.h"
+#include "interface/workspaces/qtextworkspace.h"
+#include "model/qprojectfile.h"
+#include "syntax/qsyntaxtexteditor.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QVBoxLayout>
+
+QTextDocumentEditor::QTextDocumentEditor(QTextWorkspace* workspace, QObject* parent)
+    : QInterfaceEditor(parent)
+    , m_workspace(workspace)
+{
+    m_checkTimer.setSingleShot(true);
+    m_checkTimer.setInterval(checkDelay);
+    connect(&m_checkTimer, &QTimer::timeout, this, &QTextDocumentEditor::checkCurrent);
+}
+
+void QTextDocumentEditor::initialized(QToolBarItems*, QWidget* leftPage)
+{
+    auto* layout = new QVBoxLayout(leftPage);
+    layout->setContentsMargins(4, 4, 4, 4);
+    m_list = new QListWidget(leftPage);
+    m_list->setObjectName(name() + QStringLiteral("Files"));
+    m_list->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_list->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    layout->addWidget(m_list);
+    m_note = new QLabel(leftPage);
+    m_note->setObjectName(QStringLiteral("panelNote"));
+    m_note->setWordWrap(true);
+    m_note->setTextFormat(Qt::RichText);
+    m_note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    layout->addWidget(m_note, 1);
+    connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (isActive() && row != m_current)
+            showDocument(row);
+    });
+}
+
+bool QTextDocumentEditor::isModified() const
+{
+    for (int i = 0; i < documentCount(); ++i) {
+        if (documentAt(i) && documentAt(i)->isModified())
+            return true;
+    }
+    return false;
+}
+
+void QTextDocumentEditor::setProject(QProject* project)
+{
+    // The view may still hold a document of the project going away, even
+    // while another editor is in front: it must not outlive it there.
+    if (m_shown && m_workspace->view()->document() == m_shown)
+        m_workspace->view()->showDocument(nullptr, true);
+    if (m_shown)
+        disconnect(m_shown, nullptr, this, nullptr);
+    m_shown = nullptr;
+    m_project = project;
+    m_current = documentCount() > 0 ? 0 : -1;
+    refreshList();
+}
+
+void QTextDocumentEditor::refreshList()
+{
+    if (!m_list)
+        return;
+    const QSignalBlocker blocker(m_list);
+    m_list->clear();
+    for (int i = 0; i < documentCount(); ++i)
+        m_list->addItem(documentTitle(i));
+    if (m_current >= documentCount())
+        m_current = documentCount() - 1;
+    m_list->setCurrentRow(m_current);
+    // The list takes the room of its rows, the note the rest.
+    const int rows = qMax(1, qMin(documentCount(), 12));
+    m_list->setFixedHeight(rows * qMax(18, m_list->sizeHintForRow(0)) + 2 * m_list->frameWidth() + 4);
+    m_note->setText(panelNote());
+    m_note->setVisible(!m_note->text().isEmpty());
+}
+
+void QTextDocumentEditor::activate(bool switched)
+{
+    QInterfaceEditor::activate(switched);
+    if (switched) {
+        showDocument(m_current < 0 && documentCount() > 0 ? 0 : m_current);
+        if (m_note) // the files may have changed while the editor was away
+            m_note->setText(panelNote());
+    }
+}
+
+void QTextDocumentEditor::deactivate()
+{
+    QInterfaceEditor::deactivate();
+    if (m_checkTimer.isActive()) { // the author's last edit is still checked
+        m_checkTimer.stop();
+        checkCurrent();
+    }
+    if (m_shown)
+        disconnect(m_shown, nullptr, this, nullptr);
+}
+
+void QTextDocumentEditor::showDocument(int index)
+{
+    if (m_shown)
+        disconnect(m_shown, nullptr, this, nullptr);
+    m_current = index >= 0 && index < documentCount() ? index : -1;
+    QTextDocument* document = m_current >= 0 ? documentAt(m_current) : nullptr;
+    m_shown = document;
+    if (document) {
+        stackOf(document); // from its first edit on
+        connect(document, &QTextDocument::contentsChanged, this, &QTextDocumentEditor::documentEdited);
+        connect(document, &QTextDocument::modificationChanged, this, &QInterfaceEditor::modifiedChanged);
+    }
+    m_workspace->view()->showDocument(document, !projectFileAt(m_current));
+    if (m_list) {
+        const QSignalBlocker blocker(m_list);
+        m_list->setCurrentRow(m_current);
+    }
+    emit undoStackChanged(undoStack());
+    emit modifiedChanged();
+}
+
+QTextUndoStack* QTextDocumentEditor::stackOf(QTextDocument* document) const
+{
+    QTextUndoStack*& stack = m_stacks[document];
+    if (!stack) {
+        stack = new QTextUndoStack(document, const_cast<QTextDocumentEditor*>(this));
+        connect(document, &QObject::destroyed, this, [this, document]() { delete m_stacks.take(document); });
+    }
+    return stack;
+}
+
+QUndoStack* QTextDocumentEditor::undoStack() const
+{
+    return m_shown ? stackOf(m_shown) : nullptr;
+}
+
+void QTextDocumentEditor::documentEdited()
+{
+    if (projectFileAt(m_current))
+        m_checkTimer.start();
+}
+
+void QTextDocumentEditor::checkCurrent()
+{
+    if (QProjectFile* file = projectFileAt(m_current))
+        file->checkErrors();
+}
+
+void QTextDocumentEditor::navigateTo(int fileIndex, int index, int line)
+{
+    if (fileIndex != m_current)
+        showDocument(fileIndex);
+    QTextDocument* document = m_shown;
+    if (!document)
+        return;
+    const QTextBlock block = document->findBlockByNumber(line);
+    if (!block.isValid())
+        return;
+    QTextCursor cursor(block);
+    cursor.movePosition(QTextCursor::Right, QTextCursor::MoveAnchor, qBound(0, index, block.length() - 1));
+    m_workspace->view()->setTextCursor(cursor);
+    m_workspace->view()->centerCursor();
+    m_workspace->view()->setFocus();
+}
+
+void QTextDocumentEditor::save()
+{
+    auto* text = dynamic_cast<QSyntaxTextEditor*>(projectFileAt(m_current));
+    if (text && !text->fileName().isEmpty())
+        text->toFile(text->fileName(), false, false);
+}
+
+void QTextDocumentEditor::cut()
+{
+    m_workspace->view()->cut();
+}
+
+void QTextDocumentEditor::copy()
+{
+    m_workspace->view()->copy();
+}
+
+void QTextDocumentEditor::paste()
+{
+    m_workspace->view()->paste();
+}
