@@ -142,8 +142,15 @@ void QAnimationFrame::writeLine(bool continueDrag)
 {
     if (!editor())
         return;
-    QAnimationEdit edit(editor(), continueDrag);
-    changeText(lineText(), false);
+    const QString text = lineText();
+    {
+        QAnimationEdit edit(editor(), continueDrag);
+        changeText(text, false);
+    }
+    // The values become what the line says (16-bit sprite numbers, six
+    // digits of scale), as they would after reading it.
+    QTokenizer tokenizer(text);
+    update(QTextToken::readLine(tokenizer));
 }
 
 void QAnimationFrame::setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip,
@@ -155,6 +162,8 @@ void QAnimationFrame::setProperties(QSubItem sprite, QPoint offset, int time, un
 void QAnimationFrame::setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip,
                                     QAnimationFrameBlend blend, QBlendTarget target, QPointF scale, double angle)
 {
+    if (blend != afbAdditive)
+        target = QBlendTarget();
     if (sprite == this->sprite() && offset == this->offset() && time == m_time && flip == m_flip
         && blend == m_blend && target == m_target && sameScale(scale.x(), m_scaleX)
         && sameScale(scale.y(), m_scaleY) && angle == m_angle)
@@ -166,7 +175,7 @@ void QAnimationFrame::setProperties(QSubItem sprite, QPoint offset, int time, un
     m_time = time;
     m_flip = flip & 3;
     m_blend = blend;
-    m_target = target;
+    m_target = blend == afbAdditive ? target : QBlendTarget();
     m_scaleX = scale.x();
     m_scaleY = scale.y();
     m_angle = angle;

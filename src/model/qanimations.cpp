@@ -149,7 +149,7 @@ QAnimation* QAnimations::insert(unsigned int position, int number)
     if (position >= unsigned(count()))
         return add(number);
     QAnimationEdit edit(m_text);
-    insertText(position, QAnimation::headerText(number) + QLatin1Char('\n'));
+    insertText(position, QAnimation::headerText(number));
     return at(int(position));
 }
 

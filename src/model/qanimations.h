@@ -23,8 +23,9 @@ class QElementTextEditor;
  * The text lives in a QSyntaxTextEditor that the model is given and does
  * not own (setTextEditor()); the same document can be linked and unlinked.
  * While the model renumbers (the default), a declaration whose box list
- * changes gets its count rewritten, and the boxes behind the change their
- * indices; loading leaves wrong counts as the file has them. Undo and redo
+ * changes gets its count rewritten, and those of its boxes whose line names
+ * another index (or word) than their place their line; loading leaves wrong
+ * counts as the file has them. Undo and redo
  * are never renumbered, so undoing restores the text exactly.
  *
  * As a list model it shows each action as its number, or "number - name"
@@ -124,7 +125,7 @@ private:
     void rebuild();
     void updateRows(const QList<QTextElementChange>& changes);
     /// Rewrites counts and indices that no longer agree with the boxes.
-    void renumberBoxes(const QList<QPair<QCollisionBoxes*, int>>& declarations);
+    void renumberBoxes(const QList<QCollisionBoxes*>& declarations);
     /// Inserts `text` as lines before the action at `position`, or at the end.
     void insertText(unsigned int position, const QString& text);
 

@@ -54,8 +54,7 @@ QSet<QTextElement*> QAnimationsLinker::touchedRegions(const QList<QTextElementCh
     return regions;
 }
 
-void QAnimationsLinker::relink(QElementTextEditor* editor, QTextElement* header,
-                               QList<QPair<QCollisionBoxes*, int>>* renumber)
+void QAnimationsLinker::relink(QElementTextEditor* editor, QTextElement* header, QList<QCollisionBoxes*>* renumber)
 {
     if (header && !header->isValid())
         return;
@@ -127,12 +126,8 @@ void QAnimationsLinker::relink(QElementTextEditor* editor, QTextElement* header,
     for (int i = 0; i < declarations.size(); ++i) {
         QCollisionBoxes* boxes = declarations.at(i);
         const QList<QCollisionBox*>& list = lists.at(i);
-        if (renumber && boxes->m_boxes != list) {
-            int first = 0;
-            while (first < list.size() && first < boxes->m_boxes.size() && list.at(first) == boxes->m_boxes.at(first))
-                ++first;
-            renumber->append({ boxes, first });
-        }
+        if (renumber && boxes->m_boxes != list)
+            renumber->append(boxes);
         boxes->m_boxes = list;
     }
 }

@@ -30,9 +30,8 @@ public:
     /// the lines above the first header).
     static QSet<QTextElement*> touchedRegions(const QList<QTextElementChange>& changes);
     /// Links the elements of the region again. Declarations whose box list
-    /// changed go into `renumber`, with the first box index that moved.
-    static void relink(QElementTextEditor* editor, QTextElement* header,
-                       QList<QPair<QCollisionBoxes*, int>>* renumber);
+    /// changed go into `renumber`.
+    static void relink(QElementTextEditor* editor, QTextElement* header, QList<QCollisionBoxes*>* renumber);
     /// Links every region of the document.
     static void relinkAll(QElementTextEditor* editor);
 };

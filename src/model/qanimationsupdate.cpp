@@ -35,7 +35,7 @@ void QAnimations::update(QElementTextEditor*, QList<QTextElementChange>& changes
     // Undo and redo bring back text that was right when it was written:
     // rewriting it there would cut off the redo steps.
     const bool renumber = m_renumber && !m_text->document()->isRedoAvailable();
-    QList<QPair<QCollisionBoxes*, int>> moved;
+    QList<QCollisionBoxes*> moved;
     const QSet<QTextElement*> regions = QAnimationsLinker::touchedRegions(changes);
     for (QTextElement* region : regions)
         QAnimationsLinker::relink(m_text, region, renumber ? &moved : nullptr);
@@ -94,6 +94,7 @@ void QAnimations::updateRows(const QList<QTextElementChange>& changes)
     }
 
     // A new number or a new name shows in the row.
+    QSet<int> rows;
     for (const QTextElementChange& change : changes) {
         QTextElement* element = change.element;
         QTextElement* named = nullptr;
@@ -103,21 +104,26 @@ void QAnimations::updateRows(const QList<QTextElementChange>& changes)
             named = element->nextValid();
         const int row = isAction(named) ? int(m_list.indexOf(static_cast<QAnimation*>(named))) : -1;
         if (row >= 0)
-            emit dataChanged(QAbstractListModel::index(row), QAbstractListModel::index(row));
+            rows.insert(row);
     }
+    for (int row : std::as_const(rows))
+        emit dataChanged(QAbstractListModel::index(row), QAbstractListModel::index(row));
 }
 
-void QAnimations::renumberBoxes(const QList<QPair<QCollisionBoxes*, int>>& declarations)
+void QAnimations::renumberBoxes(const QList<QCollisionBoxes*>& declarations)
 {
     // Part of the edit that made them necessary: one undo step takes back both.
     QElementTextCursor& cursor = m_text->cursor();
     cursor.joinPreviousEditBlock();
-    for (const auto& [boxes, first] : declarations) {
+    for (QCollisionBoxes* boxes : declarations) {
         if (!boxes->isValid())
             continue;
-        boxes->countChanged();
-        for (int i = first; i < boxes->count(); ++i)
-            boxes->at(i)->indexChanged();
+        if (boxes->declaredCount() != boxes->count())
+            boxes->countChanged();
+        for (QCollisionBox* box : boxes->boxes()) {
+            if (box->needsRenumber())
+                box->indexChanged();
+        }
     }
     m_text->raiseSuppress();
     cursor.endEditBlock();

@@ -2,6 +2,7 @@
 
 #include "text/qtextelementtypes.h"
 
+#include <QRect>
 #include <QString>
 #include <QtGlobal>
 
@@ -61,6 +62,10 @@ QString collisionDeclarationText(QCollisionBoxType type, int count);
 /// A box line, "  Clsn2[0] = left, top, right, bottom"; default boxes are
 /// written with the plain word, as the engine reads them.
 QString collisionBoxText(QCollisionBoxType type, int index, int left, int top, int right, int bottom);
+
+/// The box with the corners of `rect` put in order, as the engine's boxes
+/// are read: left <= right, top <= bottom, both corners inside.
+QRect orderedBox(const QRect& rect);
 
 /// Element types of the lines of an AIR file.
 namespace animationElement {

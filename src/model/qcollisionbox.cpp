@@ -18,6 +18,12 @@ QString collisionBoxText(QCollisionBoxType type, int index, int left, int top, i
         .arg(bottom);
 }
 
+QRect orderedBox(const QRect& rect)
+{
+    return QRect(QPoint(std::min(rect.left(), rect.right()), std::min(rect.top(), rect.bottom())),
+                 QPoint(std::max(rect.left(), rect.right()), std::max(rect.top(), rect.bottom())));
+}
+
 QTextElementType QCollisionBox::groupType() const
 {
     return animationElement::box;
@@ -27,6 +33,8 @@ void QCollisionBox::update(const QList<QTextToken>& tokens)
 {
     // The line matched "clsnN[i] = l, t, r, b": the values are tokens 5, 7, 9 and 11.
     const auto value = [&tokens](int at) { return at < tokens.size() ? tokens.at(at).text.toInt() : 0; };
+    m_writtenIndex = value(2);
+    m_writtenClsn2 = !tokens.isEmpty() && tokens.first().text.startsWith(QLatin1String("clsn2"), Qt::CaseInsensitive);
     m_left = value(5);
     m_top = value(7);
     m_right = value(9);
@@ -55,7 +63,7 @@ QRect QCollisionBox::rect() const
 
 void QCollisionBox::setRect(const QRect& rect, bool continueDrag)
 {
-    const QRect normal = rect.normalized();
+    const QRect normal = orderedBox(rect);
     if (normal == this->rect() || !editor())
         return;
     m_left = normal.left();
@@ -70,6 +78,13 @@ void QCollisionBox::indexChanged()
 {
     const QString text = collisionBoxText(m_parent ? m_parent->clsnType() : cbtClsn1, std::max(0, index()), m_left,
                                           m_top, m_right, m_bottom);
+    m_writtenIndex = std::max(0, index());
+    m_writtenClsn2 = m_parent && (m_parent->clsnType() & cbtClsn2);
     if (block().text() != text)
         changeText(text, false);
+}
+
+bool QCollisionBox::needsRenumber() const
+{
+    return m_parent && (m_writtenIndex != index() || m_writtenClsn2 != bool(m_parent->clsnType() & cbtClsn2));
 }

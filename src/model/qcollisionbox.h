@@ -41,6 +41,8 @@ public:
     void setRect(const QRect& rect, bool continueDrag = false);
     /// Writes the line again from the values, with its list's word and index.
     void indexChanged();
+    /// Whether the line names another word or index than its list gives it.
+    bool needsRenumber() const;
 
 private:
     friend class QAnimationsLinker;
@@ -50,4 +52,7 @@ private:
     qint32 m_top = 0;
     qint32 m_right = 0;
     qint32 m_bottom = 0;
+    /// The word and index the line was written with.
+    int m_writtenIndex = 0;
+    bool m_writtenClsn2 = false;
 };

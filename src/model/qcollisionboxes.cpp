@@ -34,7 +34,7 @@ QCollisionBox* QCollisionBoxes::insert(const QRect& rect)
     QElementTextEditor* owner = editor();
     if (!owner)
         return nullptr;
-    const QRect box = rect.normalized();
+    const QRect box = orderedBox(rect);
     QTextElement* after = m_boxes.isEmpty() ? static_cast<QTextElement*>(this) : m_boxes.last();
     const int line = after->line() + 1;
     QAnimationEdit edit(owner);

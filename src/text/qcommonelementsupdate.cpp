@@ -44,8 +44,14 @@ void relinkNameComments(const QList<QTextElementChange>& changes)
         } else {
             sites.append(element);
         }
-        sites.append(element->previousValid());
-        sites.append(element->nextValid());
+        // A run of removed lines has the same valid neighbours throughout:
+        // only its ends look for them, so a mass removal stays linear.
+        const QTextElement* before = element->chainPrevious();
+        if (element->isValid() || !before || before->isValid())
+            sites.append(element->previousValid());
+        const QTextElement* after = element->chainNext();
+        if (element->isValid() || !after || after->isValid())
+            sites.append(element->nextValid());
     }
     for (QTextElement* site : std::as_const(sites)) {
         if (isHeader(site)) {
