@@ -41,6 +41,10 @@ QSet<QTextElement*> QAnimationsLinker::touchedRegions(const QList<QTextElementCh
     QSet<QTextElement*> regions;
     for (const QTextElementChange& change : changes) {
         QTextElement* element = change.element;
+        // Removed lines in a run lie in one region: the first of the run finds it.
+        const QTextElement* before = element->chainPrevious();
+        if (!element->isValid() && before && !before->isValid())
+            continue;
         // An updated line keeps its links, unless it is a declaration or an
         // inter-frame line that changed its type.
         if (change.kind == QTextElementChange::Updated && element->groupType() != animationElement::declaration

@@ -155,24 +155,32 @@ private:
 };
 
 /// Finds the header that governs a line. Lines pasted in bulk come in a row,
-/// so each walk back stops at the parameter found before it.
+/// so each walk back stops at the parameter found before it; lines removed in
+/// bulk lie in a row too, and the walk remembers what it found behind them.
 class HeaderFinder
 {
 public:
     QParamGroup* enclosingGroup(QTextElement* element)
     {
         QTextElement* header = nullptr;
-        for (QTextElement* before = element->previousValid(); before; before = before->previousValid()) {
-            if (isHeader(before)) {
-                header = before;
-                break;
-            }
+        QList<const QTextElement*> removed;
+        for (QTextElement* before = element->chainPrevious(); before; before = before->chainPrevious()) {
             const auto known = m_headers.constFind(before);
             if (known != m_headers.cend()) {
                 header = known.value();
                 break;
             }
+            if (!before->isValid()) {
+                removed.append(before);
+                continue;
+            }
+            if (isHeader(before)) {
+                header = before;
+                break;
+            }
         }
+        for (const QTextElement* passed : std::as_const(removed))
+            m_headers.insert(passed, header);
         if (isParam(element))
             m_headers.insert(element, header);
         return asParamGroup(header);
