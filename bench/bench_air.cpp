@@ -16,29 +16,11 @@
 #include "util/qengineversion.h"
 
 #include <QCoreApplication>
-#include <QDirIterator>
 #include <QFile>
-#include <QFileInfo>
 #include <QTextBlock>
 #include <QTextDocument>
 
 namespace {
-
-QString largestAir(const QString& root)
-{
-    QString largest;
-    qint64 largestSize = -1;
-    QDirIterator it(root, { QStringLiteral("*.air"), QStringLiteral("*.AIR") }, QDir::Files,
-                    QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QFileInfo info(it.next());
-        if (info.size() > largestSize) {
-            largestSize = info.size();
-            largest = info.filePath();
-        }
-    }
-    return largest;
-}
 
 /// An AIR of `actions` actions in the shape of a character's: boxes, frames, a loop start.
 QString airFile(int actions)
@@ -54,7 +36,7 @@ QString airFile(int actions)
 
 void measureBuild()
 {
-    const QString fileName = largestAir(bench::realData());
+    const QString fileName = bench::largestFile(bench::realData(), { QStringLiteral("*.air"), QStringLiteral("*.AIR") });
     QFile file(fileName);
     if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly)) {
         std::printf("no real AIR file under '%s': the build is not measured\n", qPrintable(bench::realData()));

@@ -55,6 +55,23 @@ QAnimationFrame* Air::frameAt(int line) const
                                                                         : nullptr;
 }
 
+QString frameFields(const QAnimationFrame* frame)
+{
+    return QStringLiteral("%1,%2 %3,%4 %5 %6 %7/%8/%9 %10,%11 %12")
+        .arg(frame->spriteGroup())
+        .arg(frame->spriteIndex())
+        .arg(frame->offsetX())
+        .arg(frame->offsetY())
+        .arg(frame->time())
+        .arg(frame->flipFlags())
+        .arg(int(frame->blend()))
+        .arg(frame->blendTarget().source)
+        .arg(frame->blendTarget().destination)
+        .arg(frame->scaleX())
+        .arg(frame->scaleY())
+        .arg(frame->angle());
+}
+
 namespace {
 
 int lineOf(const QTextElement* element)
@@ -82,22 +99,10 @@ QString describeElement(const QTextElement* element)
         QStringList inter;
         for (const QInterFrameElement* line : frame->interFrameElements())
             inter.append(QString::number(line->line()));
-        return QStringLiteral("%1 frame in %2: %3,%4 %5,%6 t%7 f%8 b%9/%10/%11 s%12,%13 a%14 boxes %15 inter %16")
+        return QStringLiteral("%1 frame in %2: %3 boxes %4 inter %5")
             .arg(line)
             .arg(lineOf(frame->parent()))
-            .arg(frame->spriteGroup())
-            .arg(frame->spriteIndex())
-            .arg(frame->offsetX())
-            .arg(frame->offsetY())
-            .arg(frame->time())
-            .arg(frame->flipFlags())
-            .arg(int(frame->blend()))
-            .arg(frame->blendTarget().source)
-            .arg(frame->blendTarget().destination)
-            .arg(frame->scaleX())
-            .arg(frame->scaleY())
-            .arg(frame->angle())
-            .arg(boxes.join(u','), inter.join(u','));
+            .arg(frameFields(frame), boxes.join(u','), inter.join(u','));
     }
     case animationElement::declaration: {
         const auto* boxes = static_cast<const QCollisionBoxes*>(element);

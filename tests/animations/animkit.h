@@ -33,6 +33,8 @@ struct Air
     std::unique_ptr<QAnimations> model;
 };
 
+/// A frame's values: "group,index x,y time flip blend/source/destination scaleX,scaleY angle".
+QString frameFields(const QAnimationFrame* frame);
 /// One line per element of the model and one per row, in text order.
 QStringList describe(const QAnimations& model);
 /// The description of a model read fresh from `text`.

@@ -157,22 +157,12 @@ void TestAnimations::realFilesLoadAndSaveUnchanged()
 
 void TestAnimations::randomEditsMatchFreshModel_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("edits");
-    const int scale
-        = qEnvironmentVariableIsSet("PF_RANDOM_EDITS") ? qEnvironmentVariableIntValue("PF_RANDOM_EDITS") : 1;
-    const struct
-    {
-        const char* path;
-        int edits;
-    } files[] = {
+    RandomEdits::addRows({
         { "fanyer__mugen/data/fightfx.air", 1200 },
         { "ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/data/gofx/gofx.air", 800 },
         { "ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/stages/attachedchar/interactivestage.air", 600 },
         { "fanyer__mugen/chars/kfm/kfm.air", 250 },
-    };
-    for (const auto& file : files)
-        QTest::newRow(file.path) << QString::fromLatin1(file.path) << file.edits * scale;
+    });
 }
 
 void TestAnimations::randomEditsMatchFreshModel()
