@@ -8,35 +8,13 @@
 #include "text/qtokenizer.h"
 
 #include <QCoreApplication>
-#include <QDirIterator>
 #include <QFile>
-#include <QFileInfo>
 #include <cstring>
-
-namespace {
-
-QString largestStateFile(const QString& root)
-{
-    QString largest;
-    qint64 largestSize = -1;
-    QDirIterator it(root, { QStringLiteral("*.cns"), QStringLiteral("*.CNS") }, QDir::Files,
-        QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QFileInfo info(it.next());
-        if (info.size() > largestSize) {
-            largestSize = info.size();
-            largest = info.filePath();
-        }
-    }
-    return largest;
-}
-
-} // namespace
 
 int main(int argc, char** argv)
 {
     QCoreApplication application(argc, argv);
-    const QString fileName = largestStateFile(bench::realData());
+    const QString fileName = bench::largestFile(bench::realData(), { QStringLiteral("*.cns"), QStringLiteral("*.CNS") });
     QFile file(fileName);
     if (fileName.isEmpty() || !file.open(QIODevice::ReadOnly)) {
         std::printf(

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QDirIterator>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QString>
+#include <QStringList>
 #include <cstdio>
 
 /**
@@ -51,6 +54,23 @@ inline double mbPerSecond(double bytes, double ms)
 inline QString realData()
 {
     return QString::fromUtf8(PF_REALDATA);
+}
+
+/// The largest file below `root` whose name matches one of `patterns`
+/// ("*.air"), or an empty string when there is none.
+inline QString largestFile(const QString& root, const QStringList& patterns)
+{
+    QString largest;
+    qint64 largestSize = -1;
+    QDirIterator it(root, patterns, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QFileInfo info(it.next());
+        if (info.size() > largestSize) {
+            largestSize = info.size();
+            largest = info.filePath();
+        }
+    }
+    return largest;
 }
 
 } // namespace bench

@@ -44,8 +44,14 @@ void relinkNameComments(const QList<QTextElementChange>& changes)
         } else {
             sites.append(element);
         }
-        sites.append(element->previousValid());
-        sites.append(element->nextValid());
+        // A run of removed lines has the same valid neighbours throughout:
+        // only its ends look for them, so a mass removal stays linear.
+        const QTextElement* before = element->chainPrevious();
+        if (element->isValid() || !before || before->isValid())
+            sites.append(element->previousValid());
+        const QTextElement* after = element->chainNext();
+        if (element->isValid() || !after || after->isValid())
+            sites.append(element->nextValid());
     }
     for (QTextElement* site : std::as_const(sites)) {
         if (isHeader(site)) {
@@ -149,24 +155,32 @@ private:
 };
 
 /// Finds the header that governs a line. Lines pasted in bulk come in a row,
-/// so each walk back stops at the parameter found before it.
+/// so each walk back stops at the parameter found before it; lines removed in
+/// bulk lie in a row too, and the walk remembers what it found behind them.
 class HeaderFinder
 {
 public:
     QParamGroup* enclosingGroup(QTextElement* element)
     {
         QTextElement* header = nullptr;
-        for (QTextElement* before = element->previousValid(); before; before = before->previousValid()) {
-            if (isHeader(before)) {
-                header = before;
-                break;
-            }
+        QList<const QTextElement*> removed;
+        for (QTextElement* before = element->chainPrevious(); before; before = before->chainPrevious()) {
             const auto known = m_headers.constFind(before);
             if (known != m_headers.cend()) {
                 header = known.value();
                 break;
             }
+            if (!before->isValid()) {
+                removed.append(before);
+                continue;
+            }
+            if (isHeader(before)) {
+                header = before;
+                break;
+            }
         }
+        for (const QTextElement* passed : std::as_const(removed))
+            m_headers.insert(passed, header);
         if (isParam(element))
             m_headers.insert(element, header);
         return asParamGroup(header);

@@ -2,6 +2,7 @@
 
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QtTest>
 
 #include <algorithm>
 
@@ -20,6 +21,16 @@ TextEdit TextEdit::difference(const QString& from, const QString& to)
     edit.inserted = to.mid(prefix, to.size() - prefix - suffix);
     edit.label = QStringLiteral("sync");
     return edit;
+}
+
+void RandomEdits::addRows(const QList<QPair<const char*, int>>& files)
+{
+    const int scale
+        = qEnvironmentVariableIsSet("PF_RANDOM_EDITS") ? qEnvironmentVariableIntValue("PF_RANDOM_EDITS") : 1;
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("edits");
+    for (const auto& [path, edits] : files)
+        QTest::newRow(path) << QString::fromLatin1(path) << edits * scale;
 }
 
 RandomEdits::RandomEdits(quint32 seed, const QStringList& sourceLines)

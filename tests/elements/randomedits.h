@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QList>
+#include <QPair>
 #include <QRandomGenerator>
 #include <QString>
 #include <QStringList>
@@ -45,6 +47,10 @@ public:
 
     TextEdit next(const QTextDocument& document);
     int bounded(int limit) { return int(m_random.bounded(limit)); }
+
+    /// Rows of a data-driven test: the columns "file" (below the real data)
+    /// and "edits", that number times PF_RANDOM_EDITS (1 when unset).
+    static void addRows(const QList<QPair<const char*, int>>& files);
 
 private:
     QString sourceLines(int count);

@@ -586,24 +586,14 @@ void TestElements::poolsRecycle()
 
 void TestElements::randomEditsMatchFreshChain_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("edits");
-    const int scale
-        = qEnvironmentVariableIsSet("PF_RANDOM_EDITS") ? qEnvironmentVariableIntValue("PF_RANDOM_EDITS") : 1;
-    const struct
-    {
-        const char* path;
-        int edits;
-    } files[] = {
+    RandomEdits::addRows({
         { "fanyer__mugen/chars/kfm/kfm.def", 400 },
         { "fanyer__mugen/stages/kfm.def", 500 },
         { "fanyer__mugen/data/system.def", 400 },
         { "fanyer__mugen/chars/kfm/kfm.cmd", 500 },
         { "fanyer__mugen/chars/kfm/kfm.cns", 300 },
         { "fanyer__mugen/chars/kfm/kfm.air", 150 },
-    };
-    for (const auto& file : files)
-        QTest::newRow(file.path) << QString::fromLatin1(file.path) << file.edits * scale;
+    });
 }
 
 void TestElements::randomEditsMatchFreshChain()
