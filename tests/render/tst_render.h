@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+
+/// The sprite view: drawing, the engine's transparency, zoom and the mouse.
+class TestRender : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    // tst_realsprites.cpp
+    void realSpritesAtZoomOneAreTheDecodedSprites_data();
+    void realSpritesAtZoomOneAreTheDecodedSprites();
+    void cliRendersASprite();
+
+    // tst_blend.cpp
+    void blendPassesFollowTheEngineArithmetic_data();
+    void blendPassesFollowTheEngineArithmetic();
+    void transparentColourShowsOnRequest();
+    void flipsScaleAndAngleOfAFrame();
+    void onionSkinEffects();
+
+    // tst_view.cpp
+    void zoomLimitsAndSmallSprites();
+    void zoomOnCentreKeepsTheCentre();
+    void draggingTheSpriteAxisIsOneUndoStep();
+    void panGuidesAndExtraCross();
+    void hitTestsAndRulerBands();
+    void colourCapture();
+    void rulersMarkTheAxis();
+};
