@@ -5,6 +5,8 @@
 
 #include <QPoint>
 
+class QAnimationFrame;
+
 /**
  * What the view draws of an animation frame: the sprite it names, its offset
  * and flips, and the working copy of blend, scale and angle that playback
@@ -25,3 +27,6 @@ struct QFrameView
     bool flipH() const { return (flip & 2) != 0; }
     bool flipV() const { return (flip & 1) != 0; }
 };
+
+/// The values of a frame of the AIR model, the angle truncated to whole degrees.
+QFrameView frameViewOf(const QAnimationFrame& frame);

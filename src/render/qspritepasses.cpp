@@ -122,7 +122,7 @@ void draw(QPainter* painter, QImage& image, const QVector<QRgb>& table, const We
           bool viewTransparent, const QRect& target)
 {
     const QPainter::CompositionMode saved = painter->compositionMode();
-    if (weights.blend == BlendNone) {
+    if (weights.blend == afbNone) {
         if (viewTransparent && image.format() == QImage::Format_Indexed8)
             drawChanged(painter, image, table, opaque, 0, QPainter::CompositionMode_SourceOver, target);
         else
@@ -132,14 +132,14 @@ void draw(QPainter* painter, QImage& image, const QVector<QRgb>& table, const We
     }
     if (viewTransparent)
         drawChanged(painter, image, table, inverted, 0, QPainter::CompositionMode_SourceOver, target);
-    if (weights.blend == BlendAdditive) {
-        if (weights.destination < 255)
-            drawChanged(painter, image, table, grey, weights.destination, QPainter::CompositionMode_Multiply,
+    if (weights.blend == afbAdditive) {
+        if (weights.target.destination < 255)
+            drawChanged(painter, image, table, grey, weights.target.destination, QPainter::CompositionMode_Multiply,
                         target);
-        if (weights.source >= 256)
+        if (weights.target.source >= 256)
             drawPass(painter, image, table, QPainter::CompositionMode_Plus, target);
         else
-            drawChanged(painter, image, table, weighted, weights.source, QPainter::CompositionMode_Plus, target);
+            drawChanged(painter, image, table, weighted, weights.target.source, QPainter::CompositionMode_Plus, target);
     } else {
         drawPass(painter, image, table, QPainter::CompositionMode_Lighten, target);
         drawPass(painter, image, table, QPainter::CompositionMode_Difference, target);

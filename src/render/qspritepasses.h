@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/qanimationtypes.h"
 #include "render/qrendertypes.h"
 
 #include <QImage>
@@ -26,17 +27,11 @@ class QPainter;
  */
 namespace QSpritePasses {
 
-enum Blend {
-    BlendNone = 0,
-    BlendAdditive = 1,
-    BlendSubtractive = 2,
-};
-
+/// A frame's blend and its source and destination weights.
 struct Weights
 {
-    int blend = BlendNone;
-    qint16 source = 256;
-    qint16 destination = 256;
+    QAnimationFrameBlend blend = afbNone;
+    QBlendTarget target;
 };
 
 /**

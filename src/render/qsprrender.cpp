@@ -1,5 +1,7 @@
 #include "qsprrender.h"
 
+#include "model/qanimations.h"
+#include "model/qcollisionbox.h"
 #include "model/qsprite.h"
 #include "model/qspritepalette.h"
 #include "model/qsprites.h"
@@ -140,6 +142,11 @@ void QSprRender::setRenderMode(QRenderMode mode)
 void QSprRender::reset()
 {
     m_sprite = nullptr;
+    m_animation = nullptr;
+    m_frameModel = nullptr;
+    m_clsns.clear();
+    m_focused = -1;
+    m_anySelected = false;
     m_hasFrame = false;
     m_frame = QFrameView();
     m_spriteSize = QSize();
@@ -179,6 +186,9 @@ void QSprRender::setIndex(unsigned int index)
         }
         validateZoom();
         updateImg();
+    } else if (m_animations) {
+        m_animationIndex = index;
+        m_animation = m_animations->at(int(index));
     }
     updateBounds();
 }
@@ -204,6 +214,10 @@ void QSprRender::setFrameView(const QFrameView& frame)
 
 void QSprRender::clearFrame()
 {
+    m_frameModel = nullptr;
+    m_clsns.clear();
+    m_focused = -1;
+    m_anySelected = false;
     m_hasFrame = false;
     m_frame = QFrameView();
     updateImg();
@@ -378,4 +392,15 @@ void QSprRender::updateBounds()
         ? crossRect(m_animCross, X + int(z * m_frame.offset.x()), Y + int(z * m_frame.offset.y()))
         : QRect();
     m_extraCrossRect = crossRect(m_extraCross, X + int(z * m_extraPos.x()), Y + int(z * m_extraPos.y()));
+
+    if (m_mode != RenderAnimation)
+        return;
+    for (QRenderCLSN& record : m_clsns) {
+        if (!record.box)
+            continue;
+        const QRect box = record.box->rect();
+        record.rect = scaledRect(int(box.left() * z + X), int(box.top() * z + Y), box.width(), box.height(), z);
+    }
+    if (m_anySelected)
+        updateCLSNSizers();
 }

@@ -10,10 +10,27 @@
 #include <QPoint>
 #include <QRect>
 #include <QTransform>
+#include <QList>
 #include <QVector>
 
+class QAnimation;
+class QAnimationFrame;
+class QAnimations;
+class QCollisionBox;
 class QSprite;
 class QSprites;
+
+/// A collision box as the view shows and drags it.
+struct QRenderCLSN
+{
+    /// Null for a box still being drawn.
+    QCollisionBox* box = nullptr;
+    QCollisionBoxType type = cbtClsn1;
+    /// On screen, and at the start of the present drag.
+    QRect rect;
+    QRect start;
+    bool selected = false;
+};
 
 /**
  * The one view that shows a sprite or an animation frame for editing:
@@ -26,6 +43,11 @@ class QSprites;
  * an image for the command-line tool, and in tests without a window. Every
  * screen rectangle is computed outside render() (updateBounds()), so a paint
  * only reads ready coordinates.
+ *
+ * In animation mode it also shows the collision boxes of the frame and lets
+ * the author draw, select, move, resize, retype, copy, paste and delete them
+ * with the mouse and keys. Every change goes to the AIR model, and so into
+ * its text: each mouse drag is one undo step of the text.
  *
  * The editors set it up while paused (only the background and rulers paint),
  * then unpause. Setters may come while a drag is under way, since playback
@@ -50,6 +72,11 @@ public:
     void setZoomMode(QZoomMode mode) { m_zoomMode = mode; }
     void setOnionSkin(bool on, QSpriteEffect effect, int opacityPercent);
     void setSprites(QSprites* sprites) { m_sprites = sprites; }
+    /// The animations the view shows frames of; it follows their changes.
+    void setAnimations(QAnimations* animations);
+    /// Box colours (Clsn1, Clsn1 default, Clsn2, Clsn2 default) and their opacity.
+    void setCLSNColor(const QColor& clsn1, const QColor& clsn1Default, const QColor& clsn2,
+                      const QColor& clsn2Default, int opacityPercent);
 
     // Setters with work.
     /// Gradient from `start` to `end` down the view; `type` picks the picture
@@ -74,6 +101,9 @@ public:
     /// Shows a frame described by values: the sprite it names with its offset,
     /// flips, blend, scale and angle. The view's working copy becomes `frame`.
     void setFrameView(const QFrameView& frame);
+    /// Shows the frame at `index` of the animation (setIndex() in animation
+    /// mode chose it), with its boxes; out of range shows nothing.
+    void setFrame(unsigned int index);
     /// Forgets the frame; the sprite mode's own axis applies again.
     void clearFrame();
     /// The sprite at `index` of the sprite file as onion skin; out of range shows none.
@@ -91,11 +121,41 @@ public:
     void updatePos();
     void updateBounds();
 
-    QRenderElement hitTest(const QPoint& point) const;
+    // Collision boxes.
+    /// While on, each left drag draws a new box of `type`; the right button ends it.
+    void clsnCreationMode(bool on, QCollisionBoxType type);
+    bool isCreatingCLSN() const { return m_creating; }
+    void unselectCLSN();
+    /// Moves the selected boxes by `delta` engine pixels, in the model at once.
+    void moveCLSNs(const QPoint& delta);
+    /// Gives the selected boxes the other default-ness (`switchDefault`) or the other of Clsn1 and Clsn2.
+    void changeCLSNType(bool switchDefault);
+    void removeCLSNs();
+    /// Puts the selected boxes on the clipboard as AIR text; false without a selection.
+    bool copyCLSNs();
+    /// Adds the boxes of AIR text on the clipboard to the frame; false when there was none.
+    bool pasteCLSNs();
+    /// Reads the frame's boxes again (its own, else the defaults in force) and clears the selection.
+    void updateCLSNs();
+    void updateCLSNSizers();
+    void sizeMoveCLSN(bool resize, QRenderElement element, const QPoint& delta);
+    /// A screen rectangle in engine pixels from the axis.
+    QRect adjustCLSN(const QRect& rect, float zoom) const;
+    /// Selects the box at `index` of the list, as a click on it does.
+    void selectCLSN(int index, bool add = false);
+
+    /// What lies under `point`; with `cycle`, as a click does, the focus
+    /// moves on through overlapping boxes.
+    QRenderElement hitTest(const QPoint& point, bool cycle = false) const;
     void setupCursor(QRenderElement element);
 
     // What the view shows, for editors and tests.
     QSprite* sprite() const { return m_sprite; }
+    QAnimation* animation() const { return m_animation; }
+    QAnimationFrame* frame() const { return m_frameModel; }
+    const QList<QRenderCLSN>& clsns() const { return m_clsns; }
+    /// The eight sizers, top-left, top, top-right, right, left, bottom-left, bottom, bottom-right.
+    const QPoint* sizers() const { return m_sizers; }
     bool hasFrame() const { return m_hasFrame; }
     const QFrameView& frameView() const { return m_frame; }
     /// The working copy, as playback moves it between frames; nothing is written to the file.
@@ -133,6 +193,8 @@ signals:
     /// The sprite's axis or the frame's offset being dragged.
     void axisChanged(const QPoint& value);
     void extraAxisChanged();
+    /// The right button ended the box creation mode.
+    void clsnModeExit();
     void colorCaptured(unsigned char index);
     /// The mouse position relative to the view axis, in screen pixels.
     void cursorChanged(const QPoint& position);
@@ -160,6 +222,16 @@ private:
     bool dragDelta(const QPoint& mouse, QPoint& delta);
     void dragAxis(const QPoint& delta);
     void writeAxis();
+    void renderCLSNs(QPainter* painter);
+    /// The box element under `point`; with `cycle` a click's focus walks
+    /// through overlapping boxes, without it the focus stays (hovering).
+    bool hitTestCLSN(const QPoint& point, QRenderElement& element, bool cycle) const;
+    void pressCLSN(const QPoint& point, QRenderElement element, Qt::KeyboardModifiers modifiers);
+    void startCLSN(QPoint point);
+    void releaseCLSN();
+    /// The selection's bounding box on screen.
+    QRect selectionBounds() const;
+    void animationsChanged();
 
     QSprites* m_sprites = nullptr;
     QSprite* m_sprite = nullptr;
@@ -214,6 +286,24 @@ private:
     QRect m_extraCrossRect;
     QRect m_backgroundRect;
     QRect m_onionRect;
+
+    QAnimations* m_animations = nullptr;
+    QAnimation* m_animation = nullptr;
+    unsigned int m_animationIndex = 0;
+    QAnimationFrame* m_frameModel = nullptr;
+    unsigned int m_frameIndex = 0;
+    QColor m_clsnColors[4] = { Qt::red, Qt::magenta, Qt::blue, Qt::darkBlue };
+    float m_clsnOpacity = 1.0f;
+    bool m_creating = false;
+    QCollisionBoxType m_newType = cbtClsn2;
+    QList<QRenderCLSN> m_clsns;
+    /// The box a click focused; clicks on overlapping boxes move it on. -1 for none.
+    mutable int m_focused = -1;
+    bool m_anySelected = false;
+    /// Set around this view's own changes of the animations, whose notices it then ignores.
+    bool m_changingModel = false;
+    QPoint m_sizers[8];
+    QRect m_anchor;
 
     bool m_buttonDown = false;
     bool m_moved = false;

@@ -2,6 +2,7 @@
 // and dragging the view, the axis, the guides and the extra crosshair.
 #include "qsprrender.h"
 
+#include "model/qanimationframe.h"
 #include "model/qsprite.h"
 #include "render/qrenderhost.h"
 #include "render/qzoomtable.h"
@@ -33,13 +34,17 @@ bool QSprRender::hitGuide(const QPoint& point, QRenderElement& element) const
     return false;
 }
 
-QRenderElement QSprRender::hitTest(const QPoint& point) const
+QRenderElement QSprRender::hitTest(const QPoint& point, bool cycle) const
 {
     // The ruler bands swallow the mouse whether they show or not.
     if (m_locked || point.x() < rulerBand || point.y() < rulerBand)
         return ElementNone;
     QRenderElement element = ElementNone;
     if (m_showGuides && !m_spriteOverGuides && hitGuide(point, element))
+        return element;
+    if (m_creating && m_mode == RenderAnimation)
+        return ElementNone;
+    if (m_clsnOverAxis && hitTestCLSN(point, element, cycle))
         return element;
     if (m_showExtraCross && m_extraCrossRect.contains(point))
         return ElementExtraCross;
@@ -48,6 +53,8 @@ QRenderElement QSprRender::hitTest(const QPoint& point) const
     // The main crosshair is only for panning through.
     if (m_showMainCross && m_mainCrossRect.contains(point))
         return ElementNone;
+    if (!m_clsnOverAxis && hitTestCLSN(point, element, cycle))
+        return element;
     if (m_spriteRect.contains(point))
         return ElementSprite;
     if (m_showGuides && m_spriteOverGuides && hitGuide(point, element))
@@ -62,7 +69,9 @@ void QSprRender::setupCursor(QRenderElement element)
     Qt::CursorShape shape = Qt::ArrowCursor;
     switch (element) {
     case ElementNone:
-        shape = m_buttonDown ? Qt::ClosedHandCursor : Qt::OpenHandCursor;
+        shape = m_creating && m_mode == RenderAnimation ? Qt::CrossCursor
+            : m_buttonDown                               ? Qt::ClosedHandCursor
+                                                         : Qt::OpenHandCursor;
         break;
     case ElementSprite:
         shape = m_colorCapture ? Qt::CrossCursor : Qt::SizeAllCursor;
@@ -118,7 +127,17 @@ void QSprRender::mousePressed(QMouseEvent* event)
     m_buttonDown = true;
     m_moved = false;
     m_lastMouse = point;
-    m_dragElement = event->modifiers() & Qt::ControlModifier ? ElementNone : hitTest(point);
+    if (m_creating && m_mode == RenderAnimation) {
+        m_dragElement = ElementSizerBR;
+        startCLSN(point);
+        return;
+    }
+    m_dragElement = event->modifiers() & Qt::ControlModifier ? ElementNone : hitTest(point, true);
+    if (m_dragElement >= ElementClsn) {
+        pressCLSN(point, m_dragElement, event->modifiers());
+        return;
+    }
+    unselectCLSN();
     if (m_dragElement == ElementSprite && m_colorCapture)
         captureColor(point);
     if (m_dragElement == ElementSprite || m_dragElement == ElementAnimCross)
@@ -220,7 +239,11 @@ void QSprRender::mouseMoved(QMouseEvent* event)
         m_guideX += delta.x();
         m_guideY += delta.y();
         break;
+    case ElementClsn:
+        sizeMoveCLSN(false, m_dragElement, QPoint(qRound(delta.x() * z), qRound(delta.y() * z)));
+        break;
     default:
+        sizeMoveCLSN(true, m_dragElement, QPoint(qRound(delta.x() * z), qRound(delta.y() * z)));
         break;
     }
     if (host())
@@ -231,6 +254,11 @@ void QSprRender::writeAxis()
 {
     if (m_hasFrame) {
         m_frame.offset = m_dragValue;
+        if (m_frameModel) {
+            m_changingModel = true;
+            m_frameModel->setOffset(m_dragValue);
+            m_changingModel = false;
+        }
         updateBounds();
     } else if (m_mode == RenderSprite && m_sprite) {
         m_sprite->setOffset(m_dragValue);
@@ -242,8 +270,18 @@ void QSprRender::mouseReleased(QMouseEvent* event)
     if (m_dragElement == ElementNone && host())
         host()->setHostCursor(QCursor(Qt::OpenHandCursor));
     m_buttonDown = false;
-    if (event->button() == Qt::LeftButton && m_moved
-        && (m_dragElement == ElementSprite || m_dragElement == ElementAnimCross))
+    if (event->button() == Qt::RightButton) {
+        if (m_creating) {
+            m_creating = false;
+            emit clsnModeExit();
+        }
+        return;
+    }
+    if (event->button() != Qt::LeftButton)
+        return;
+    if (m_dragElement >= ElementClsn)
+        releaseCLSN();
+    else if (m_moved && (m_dragElement == ElementSprite || m_dragElement == ElementAnimCross))
         writeAxis();
 }
 
@@ -261,6 +299,27 @@ void QSprRender::keyPressed(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Control && host())
         host()->setHostCursor(QCursor(Qt::OpenHandCursor));
+    if (event->modifiers() != Qt::NoModifier)
+        return;
+    switch (event->key()) {
+    case Qt::Key_Delete:
+        removeCLSNs();
+        break;
+    case Qt::Key_Left:
+        moveCLSNs(QPoint(-1, 0));
+        break;
+    case Qt::Key_Up:
+        moveCLSNs(QPoint(0, -1));
+        break;
+    case Qt::Key_Right:
+        moveCLSNs(QPoint(1, 0));
+        break;
+    case Qt::Key_Down:
+        moveCLSNs(QPoint(0, 1));
+        break;
+    default:
+        break;
+    }
 }
 
 void QSprRender::keyReleased(QKeyEvent* event)

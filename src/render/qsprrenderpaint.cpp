@@ -28,7 +28,11 @@ void QSprRender::render(QPainter* painter, QPaintEvent* event)
         if (m_spriteOverGuides)
             renderGuides(painter);
         renderSprite(painter);
-        renderCrosshairs(painter);
+        if (m_clsnOverAxis)
+            renderCrosshairs(painter);
+        renderCLSNs(painter);
+        if (!m_clsnOverAxis)
+            renderCrosshairs(painter);
         if (!m_spriteOverGuides)
             renderGuides(painter);
     }

@@ -21,9 +21,9 @@ const QVector<QRgb> stripTable { qRgba(90, 90, 90, 0), qRgb(200, 100, 50), qRgb(
 QFrameView frameOf(int blend, int source, int destination)
 {
     QFrameView frame;
-    frame.weights.blend = blend;
-    frame.weights.source = qint16(source);
-    frame.weights.destination = qint16(destination);
+    frame.weights.blend = QAnimationFrameBlend(blend);
+    frame.weights.target.source = qint16(source);
+    frame.weights.target.destination = qint16(destination);
     return frame;
 }
 

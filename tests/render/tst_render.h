@@ -30,4 +30,8 @@ private slots:
     void hitTestsAndRulerBands();
     void colourCapture();
     void rulersMarkTheAxis();
+
+    // tst_clsn.cpp
+    void boxesAreEditedWithTheMouse();
+    void overlappingBoxesCycleAndDefaultsEdit();
 };
