@@ -153,6 +153,7 @@ public:
     QSprite* sprite() const { return m_sprite; }
     QAnimation* animation() const { return m_animation; }
     QAnimationFrame* frame() const { return m_frameModel; }
+    unsigned int frameIndex() const { return m_frameIndex; }
     const QList<QRenderCLSN>& clsns() const { return m_clsns; }
     /// The eight sizers, top-left, top, top-right, right, left, bottom-left, bottom, bottom-right.
     const QPoint* sizers() const { return m_sizers; }

@@ -82,3 +82,24 @@ void wheel(QRenderer& view, const QPoint& at, int notches)
                       false);
     view.mouseWheel(&event);
 }
+
+#include "realdata.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+QStringList kfmProjects()
+{
+    QStringList found;
+    for (const QString& def : realDataFiles({ QStringLiteral("def") })) {
+        const QFileInfo info(def);
+        const QString name = info.completeBaseName();
+        if (!info.path().endsWith(QLatin1String("/chars/") + name)
+            || (name != QLatin1String("kfm") && name != QLatin1String("kfm720")))
+            continue;
+        const QDir dir = info.dir();
+        if (dir.exists(name + QLatin1String(".air")) && dir.exists(name + QLatin1String(".sff")))
+            found << def;
+    }
+    return found;
+}

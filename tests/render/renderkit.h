@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QImage>
+#include <QStringList>
 #include <QVector>
 
 class QSprites;
@@ -41,3 +42,7 @@ void mouseRelease(QRenderer& view, const QPoint& at, Qt::MouseButton button = Qt
 void mouseDrag(QRenderer& view, const QPoint& from, const QPoint& to, int steps = 4,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void wheel(QRenderer& view, const QPoint& at, int notches);
+
+/// The engine's sample characters kfm and kfm720 among the real files,
+/// those whose DEF has its sprites and animations beside it.
+QStringList kfmProjects();

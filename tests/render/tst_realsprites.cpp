@@ -86,13 +86,10 @@ void TestRender::realSpritesAtZoomOneAreTheDecodedSprites()
 void TestRender::cliRendersASprite()
 {
     PF_REQUIRE_REALDATA();
-    const QStringList defs = realDataFiles({ QStringLiteral("def") });
-    QString kfm;
-    for (const QString& def : defs)
-        if (def.endsWith(QLatin1String("/chars/kfm/kfm.def")))
-            kfm = def;
-    if (kfm.isEmpty())
-        QSKIP("kfm.def not among the real files");
+    const QStringList projects = kfmProjects();
+    if (projects.isEmpty())
+        QSKIP("kfm not among the real files");
+    const QString kfm = projects.first();
     QTemporaryDir dir;
     const QString out = dir.filePath(QStringLiteral("stand.png"));
 
@@ -101,7 +98,7 @@ void TestRender::cliRendersASprite()
     QCOMPARE(result.exitCode, 0);
     const QImage picture(out);
     QSprites sprites(nullptr, ctMemory, false, -1);
-    QVERIFY(sprites.fromFile(QFileInfo(kfm).dir().filePath(QStringLiteral("kfm.sff"))));
+    QVERIFY(sprites.fromFile(QFileInfo(kfm).dir().filePath(QFileInfo(kfm).completeBaseName() + QStringLiteral(".sff"))));
     const QSprite* stand = sprites.at(sprites.find(0, 0, 0));
     // The picture is the sprite at twice its size with a margin of 8 on each side.
     QCOMPARE(picture.size(), QSize(stand->imageInfo().width * 2 + 16, stand->imageInfo().height * 2 + 16));

@@ -34,4 +34,10 @@ private slots:
     // tst_clsn.cpp
     void boxesAreEditedWithTheMouse();
     void overlappingBoxesCycleAndDefaultsEdit();
+
+    // tst_playback.cpp
+    void playbackFollowsTheTimingRules();
+    void playbackOfKfmFollowsTheTimingRules();
+    void playbackInterpolatesTheWorkingCopy();
+    void playbackPacesSixtyTicksASecond();
 };
