@@ -1,22 +1,29 @@
-// pugilforge-cli render PROJECT.def --sprite G,I OUT.png [--zoom Z] [--palette N]:
-// the sprite view's own drawing of one sprite, into a PNG.
+// pugilforge-cli render PROJECT.def (--sprite G,I | --action N [--tick T]) OUT.png [--zoom Z] [--boxes]
+// [--palette N]: the sprite view's own drawing of a sprite, or of the frame an action shows at a tick, into a PNG.
 #include "qclicommand.h"
 
 #include "formats/qimagefiles.h"
+#include "model/qanimation.h"
+#include "model/qanimations.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
 #include "model/qsprites.h"
+#include "render/qanimationplayer.h"
 #include "render/qimagerenderhost.h"
+#include "render/qplaybackclock.h"
 #include "render/qsprrender.h"
 #include "render/qzoomtable.h"
 #include "text/qcodecs.h"
 
 #include <QFileInfo>
+
+#include <functional>
 #include <QJsonObject>
 
 namespace {
 
-const char* const usageText = "render PROJECT.def --sprite G,I OUT.png [--zoom Z] [--palette N]";
+const char* const usageText =
+    "render PROJECT.def (--sprite G,I | --action N [--tick T]) OUT.png [--zoom Z] [--boxes] [--palette N]";
 
 /// Transparent space around the drawing, so that edges stay visible.
 constexpr int margin = 8;
@@ -27,6 +34,10 @@ struct RenderOptions
     QString output;
     QSubItem sprite;
     bool hasSprite = false;
+    int action = 0;
+    bool hasAction = false;
+    int tick = 0;
+    bool boxes = false;
     float zoom = 1.0f;
     int palette = -1;
 };
@@ -51,6 +62,14 @@ bool parseOptions(const QStringList& arguments, RenderOptions& options)
         bool ok = true;
         if (argument == QLatin1String("--sprite") && hasValue) {
             ok = options.hasSprite = parseSubItem(arguments[++i], options.sprite);
+        } else if (argument == QLatin1String("--action") && hasValue) {
+            options.action = arguments[++i].toInt(&ok);
+            options.hasAction = ok;
+        } else if (argument == QLatin1String("--tick") && hasValue) {
+            options.tick = arguments[++i].toInt(&ok);
+            ok = ok && options.tick >= 0;
+        } else if (argument == QLatin1String("--boxes")) {
+            options.boxes = true;
         } else if (argument == QLatin1String("--zoom") && hasValue) {
             options.zoom = arguments[++i].toFloat(&ok);
         } else if (argument == QLatin1String("--palette") && hasValue) {
@@ -64,7 +83,7 @@ bool parseOptions(const QStringList& arguments, RenderOptions& options)
         if (!ok)
             return false;
     }
-    if (positional.size() != 2 || !options.hasSprite)
+    if (positional.size() != 2 || options.hasSprite == options.hasAction)
         return false;
     options.project = positional[0];
     options.output = positional[1];
@@ -86,18 +105,30 @@ bool zoomStep(float factor, quint8& row, quint8& index)
     return false;
 }
 
-/// The view set for a picture of the sprite alone: no background, rulers or crosshairs.
-void setUpView(QSprRender& view, QSprites* sprites, quint8 row, quint8 index)
+/// The view set for a picture of the sprite alone, with or without its
+/// collision boxes: no background, rulers or crosshairs.
+void setUpView(QSprRender& view, QSprites* sprites, quint8 row, quint8 index, bool boxes)
 {
     view.pause(true);
     view.setBackground(Qt::transparent, Qt::transparent, 0, 0, 0, QString());
-    view.setVisibility(true, true, true, true, false);
+    view.setVisibility(boxes, boxes, boxes, boxes, false);
     view.setCrossVisibility(false, false);
     view.setZoomMode(ZoomOnAxis);
     view.setZoomTable(row);
     view.setZoom(index);
     view.setSprites(sprites);
     view.setCrossPos(0, 0);
+}
+
+/// What the view draws, on screen: the sprite and, when shown, the boxes;
+/// a point at the axis when there is neither.
+QRect drawingBounds(const QSprRender& view, bool boxes)
+{
+    QRect bounds = view.paintedBounds();
+    if (boxes)
+        for (const QRenderCLSN& record : view.clsns())
+            bounds |= record.rect;
+    return bounds.isEmpty() ? QRect(view.crossPos(), QSize(1, 1)) : bounds;
 }
 
 int runRender(const QCliRun& run)
@@ -117,26 +148,44 @@ int runRender(const QCliRun& run)
     if (!project.open(options.project, 0, false, false))
         return run.fail(options.project, QStringLiteral("can't read the file"));
     QSprites* sprites = project.sprites();
-    const int position = sprites->find(0, options.sprite.group, options.sprite.index);
-    if (position < 0)
-        return run.fail(options.project,
-                        QStringLiteral("no sprite %1,%2").arg(options.sprite.group).arg(options.sprite.index));
     if (options.palette >= sprites->paletteCount())
         return run.fail(options.project, QStringLiteral("no palette %1").arg(options.palette));
 
     QSprRender view;
-    setUpView(view, sprites, row, index);
-    view.setRenderMode(RenderSprite);
-    view.setIndex(unsigned(position));
+    setUpView(view, sprites, row, index, options.boxes);
+    QSystemPlaybackClock clock;
+    QAnimationPlayer player(&view, &clock);
+    std::function<void()> show;
+    if (options.hasSprite) {
+        const int position = sprites->find(0, options.sprite.group, options.sprite.index);
+        if (position < 0)
+            return run.fail(options.project,
+                            QStringLiteral("no sprite %1,%2").arg(options.sprite.group).arg(options.sprite.index));
+        view.setRenderMode(RenderSprite);
+        show = [&] { view.setIndex(unsigned(position)); };
+    } else {
+        QAnimations* animations = project.animations();
+        const int position = animations->find(0, options.action);
+        if (position < 0 || animations->at(position)->frameCount() == 0)
+            return run.fail(options.project, QStringLiteral("no action %1 with frames").arg(options.action));
+        view.setAnimations(animations);
+        view.setRenderMode(RenderAnimation);
+        // The frame and working copy after T ticks of playback from the first frame.
+        show = [&] {
+            view.setIndex(unsigned(position));
+            view.setFrame(0);
+            player.begin(animations->at(position), 0);
+            for (int t = 0; t < options.tick; ++t)
+                player.tick();
+        };
+    }
+    show();
+    // Place the axis so the whole drawing lies inside the picture.
+    const QRect bounds = drawingBounds(view, options.boxes);
+    view.setCrossPos(margin - bounds.left(), margin - bounds.top());
+    show();
     if (options.palette >= 0)
         view.setPalette(options.palette);
-    // Place the axis so the whole drawing lies inside the picture.
-    const QRect bounds = view.paintedBounds();
-    if (bounds.isEmpty())
-        return run.fail(options.project,
-                        QStringLiteral("sprite %1,%2 is empty").arg(options.sprite.group).arg(options.sprite.index));
-    view.setCrossPos(margin - bounds.left(), margin - bounds.top());
-    view.updateBounds();
     view.pause(false);
     QImageRenderHost host(&view, bounds.size() + QSize(2 * margin, 2 * margin));
     const QImage& picture = host.paint();
@@ -160,6 +209,7 @@ int runRender(const QCliRun& run)
     return 0;
 }
 
-const QCliCommand command("render", usageText, "draw a sprite as the sprite view does, into a PNG", runRender);
+const QCliCommand command("render", usageText,
+    "draw a sprite, or the frame an action shows at a tick, as the sprite view does, into a PNG", runRender);
 
 } // namespace

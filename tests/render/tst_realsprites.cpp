@@ -83,7 +83,7 @@ void TestRender::realSpritesAtZoomOneAreTheDecodedSprites()
     qInfo("%s: %d sprites drawn as decoded", qPrintable(QFileInfo(file).fileName()), drawn);
 }
 
-void TestRender::cliRendersASprite()
+void TestRender::cliRendersSpritesAndActions()
 {
     PF_REQUIRE_REALDATA();
     const QStringList projects = kfmProjects();
@@ -113,4 +113,26 @@ void TestRender::cliRendersASprite()
     QCOMPARE(result.exitCode, 1);
     result = runCli({ QStringLiteral("render"), kfm, out });
     QCOMPARE(result.exitCode, 2);
+    result = runCli({ QStringLiteral("render"), kfm, QStringLiteral("--sprite"), QStringLiteral("0,0"),
+                      QStringLiteral("--action"), QStringLiteral("0"), out });
+    QCOMPARE(result.exitCode, 2);
+
+    // An action at a tick, with and without its boxes: the boxes widen the
+    // picture or at least colour it with the Clsn2 default's dark blue.
+    const QString plain = dir.filePath(QStringLiteral("plain.png"));
+    const QString boxed = dir.filePath(QStringLiteral("boxed.png"));
+    QCOMPARE(runCli({ QStringLiteral("render"), kfm, QStringLiteral("--action"), QStringLiteral("0"),
+                      QStringLiteral("--tick"), QStringLiteral("7"), plain }).exitCode, 0);
+    QCOMPARE(runCli({ QStringLiteral("render"), kfm, QStringLiteral("--action"), QStringLiteral("0"),
+                      QStringLiteral("--tick"), QStringLiteral("7"), boxed, QStringLiteral("--boxes") }).exitCode, 0);
+    const QImage boxes(boxed);
+    bool darkBlue = false;
+    for (int y = 0; y < boxes.height() && !darkBlue; ++y)
+        for (int x = 0; x < boxes.width() && !darkBlue; ++x)
+            darkBlue = boxes.pixel(x, y) == QColor(Qt::darkBlue).rgb();
+    QVERIFY(darkBlue);
+    QVERIFY(QImage(plain).size().width() <= boxes.width());
+    result = runCli({ QStringLiteral("render"), kfm, QStringLiteral("--action"), QStringLiteral("98765"), out });
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY(result.err.contains("no action 98765"));
 }

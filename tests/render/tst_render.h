@@ -13,7 +13,7 @@ private slots:
     // tst_realsprites.cpp
     void realSpritesAtZoomOneAreTheDecodedSprites_data();
     void realSpritesAtZoomOneAreTheDecodedSprites();
-    void cliRendersASprite();
+    void cliRendersSpritesAndActions();
 
     // tst_blend.cpp
     void blendPassesFollowTheEngineArithmetic_data();
@@ -34,6 +34,10 @@ private slots:
     // tst_clsn.cpp
     void boxesAreEditedWithTheMouse();
     void overlappingBoxesCycleAndDefaultsEdit();
+
+    // tst_golden.cpp
+    void goldenFramesOfKfm_data();
+    void goldenFramesOfKfm();
 
     // tst_playback.cpp
     void playbackFollowsTheTimingRules();
