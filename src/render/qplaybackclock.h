@@ -20,15 +20,21 @@ public:
     virtual void sleep(int milliseconds) = 0;
 };
 
-/// The steady clock of the system, sleeping the thread.
+/**
+ * The steady clock of the system, sleeping the thread. It answers in whole
+ * milliseconds, but a restart keeps the part of a millisecond it did not
+ * count for the next interval: dropping it, as a plain restart does, would
+ * lose half a millisecond a tick on average, and 3% of the frame rate.
+ */
 class QSystemPlaybackClock : public QPlaybackClock
 {
 public:
-    void start() override { m_timer.start(); }
-    qint64 elapsed() const override { return m_timer.elapsed(); }
-    qint64 restart() override { return m_timer.restart(); }
+    void start() override;
+    qint64 elapsed() const override;
+    qint64 restart() override;
     void sleep(int milliseconds) override;
 
 private:
     QElapsedTimer m_timer;
+    qint64 m_mark = 0; ///< nanoseconds of the timer where the present interval began
 };
