@@ -1,45 +1,28 @@
 // Playback for 10 seconds of kfm's walk on the real clock, painting every
 // tick into a 1280x800 view: the ticks a second the loop keeps, beside the
 // 60 it aims at, and a baseline of the same number of bare sleeps of 1/60 s.
-#include "benchutil.h"
+#include "kfmview.h"
 
 #include "model/qanimation.h"
 #include "model/qanimations.h"
-#include "model/qproject.h"
 #include "render/qanimationplayer.h"
 #include "render/qimagerenderhost.h"
 #include "render/qplaybackclock.h"
-#include "render/qsprrender.h"
-#include "text/qcodecs.h"
 
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QThread>
 
 int main(int argc, char** argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    bench::useOffscreenPlatform();
     QGuiApplication application(argc, argv);
-    const QString kfm = bench::realData() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def");
-    if (!QFileInfo::exists(kfm)) {
-        std::printf("kfm not found under %s: nothing measured\n", qPrintable(bench::realData()));
+    bench::KfmView kfm;
+    if (!kfm.open(20))
         return 0;
-    }
-    initCodecs();
-    QProject::init();
-    QProject project;
-    project.open(kfm, 0, false, false);
-    QSprRender view;
-    view.setBackground(QColor(40, 60, 90), QColor(200, 120, 60), 1, -213, -208, QString());
-    view.setSprites(project.sprites());
-    view.setAnimations(project.animations());
-    view.setRenderMode(RenderAnimation);
-    view.setCrossPos(640, 600);
-    view.setZoom(3);
-    QImageRenderHost host(&view, QSize(1280, 800));
+    QSprRender& view = kfm.view;
+    QProject& project = kfm.project;
+    QImageRenderHost& host = *kfm.host;
     QAnimation* walk = project.animations()->at(project.animations()->find(0, 20));
-    view.setIndex(unsigned(project.animations()->find(0, 20)));
     view.setFrame(0);
 
     const int ticks = 600;

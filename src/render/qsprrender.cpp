@@ -141,17 +141,28 @@ void QSprRender::setRenderMode(QRenderMode mode)
 
 void QSprRender::reset()
 {
-    m_sprite = nullptr;
+    showSprite(nullptr);
     m_animation = nullptr;
+    forgetFrame();
+    m_image = QImage();
+    m_colorTable.clear();
+}
+
+void QSprRender::forgetFrame()
+{
     m_frameModel = nullptr;
     m_clsns.clear();
     m_focused = -1;
     m_anySelected = false;
     m_hasFrame = false;
     m_frame = QFrameView();
-    m_spriteSize = QSize();
-    m_image = QImage();
-    m_colorTable.clear();
+}
+
+void QSprRender::showSprite(QSprite* sprite)
+{
+    m_sprite = sprite;
+    const QImageInfo info = sprite ? sprite->imageInfo() : QImageInfo();
+    m_spriteSize = QSize(info.width, info.height);
 }
 
 void QSprRender::update()
@@ -179,11 +190,8 @@ void QSprRender::setIndex(unsigned int index)
 {
     reset();
     if (m_mode == RenderSprite) {
-        if (m_sprites && index < unsigned(m_sprites->count())) {
-            m_sprite = m_sprites->at(int(index));
-            const QImageInfo info = m_sprite->imageInfo();
-            m_spriteSize = QSize(info.width, info.height);
-        }
+        if (m_sprites)
+            showSprite(m_sprites->at(int(index)));
         validateZoom();
         updateImg();
     } else if (m_animations) {
@@ -197,16 +205,7 @@ void QSprRender::setFrameView(const QFrameView& frame)
 {
     m_hasFrame = true;
     m_frame = frame;
-    m_sprite = nullptr;
-    m_spriteSize = QSize();
-    if (m_sprites) {
-        const int found = m_sprites->find(0, frame.sprite.group, frame.sprite.index);
-        m_sprite = m_sprites->at(found);
-    }
-    if (m_sprite) {
-        const QImageInfo info = m_sprite->imageInfo();
-        m_spriteSize = QSize(info.width, info.height);
-    }
+    showSprite(m_sprites ? m_sprites->at(m_sprites->find(0, frame.sprite.group, frame.sprite.index)) : nullptr);
     updateImg();
     validateZoom();
     updateBounds();
@@ -214,12 +213,7 @@ void QSprRender::setFrameView(const QFrameView& frame)
 
 void QSprRender::clearFrame()
 {
-    m_frameModel = nullptr;
-    m_clsns.clear();
-    m_focused = -1;
-    m_anySelected = false;
-    m_hasFrame = false;
-    m_frame = QFrameView();
+    forgetFrame();
     updateImg();
     updateBounds();
 }

@@ -202,6 +202,10 @@ signals:
 
 private:
     QSize hostSize() const;
+    /// Takes the sprite shown and its size (null: none).
+    void showSprite(QSprite* sprite);
+    /// Drops the frame, its working copy and its boxes.
+    void forgetFrame();
     void updateImg();
     void validateZoom();
     void rebuildGradient();

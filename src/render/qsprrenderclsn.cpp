@@ -82,13 +82,10 @@ void QSprRender::animationsChanged()
 void QSprRender::setFrame(unsigned int index)
 {
     m_frameIndex = index;
-    m_clsns.clear();
-    m_focused = -1;
-    m_anySelected = false;
+    forgetFrame();
     m_frameModel = m_animation ? m_animation->frame(int(index)) : nullptr;
     if (!m_frameModel) {
-        m_hasFrame = false;
-        m_sprite = nullptr;
+        showSprite(nullptr);
         m_image = QImage();
         return;
     }

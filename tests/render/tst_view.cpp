@@ -16,15 +16,27 @@ namespace {
 
 const QVector<QRgb> table { qRgba(0, 0, 0, 0), qRgb(200, 0, 0), qRgb(0, 200, 0), qRgb(0, 0, 200) };
 
+/// A sprite mode view of a strip sprite `width` pixels wide, painted into an image.
+struct StripView
+{
+    QScopedPointer<QSprites> sprites;
+    QSprRender view;
+    QImageRenderHost host;
+
+    StripView(int width, int axisX, const QSize& size)
+        : sprites(makeStripSprites(width, axisX, table)), host(&view, size)
+    {
+        plainView(view, sprites.data());
+        view.setRenderMode(RenderSprite);
+    }
+};
+
 } // namespace
 
 void TestRender::zoomLimitsAndSmallSprites()
 {
-    QScopedPointer<QSprites> tiny(makeStripSprites(1, 0, table));
-    QSprRender view;
-    plainView(view, tiny.data());
-    QImageRenderHost host(&view, QSize(200, 200));
-    view.setRenderMode(RenderSprite);
+    StripView strip(1, 0, QSize(200, 200));
+    QSprRender& view = strip.view;
     view.setZoomTable(0);
     view.setZoom(0);
     // A sprite under 2 pixels is shown at index 2 at once, and subZoom stops there.
@@ -61,11 +73,8 @@ void TestRender::zoomLimitsAndSmallSprites()
 
 void TestRender::zoomOnCentreKeepsTheCentre()
 {
-    QScopedPointer<QSprites> sprites(makeStripSprites(8, 0, table));
-    QSprRender view;
-    plainView(view, sprites.data());
-    QImageRenderHost host(&view, QSize(400, 300));
-    view.setRenderMode(RenderSprite);
+    StripView strip(8, 0, QSize(400, 300));
+    QSprRender& view = strip.view;
     view.setIndex(0);
     view.setCrossPos(100, 50);
     view.setZoomMode(ZoomOnCenter);
@@ -79,11 +88,10 @@ void TestRender::zoomOnCentreKeepsTheCentre()
 
 void TestRender::draggingTheSpriteAxisIsOneUndoStep()
 {
-    QScopedPointer<QSprites> sprites(makeStripSprites(8, 2, table));
-    QSprRender view;
-    plainView(view, sprites.data());
-    QImageRenderHost host(&view, QSize(400, 300));
-    view.setRenderMode(RenderSprite);
+    StripView strip(8, 2, QSize(400, 300));
+    QSprRender& view = strip.view;
+    QImageRenderHost& host = strip.host;
+    QSprites* sprites = strip.sprites.data();
     view.setCrossPos(200, 150);
     view.setZoom(3); // 2x: the sprite covers x 196..211, y 150..151
     view.setIndex(0);
@@ -110,11 +118,8 @@ void TestRender::draggingTheSpriteAxisIsOneUndoStep()
 
 void TestRender::panGuidesAndExtraCross()
 {
-    QScopedPointer<QSprites> sprites(makeStripSprites(8, 0, table));
-    QSprRender view;
-    plainView(view, sprites.data());
-    QImageRenderHost host(&view, QSize(400, 300));
-    view.setRenderMode(RenderSprite);
+    StripView strip(8, 0, QSize(400, 300));
+    QSprRender& view = strip.view;
     view.setCrossPos(200, 150);
     view.setZoom(3); // 2x
     view.setIndex(0);
@@ -153,11 +158,9 @@ void TestRender::panGuidesAndExtraCross()
 
 void TestRender::hitTestsAndRulerBands()
 {
-    QScopedPointer<QSprites> sprites(makeStripSprites(8, 0, table));
-    QSprRender view;
-    plainView(view, sprites.data());
-    QImageRenderHost host(&view, QSize(400, 300));
-    view.setRenderMode(RenderSprite);
+    StripView strip(8, 0, QSize(400, 300));
+    QSprRender& view = strip.view;
+    QImageRenderHost& host = strip.host;
     view.setCrossPos(10, 10);
     view.setIndex(0);
     // The sprite lies under the top band: the band wins, rulers shown or not.
@@ -184,11 +187,9 @@ void TestRender::hitTestsAndRulerBands()
 
 void TestRender::colourCapture()
 {
-    QScopedPointer<QSprites> sprites(makeStripSprites(4, 0, table));
-    QSprRender view;
-    plainView(view, sprites.data());
-    QImageRenderHost host(&view, QSize(200, 100));
-    view.setRenderMode(RenderSprite);
+    StripView strip(4, 0, QSize(200, 100));
+    QSprRender& view = strip.view;
+    QSprites* sprites = strip.sprites.data();
     view.setCrossPos(100, 50);
     view.setZoom(3); // 2x: index i covers x 100 + 2i and 101 + 2i
     view.setIndex(0);

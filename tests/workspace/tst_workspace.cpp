@@ -21,6 +21,41 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+#include <memory>
+
+namespace {
+
+/// A window holding the workspace alone, on the defaults with visible colours.
+struct WorkspaceWindow
+{
+    QConfigManager config;
+    QWidget window;
+    std::unique_ptr<QAnimSpriteWorkspace> workspace;
+
+    WorkspaceWindow()
+    {
+        config.loadDefaults();
+        config[QStringLiteral("back_start")] = QStringLiteral("#d8dce6");
+        config[QStringLiteral("back_end")] = QStringLiteral("#7d8aa6");
+        config[QStringLiteral("clsn1")] = QStringLiteral("#ff0000");
+        config[QStringLiteral("clsn1def")] = QStringLiteral("#ff00ff");
+        config[QStringLiteral("clsn2")] = QStringLiteral("#0000ff");
+        config[QStringLiteral("clsn2def")] = QStringLiteral("#000080");
+        auto* layout = new QVBoxLayout(&window);
+        layout->setContentsMargins(0, 0, 0, 0);
+        workspace = std::make_unique<QAnimSpriteWorkspace>(&config, &window);
+        layout->addWidget(workspace->widget());
+    }
+    bool show()
+    {
+        window.resize(640, 480);
+        window.show();
+        return QTest::qWaitForWindowExposed(&window);
+    }
+};
+
+} // namespace
+
 class TestWorkspace : public QObject
 {
     Q_OBJECT
@@ -33,7 +68,6 @@ private slots:
     void playsAndShowsKfm();
 
 private:
-    void configure(QConfigManager& config);
     QString kfm() const;
 };
 
@@ -41,17 +75,6 @@ void TestWorkspace::initTestCase()
 {
     initCodecs();
     QProject::init();
-}
-
-void TestWorkspace::configure(QConfigManager& config)
-{
-    config.loadDefaults();
-    config[QStringLiteral("back_start")] = QStringLiteral("#d8dce6");
-    config[QStringLiteral("back_end")] = QStringLiteral("#7d8aa6");
-    config[QStringLiteral("clsn1")] = QStringLiteral("#ff0000");
-    config[QStringLiteral("clsn1def")] = QStringLiteral("#ff00ff");
-    config[QStringLiteral("clsn2")] = QStringLiteral("#0000ff");
-    config[QStringLiteral("clsn2def")] = QStringLiteral("#000080");
 }
 
 QString TestWorkspace::kfm() const
@@ -64,12 +87,9 @@ QString TestWorkspace::kfm() const
 
 void TestWorkspace::hostSwitchKeepsTheView()
 {
-    QConfigManager config;
-    configure(config);
-    QWidget window;
-    auto* layout = new QVBoxLayout(&window);
-    QAnimSpriteWorkspace workspace(&config, &window);
-    layout->addWidget(workspace.widget());
+    WorkspaceWindow shown;
+    QConfigManager& config = shown.config;
+    QAnimSpriteWorkspace& workspace = *shown.workspace;
     QVERIFY(qobject_cast<QRenderWidget*>(workspace.view()));
     QCOMPARE(workspace.statusText(), QStringLiteral("Native mode"));
     QSprRender* renderer = workspace.renderer();
@@ -95,27 +115,24 @@ void TestWorkspace::hostSwitchKeepsTheView()
 
 void TestWorkspace::actionsDriveTheViewAndAreSaved()
 {
-    QConfigManager config;
-    configure(config);
+    WorkspaceWindow shown;
+    const QConfigManager& config = shown.config;
     {
-        QWidget window;
-        auto* layout = new QVBoxLayout(&window);
-        QAnimSpriteWorkspace workspace(&config, &window);
-        layout->addWidget(workspace.widget());
+        QAnimSpriteWorkspace& workspace = *shown.workspace;
         QCOMPARE(workspace.actions().size(), 10);
         QVERIFY(!workspace.action(QStringLiteral("view_center_axis"))->isCheckable());
+        QVERIFY(!workspace.action(QStringLiteral("view_guide_lines"))->isChecked());
         workspace.action(QStringLiteral("view_attack_clsn"))->setChecked(false);
         workspace.action(QStringLiteral("view_rulers"))->setChecked(false);
-        window.resize(640, 480);
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(shown.show());
         workspace.action(QStringLiteral("view_center_axis"))->trigger();
         QCOMPARE(workspace.renderer()->crossPos(),
                  QPoint(workspace.view()->width() / 2, workspace.view()->height() / 2));
         // Rulers off: the top band shows the background, not the white strip.
-        const QImage shown = workspace.view()->grab().toImage();
-        QVERIFY(shown.pixelColor(100, 15) != QColor(Qt::white));
+        const QImage picture = workspace.view()->grab().toImage();
+        QVERIFY(picture.pixelColor(100, 15) != QColor(Qt::white));
         workspace.renderer()->setZoom(4);
+        shown.workspace.reset(); // the settings are written back at the end
     }
     QCOMPARE(config.value(QStringLiteral("show_clsn1")).toBool(), false);
     QCOMPARE(config.value(QStringLiteral("show_rulers")).toBool(), false);
@@ -125,15 +142,9 @@ void TestWorkspace::actionsDriveTheViewAndAreSaved()
 
 void TestWorkspace::mouseReachesTheViewThroughTheWidget()
 {
-    QConfigManager config;
-    configure(config);
-    QWidget window;
-    auto* layout = new QVBoxLayout(&window);
-    QAnimSpriteWorkspace workspace(&config, &window);
-    layout->addWidget(workspace.widget());
-    window.resize(640, 480);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    WorkspaceWindow shown;
+    QAnimSpriteWorkspace& workspace = *shown.workspace;
+    QVERIFY(shown.show());
     const QPoint before = workspace.renderer()->crossPos();
     QTest::mousePress(workspace.view(), Qt::LeftButton, Qt::NoModifier, QPoint(400, 300));
     QMouseEvent move(QEvent::MouseMove, QPointF(420, 290), workspace.view()->mapToGlobal(QPointF(420, 290)),
@@ -150,20 +161,12 @@ void TestWorkspace::playsAndShowsKfm()
     const QString def = kfm();
     if (def.isEmpty())
         QSKIP("kfm not among the real files");
-    QConfigManager config;
-    configure(config);
-    QWidget window;
-    window.setWindowTitle(QStringLiteral("Sprite view"));
-    auto* layout = new QVBoxLayout(&window);
-    layout->setContentsMargins(0, 0, 0, 0);
-    QAnimSpriteWorkspace workspace(&config, &window);
-    layout->addWidget(workspace.widget());
+    WorkspaceWindow shown;
+    QAnimSpriteWorkspace& workspace = *shown.workspace;
     QProject project;
     QVERIFY(project.open(def, 0, false, false));
     workspace.setProject(&project);
-    window.resize(640, 480);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(shown.show());
     QSprRender* view = workspace.renderer();
     const QString shots = qEnvironmentVariable("PF_SHOTS_DIR");
 
@@ -192,7 +195,7 @@ void TestWorkspace::playsAndShowsKfm()
     view->pause(false);
     view->updatePos();
     if (!shots.isEmpty())
-        QVERIFY(window.grab().save(QDir(shots).filePath(QStringLiteral("frame-boxes.png"))));
+        QVERIFY(shown.window.grab().save(QDir(shots).filePath(QStringLiteral("frame-boxes.png"))));
 
     // Playback in the window until a stop from the event loop.
     view->setFrame(0);
