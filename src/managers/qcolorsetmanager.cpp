@@ -16,7 +16,9 @@ const QList<QColorsetManager::Item>& builtIn()
     static const QList<QColorsetManager::Item> items = {
         {QStringLiteral("back_start"), QT_TRANSLATE_NOOP("QColorsetManager", "Background start"), QColor(236, 240, 244)},
         {QStringLiteral("back_end"), QT_TRANSLATE_NOOP("QColorsetManager", "Background end"), QColor(196, 204, 214)},
+        {QStringLiteral("clsn1"), QT_TRANSLATE_NOOP("QColorsetManager", "CLSN 1"), QColor(255, 40, 40)},
         {QStringLiteral("clsn1def"), QT_TRANSLATE_NOOP("QColorsetManager", "CLSN 1 Default"), QColor(220, 30, 30)},
+        {QStringLiteral("clsn2"), QT_TRANSLATE_NOOP("QColorsetManager", "CLSN 2"), QColor(40, 110, 255)},
         {QStringLiteral("clsn2def"), QT_TRANSLATE_NOOP("QColorsetManager", "CLSN 2 Default"), QColor(30, 80, 220)},
         {QStringLiteral("block"), QT_TRANSLATE_NOOP("QColorsetManager", "Block header"), QColor(0, 0, 160)},
         {QStringLiteral("block_param"), QT_TRANSLATE_NOOP("QColorsetManager", "Block parameter"), QColor(0, 0, 255)},

@@ -319,6 +319,14 @@
         <translation>Hintergrund Ende</translation>
     </message>
     <message>
+        <source>CLSN 1</source>
+        <translation>CLSN 1</translation>
+    </message>
+    <message>
+        <source>CLSN 2</source>
+        <translation>CLSN 2</translation>
+    </message>
+    <message>
         <source>CLSN 1 Default</source>
         <translation>CLSN 1 Standard</translation>
     </message>

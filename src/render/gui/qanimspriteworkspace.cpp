@@ -1,5 +1,6 @@
 #include "qanimspriteworkspace.h"
 
+#include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
 #include "model/qproject.h"
 #include "render/gui/qoglrenderwidget.h"
@@ -134,7 +135,12 @@ void QAnimSpriteWorkspace::makeView()
 
 void QAnimSpriteWorkspace::reconfig()
 {
+    // The colours of the view belong to the colour set; a key the set lacks
+    // may still be in the configuration, and a missing colour counts as black.
     auto color = [this](const char* key) {
+        const QColor fromSet = colorMan ? colorMan->color(QLatin1String(key)) : QColor();
+        if (fromSet.isValid())
+            return fromSet;
         const QVariant value = m_config ? m_config->value(QLatin1String(key)) : QVariant();
         return value.isValid() ? QColor(value.toString()) : QColor(Qt::black);
     };
