@@ -22,8 +22,8 @@ constexpr int engineBufferTime = 1;
 /// The integer value of `key` on the lines from `first` to `last`, or `fallback`.
 int lineValue(const QTextDocument* document, int first, int last, const QString& key, int fallback)
 {
-    for (QTextBlock block = document->findBlockByNumber(first); block.isValid() && block.blockNumber() <= last;
-         block = block.next()) {
+    for (QTextBlock block = document->findBlockByNumber(first);
+         block.isValid() && block.blockNumber() <= last; block = block.next()) {
         const QString line = block.text().section(QLatin1Char(';'), 0, 0);
         const int equals = line.indexOf(QLatin1Char('='));
         if (equals > 0 && line.left(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0) {
@@ -45,17 +45,17 @@ QPair<int, int> defaultsLines(const QTextDocument* document)
         if (!line.startsWith(QLatin1Char('[')))
             continue;
         if (first >= 0)
-            return {first, block.blockNumber() - 1};
+            return { first, block.blockNumber() - 1 };
         if (line.startsWith(QLatin1String("[defaults]"), Qt::CaseInsensitive))
             first = block.blockNumber();
     }
-    return {first, first >= 0 ? document->blockCount() - 1 : -1};
+    return { first, first >= 0 ? document->blockCount() - 1 : -1 };
 }
 
 QString sequenceOf(const QCommand* command)
 {
-    const auto* param =
-        static_cast<const QCommandParam*>(command->parameter(QCommand::idCommand, QCommandParam::paramSubType));
+    const auto* param = static_cast<const QCommandParam*>(
+        command->parameter(QCommand::idCommand, QCommandParam::paramSubType));
     return param ? param->toString() : QString();
 }
 
@@ -74,10 +74,10 @@ int runCmd(const QCliRun& run)
 
     const QTextDocument* document = commands.document();
     const QPair<int, int> defaults = defaultsLines(document);
-    const int defaultTime = lineValue(document, defaults.first, defaults.second, QStringLiteral("command.time"),
-                                      engineTime);
-    const int defaultBuffer = lineValue(document, defaults.first, defaults.second,
-                                        QStringLiteral("command.buffer.time"), engineBufferTime);
+    const int defaultTime
+        = lineValue(document, defaults.first, defaults.second, QStringLiteral("command.time"), engineTime);
+    const int defaultBuffer = lineValue(
+        document, defaults.first, defaults.second, QStringLiteral("command.buffer.time"), engineBufferTime);
     QJsonArray list;
     if (!run.json())
         run.print(QStringLiteral("%1: %2 commands").arg(fileName).arg(commands.count()));
@@ -88,12 +88,10 @@ int runCmd(const QCliRun& run)
         const int time = lineValue(document, first, last, QStringLiteral("time"), defaultTime);
         const int buffer = lineValue(document, first, last, QStringLiteral("buffer.time"), defaultBuffer);
         if (run.json()) {
-            list.append(QJsonObject{{QStringLiteral("name"), command->name(false)},
-                                    {QStringLiteral("command"), sequenceOf(command)},
-                                    {QStringLiteral("length"), command->length()},
-                                    {QStringLiteral("time"), time},
-                                    {QStringLiteral("bufferTime"), buffer},
-                                    {QStringLiteral("line"), first + 1}});
+            list.append(QJsonObject { { QStringLiteral("name"), command->name(false) },
+                { QStringLiteral("command"), sequenceOf(command) },
+                { QStringLiteral("length"), command->length() }, { QStringLiteral("time"), time },
+                { QStringLiteral("bufferTime"), buffer }, { QStringLiteral("line"), first + 1 } });
         } else {
             run.print(QStringLiteral("%1: \"%2\" = %3 (length %4, time %5, buffer %6)")
                           .arg(i)
@@ -104,15 +102,14 @@ int runCmd(const QCliRun& run)
         }
     }
     if (run.json())
-        run.printJson(QJsonObject{{QStringLiteral("file"), fileName},
-                                  {QStringLiteral("commandCount"), commands.count()},
-                                  {QStringLiteral("commands"), list}});
+        run.printJson(QJsonObject { { QStringLiteral("file"), fileName },
+            { QStringLiteral("commandCount"), commands.count() }, { QStringLiteral("commands"), list } });
     return 0;
 }
 
 const QCliCommand command("cmd", "cmd FILE",
-                          "list the commands of a CMD file: name, key sequence and its length, time and "
-                          "buffer time",
-                          runCmd);
+    "list the commands of a CMD file: name, key sequence and its length, time and "
+    "buffer time",
+    runCmd);
 
 } // namespace

@@ -51,12 +51,14 @@ bool QSounds::fromFile(const QString& path, bool keepName)
         return false;
     QDataStream stream(&file);
     stream.setByteOrder(QDataStream::LittleEndian);
+    // From here a failure leaves the model empty: the file was meant to replace it.
+    clear();
     QSNDHeader header;
     stream >> header;
-    if (stream.status() != QDataStream::Ok || !header.hasSignature())
+    if (stream.status() != QDataStream::Ok || !header.hasSignature()) {
+        setModified(false);
         return false;
-
-    clear();
+    }
     ChangeLock lock(this);
     const qint64 fileSize = file.size();
     bool allow = true;
