@@ -99,6 +99,7 @@ public:
     /// Reads an SND file; false, with the model empty, when it can't be read.
     bool fromFile(const QString& path, bool keepName = false);
     /// Writes an SND file; a failed save leaves the previous file as it was.
+    /// With `keepName` it writes a copy: name and modified flag stay.
     bool toFile(const QString& path, bool keepName = false);
     bool save() { return toFile(m_fileName, false); }
     /// Writes one sound's WAV file.

@@ -134,9 +134,11 @@ bool QSounds::toFile(const QString& path, bool keepName)
     }
     if (stream.status() != QDataStream::Ok || !file.commit())
         return false;
-    if (!keepName)
+    // A copy (a backup, a run of the engine) leaves the model as it is.
+    if (!keepName) {
         m_fileName = path;
-    setModified(false);
+        setModified(false);
+    }
     return true;
 }
 

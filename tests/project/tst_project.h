@@ -51,6 +51,12 @@ private slots:
     void saveWritesChangedSprites();
     void newCharacterAsksForSpriteFile();
 
+    // tst_projectwhole.cpp
+    void everyRealCharacterOpensWholeAndSaves();
+    void cancelledOpenLeavesNothingHalfDone();
+    void failedSaveKeepsEveryFile();
+    void saveToRunAndBackupWriteCopies();
+
     // tst_projectcli.cpp
     void infoCommandDescribesProject();
     void checkCommandChecksProjectAndNames();
