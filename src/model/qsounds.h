@@ -6,6 +6,7 @@
 #include "model/qsndrecords.h"
 #include "model/qstreamcache.h"
 
+#include <QIODevice>
 #include <QList>
 #include <QTemporaryFile>
 #include <QTimer>
@@ -98,6 +99,8 @@ public:
     // Files
     /// Reads an SND file; false, with the model empty, when it can't be read.
     bool fromFile(const QString& path, bool keepName = false);
+    /// Reads an SND file from an open device (the file name stays); as fromFile.
+    bool read(QIODevice& device);
     /// Writes an SND file; a failed save leaves the previous file as it was.
     /// With `keepName` it writes a copy: name and modified flag stay.
     bool toFile(const QString& path, bool keepName = false);

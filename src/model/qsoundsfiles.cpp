@@ -47,8 +47,15 @@ qint32 readNumber(QTokenizer& tokens)
 bool QSounds::fromFile(const QString& path, bool keepName)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly) || !read(file))
         return false;
+    if (!keepName)
+        m_fileName = path;
+    return true;
+}
+
+bool QSounds::read(QIODevice& file)
+{
     QDataStream stream(&file);
     stream.setByteOrder(QDataStream::LittleEndian);
     // From here a failure leaves the model empty: the file was meant to replace it.
@@ -97,8 +104,6 @@ bool QSounds::fromFile(const QString& path, bool keepName)
         return false;
     }
     m_header = header;
-    if (!keepName)
-        m_fileName = path;
     setModified(false);
     return true;
 }
