@@ -56,6 +56,7 @@ private slots:
     void cancelledOpenLeavesNothingHalfDone();
     void failedSaveKeepsEveryFile();
     void saveToRunAndBackupWriteCopies();
+    void infoCommandListsEveryFile();
 
     // tst_projectcli.cpp
     void infoCommandDescribesProject();

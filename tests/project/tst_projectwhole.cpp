@@ -2,6 +2,7 @@
 // cancelled open nor a failed save leaves anything half done.
 #include "tst_project.h"
 
+#include "clirunner.h"
 #include "projectkit.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
@@ -14,6 +15,7 @@
 #include "model/qsprites.h"
 
 #include <QDir>
+#include <QJsonArray>
 #include <QTemporaryDir>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -234,4 +236,32 @@ void TestProject::saveToRunAndBackupWriteCopies()
     stage.setType(ptStage);
     QCOMPARE(stage.type(), ptStage);
     QVERIFY(stage.definitions()->document()->toPlainText().contains(QStringLiteral("[BGdef]")));
+}
+
+void TestProject::infoCommandListsEveryFile()
+{
+    PF_REQUIRE_REALDATA();
+    QTemporaryDir dir;
+    const QString def = copyKfm(dir.path(), QStringLiteral("hero"));
+    const CliResult json = runCli({QStringLiteral("--json"), QStringLiteral("info"), def});
+    QCOMPARE(json.exitCode, 0);
+    QCOMPARE(json.json().value(QStringLiteral("soundCount")).toInt(), 12);
+    QCOMPARE(json.json().value(QStringLiteral("commandCount")).toInt(), 37);
+    QCOMPARE(json.json().value(QStringLiteral("stateFileCount")).toInt(), 1);
+    QMap<QString, QJsonObject> files;
+    for (const QJsonValue& value : json.json().value(QStringLiteral("files")).toArray())
+        files.insert(value.toObject().value(QStringLiteral("name")).toString(), value.toObject());
+    QCOMPARE(files.value(QStringLiteral("hero.snd")).value(QStringLiteral("count")).toInt(), 12);
+    QCOMPARE(files.value(QStringLiteral("hero.cmd")).value(QStringLiteral("count")).toInt(), 37);
+    QCOMPARE(files.value(QStringLiteral("hero.sff")).value(QStringLiteral("count")).toInt(), 281);
+    QVERIFY(files.value(QStringLiteral("hero.cns")).value(QStringLiteral("count")).toInt() > 3000);
+    QCOMPARE(files.value(QStringLiteral("hero.snd")).value(QStringLiteral("messages")).toArray().size(), 0);
+
+    // A sound file that can't be read says so under its name.
+    kit::writeBytes(dir.filePath(QStringLiteral("hero.snd")), "ElecbyteSnd");
+    const CliResult text = runCli({QStringLiteral("info"), def});
+    QCOMPARE(text.exitCode, 0);
+    QVERIFY(text.out.contains("sounds: hero.snd -> "));
+    QVERIFY(text.out.contains(", 0 sounds\n  SND: The sound file "));
+    QVERIFY(text.out.contains(", 37 commands\n"));
 }
