@@ -8,12 +8,12 @@
 #include "qsprites.h"
 #include "text/qcommonelements.h"
 #include "util/qpathresolver.h"
+#include "util/qsavebytes.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -40,15 +40,7 @@ QString QProject::backupStamp()
 bool QProject::backupCopy(const QString& source, const QString& target)
 {
     QFile in(source);
-    if (!forcePath(target) || !in.open(QIODevice::ReadOnly))
-        return false;
-    QSaveFile out(target);
-    const QByteArray bytes = in.readAll();
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size()) {
-        out.cancelWriting();
-        return false;
-    }
-    return out.commit();
+    return forcePath(target) && in.open(QIODevice::ReadOnly) && saveBytes(target, in.readAll());
 }
 
 void QProject::init()

@@ -8,11 +8,11 @@
 #include "model/qsounds.h"
 #include "model/qsprites.h"
 #include "text/qcodecs.h"
+#include "util/qsavebytes.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 namespace {
 
@@ -90,9 +90,7 @@ bool QProject::saveToRun(const QString& directory, const QString& name, QStringL
         spriteName = name + QStringLiteral(".sff");
         QString text = m_definitions->document()->toPlainText();
         text.replace(sprLine, QStringLiteral("spr = ") + spriteName);
-        QSaveFile file(defPath);
-        const QByteArray bytes = stringToData(text, m_definitions->codec());
-        written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+        written = saveBytes(defPath, stringToData(text, m_definitions->codec()));
         created << defPath << base + spriteName;
     } else {
         written = m_definitions->toFile(defPath, false, true);

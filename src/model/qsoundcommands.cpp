@@ -10,19 +10,19 @@ SoundListCommand::SoundListCommand(QSounds* sounds, int position)
 
 void SoundListCommand::capture()
 {
-    m_info = m_sounds->info(m_position);
-    m_data.hold(m_sounds->sampleData(m_position));
+    m_info = m_model->info(m_position);
+    m_data.hold(m_model->sampleData(m_position));
 }
 
 void SoundListCommand::takeOut()
 {
     capture();
-    m_sounds->deleteSample(m_position);
+    m_model->deleteSample(m_position);
 }
 
 void SoundListCommand::putBack()
 {
-    m_sounds->insertSample(m_position, m_info, m_data.data());
+    m_model->insertSample(m_position, m_info, m_data.data());
 }
 
 SoundInsert::SoundInsert(QSounds* sounds, int position)
@@ -48,17 +48,16 @@ SoundMove::SoundMove(QSounds* sounds, int from, int to)
 
 void SoundMove::doRedo()
 {
-    m_sounds->moveSample(m_from, m_to);
+    m_model->moveSample(m_from, m_to);
 }
 
 void SoundMove::doUndo()
 {
-    m_sounds->moveSample(m_to, m_from);
+    m_model->moveSample(m_to, m_from);
 }
 
 SoundChangeInfo::SoundChangeInfo(QSounds* sounds, int position)
-    : SoundUndoCommand(sounds)
-    , m_position(position)
+    : SoundSwap(sounds, position)
     , m_info(sounds->info(position))
 {
     setText(QStringLiteral("changeInfo"));
@@ -66,14 +65,13 @@ SoundChangeInfo::SoundChangeInfo(QSounds* sounds, int position)
 
 void SoundChangeInfo::swap()
 {
-    const QSoundInfo present = m_sounds->info(m_position);
-    m_sounds->storeInfo(m_position, m_info);
+    const QSoundInfo present = m_model->info(m_position);
+    m_model->storeInfo(m_position, m_info);
     m_info = present;
 }
 
 SoundChangeSample::SoundChangeSample(QSounds* sounds, int position)
-    : SoundUndoCommand(sounds)
-    , m_position(position)
+    : SoundSwap(sounds, position)
 {
     setText(QStringLiteral("changeSample"));
     m_data.hold(sounds->sampleData(position));
@@ -81,7 +79,7 @@ SoundChangeSample::SoundChangeSample(QSounds* sounds, int position)
 
 void SoundChangeSample::swap()
 {
-    const QByteArray present = m_sounds->sampleData(m_position);
-    m_sounds->storeData(m_position, m_data.data());
+    const QByteArray present = m_model->sampleData(m_position);
+    m_model->storeData(m_position, m_data.data());
     m_data.hold(present);
 }

@@ -58,35 +58,27 @@ private:
 };
 
 /// A new group and number; make it before the change, with the old values.
-class SoundChangeInfo : public SoundUndoCommand
+class SoundChangeInfo : public SoundSwap
 {
 public:
     SoundChangeInfo(QSounds* sounds, int position);
 
 protected:
-    void doRedo() override { swap(); }
-    void doUndo() override { swap(); }
+    void swap() override;
 
 private:
-    void swap();
-
-    int m_position;
     QSoundInfo m_info;
 };
 
 /// New WAV bytes; make it before the change, with the old bytes.
-class SoundChangeSample : public SoundUndoCommand
+class SoundChangeSample : public SoundSwap
 {
 public:
     SoundChangeSample(QSounds* sounds, int position);
 
 protected:
-    void doRedo() override { swap(); }
-    void doUndo() override { swap(); }
+    void swap() override;
 
 private:
-    void swap();
-
-    int m_position;
     SoundUndoData m_data;
 };

@@ -5,6 +5,7 @@
 
 #include "model/qsoundcommands.h"
 #include "text/qtokenizer.h"
+#include "util/qsavebytes.h"
 
 #include <QDataStream>
 #include <QDir>
@@ -13,18 +14,6 @@
 #include <QSaveFile>
 
 namespace {
-
-bool writeWhole(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    if (file.write(bytes) != bytes.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
-}
 
 QString sampleFileName(const QSample* sample)
 {
@@ -150,7 +139,7 @@ bool QSounds::toFile(const QString& path, bool keepName)
 bool QSounds::saveSample(int position, const QString& path)
 {
     const QSample* sample = at(position);
-    return sample && sample->item && writeWhole(path, m_cache.itemData(sample->item));
+    return sample && sample->item && saveBytes(path, m_cache.itemData(sample->item));
 }
 
 bool QSounds::exportAll(const QString& path)
@@ -186,7 +175,7 @@ bool QSounds::exportSamples(const QList<int>& positions, const QString& path)
                         .arg(sample->sample)
                         .arg(name);
     }
-    return writeWhole(path, compilerScript ? text.toLatin1() : text.toUtf8()) && written;
+    return saveBytes(path, compilerScript ? text.toLatin1() : text.toUtf8()) && written;
 }
 
 int QSounds::import(const QString& path, int at)

@@ -1,30 +1,5 @@
 #include "qsoundundocommand.h"
 
-#include "model/qsounds.h"
-
-SoundUndoCommand::SoundUndoCommand(QSounds* sounds)
-    : m_sounds(sounds)
-{
-}
-
-void SoundUndoCommand::redo()
-{
-    if (m_first) {
-        m_first = false;
-        return;
-    }
-    QSounds::ChangeLock lock(m_sounds);
-    doRedo();
-    m_sounds->setModified(true);
-}
-
-void SoundUndoCommand::undo()
-{
-    QSounds::ChangeLock lock(m_sounds);
-    doUndo();
-    m_sounds->setModified(true);
-}
-
 QStreamCache& SoundUndoCommand::undoCache()
 {
     static QStreamCache cache(ctHardDisk, QStringLiteral("sndUndo"), true, -1);

@@ -1,39 +1,41 @@
 #pragma once
 
+#include "model/qmodelundocommand.h"
 #include "model/qsample.h"
+#include "model/qsounds.h"
 #include "model/qstreamcache.h"
 
-#include <QUndoCommand>
-
-class QSounds;
-
 /**
- * Base of the undo commands of a sound file. A command is pushed after the
- * change it stands for, which the caller has already made, so the first
- * redo() does nothing; later ones replay the change through doRedo(). Both
- * directions run under the file's change lock, so the edits they replay
- * make no commands of their own.
+ * Base of the undo commands of a sound file (see QModelUndoCommand): the
+ * first redo() does nothing, both directions run under the file's change lock.
  */
-class SoundUndoCommand : public QUndoCommand
+class SoundUndoCommand : public QModelUndoCommand<QSounds>
 {
 public:
-    explicit SoundUndoCommand(QSounds* sounds);
-
-    void redo() final;
-    void undo() final;
+    using QModelUndoCommand::QModelUndoCommand;
 
     /// Where commands keep WAV bytes off the model: one process-wide cache
     /// on disk, zlib-compressed.
     static QStreamCache& undoCache();
+};
+
+/// A command on one sound, whose redo and undo are the same step: it
+/// exchanges the value it holds with the sound's.
+class SoundSwap : public SoundUndoCommand
+{
+public:
+    SoundSwap(QSounds* sounds, int position)
+        : SoundUndoCommand(sounds)
+        , m_position(position)
+    {
+    }
 
 protected:
-    virtual void doRedo() = 0;
-    virtual void doUndo() = 0;
+    virtual void swap() = 0;
+    void doRedo() final { swap(); }
+    void doUndo() final { swap(); }
 
-    QSounds* m_sounds;
-
-private:
-    bool m_first = true;
+    const int m_position;
 };
 
 /// WAV bytes held by a command in the undo cache, freed with the holder.

@@ -1,6 +1,7 @@
 // The commands of a CMD file: the list follows the text, edits are text
 // edits of whole groups, ordering by key-sequence length, and the cmd command.
 #include "clirunner.h"
+#include "projectkit.h"
 #include "realdata.h"
 
 #include "model/qcommand.h"
@@ -17,20 +18,8 @@
 
 namespace {
 
-QByteArray readBytes(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The bytes with every line end made CRLF, as text files are saved.
-QByteArray withCrlf(QByteArray data)
-{
-    data.replace("\r\n", "\n");
-    data.replace('\r', '\n');
-    data.replace("\n", "\r\n");
-    return data;
-}
+using kit::readBytes;
+using kit::withCrlf;
 
 void setText(QCommands& commands, const QString& text)
 {

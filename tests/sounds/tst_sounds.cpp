@@ -1,6 +1,7 @@
 // The sound model: WAV headers, SND files read and written byte for byte,
 // edits with undo, exports, playback, and the command-line tool's snd command.
 #include "clirunner.h"
+#include "projectkit.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "wavmaker.h"
@@ -20,19 +21,8 @@
 
 namespace {
 
-QByteArray readBytes(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeBytes(const QString& fileName, const QByteArray& data)
-{
-    QDir().mkpath(QFileInfo(fileName).absolutePath());
-    QFile file(fileName);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(data);
-}
+using kit::readBytes;
+using kit::writeBytes;
 
 /// The group, number and first WAV bytes of every sound: what an edit must give back on undo.
 QStringList state(QSounds& sounds)
