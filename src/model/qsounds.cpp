@@ -4,6 +4,7 @@
 #include "model/qsoundplayer.h"
 #include "util/qprompt.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSet>
 #include <cmath>
@@ -23,7 +24,7 @@ bool orgLess(const QSample* a, const QSample* b)
 QSounds::QSounds(QProject* project, QStreamCacheType cacheType, bool compress, int level)
     : QProjectFile(project, pftSounds)
     , m_cache(cacheType, QStringLiteral("mugensnd"), compress, level)
-    , m_scratch(QStringLiteral("snd.wav"))
+    , m_scratch(QDir::tempPath() + QStringLiteral("/snd-XXXXXX.wav"))
 {
     m_header.setSignature();
     m_header.comment = QSNDHeader::ownComment();

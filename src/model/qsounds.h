@@ -171,6 +171,6 @@ private:
     QSNDHeader m_header;
     QByteArray m_playing;
     QTimer m_timer;
-    QTemporaryFile m_scratch;
+    QTemporaryFile m_scratch; ///< in the temporary folder, with a ".wav" name players recognise
     QSoundPlayer* m_player = nullptr;
 };
