@@ -6,12 +6,12 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSet>
+#include <QHash>
 #include <cmath>
 
 namespace {
 
-/// Seconds a sound is given to end after its length, before stopped() is announced.
+/// Milliseconds a sound is given after its length before stopped() is announced.
 constexpr int stopGraceMs = 1000;
 
 bool orgLess(const QSample* a, const QSample* b)
