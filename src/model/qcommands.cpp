@@ -7,7 +7,6 @@
 #include "util/qengineversion.h"
 
 #include <QTextDocument>
-#include <QTextDocumentFragment>
 
 namespace {
 
@@ -46,7 +45,9 @@ int QCommands::documentEnd() const
 
 QString QCommands::textOf(const QCommand* command) const
 {
-    QString text = command->select().selection().toPlainText();
+    // The selected text as it stands (no-break spaces kept), lines ended by line feeds.
+    QString text = command->select().selectedText();
+    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
     if (!text.endsWith(QLatin1Char('\n')))
         text += QLatin1Char('\n');
     return text;
