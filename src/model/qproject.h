@@ -36,8 +36,7 @@ class QProject : public QObject
     Q_OBJECT
 public:
     /// `cacheType` and `compression` choose how the sprites keep their payloads.
-    explicit QProject(
-        QStreamCacheType cacheType = ctMemory, bool compression = false, QObject* parent = nullptr);
+    explicit QProject(QStreamCacheType cacheType = ctMemory, bool compression = false, QObject* parent = nullptr);
     ~QProject() override;
 
     /// Registers what the models read and decode (element kinds, payload
