@@ -57,6 +57,7 @@ private slots:
     void failedSaveKeepsEveryFile();
     void saveToRunAndBackupWriteCopies();
     void infoCommandListsEveryFile();
+    void saveWritesSoundsAndCommands();
 
     // tst_projectcli.cpp
     void infoCommandDescribesProject();

@@ -243,7 +243,7 @@ void TestProject::infoCommandListsEveryFile()
     PF_REQUIRE_REALDATA();
     QTemporaryDir dir;
     const QString def = copyKfm(dir.path(), QStringLiteral("hero"));
-    const CliResult json = runCli({QStringLiteral("--json"), QStringLiteral("info"), def});
+    const CliResult json = runCli({ QStringLiteral("--json"), QStringLiteral("info"), def });
     QCOMPARE(json.exitCode, 0);
     QCOMPARE(json.json().value(QStringLiteral("soundCount")).toInt(), 12);
     QCOMPARE(json.json().value(QStringLiteral("commandCount")).toInt(), 37);
@@ -259,9 +259,49 @@ void TestProject::infoCommandListsEveryFile()
 
     // A sound file that can't be read says so under its name.
     kit::writeBytes(dir.filePath(QStringLiteral("hero.snd")), "ElecbyteSnd");
-    const CliResult text = runCli({QStringLiteral("info"), def});
+    const CliResult text = runCli({ QStringLiteral("info"), def });
     QCOMPARE(text.exitCode, 0);
     QVERIFY(text.out.contains("sounds: hero.snd -> "));
     QVERIFY(text.out.contains(", 0 sounds\n  SND: The sound file "));
     QVERIFY(text.out.contains(", 37 commands\n"));
+}
+
+void TestProject::saveWritesSoundsAndCommands()
+{
+    PF_REQUIRE_REALDATA();
+    QTemporaryDir dir;
+    const QString def = copyKfm(dir.path(), QStringLiteral("hero"));
+    {
+        QProject project;
+        QVERIFY(project.open(def, 0, false, false));
+        project.sounds()->setInfo(1, QSoundInfo(42, 4));
+        project.commands()->at(2)->setName(QStringLiteral("Saved"), false);
+        QVERIFY(project.save());
+        QVERIFY(!project.sounds()->isModified());
+        QVERIFY(!project.commands()->isModified());
+    }
+    QProject reopened;
+    QVERIFY(reopened.open(def, 0, false, false));
+    QCOMPARE(reopened.sounds()->info(1), QSoundInfo(42, 4));
+    QCOMPARE(reopened.commands()->at(2)->name(false), QStringLiteral("Saved"));
+
+    // A new character's sounds have no file yet: the project asks for one, and
+    // gets no question for the commands, which are empty.
+    QProject fresh;
+    QTextCursor(fresh.definitions()->document()).insertText(QStringLiteral("[Info]\nname = \"New\"\n"));
+    QVERIFY(fresh.sounds()->add());
+    fresh.sounds()->setSampleData(0, reopened.sounds()->sampleData(0));
+    QList<QProjectFileType> asked;
+    const QString target = dir.filePath(QStringLiteral("new/new.snd"));
+    connect(&fresh, &QProject::saveFileName, &fresh, [&](QProjectFileType type, const QString&) {
+        asked << type;
+        forcePath(target);
+        return type == pftSounds ? target : QString();
+    });
+    fresh.save();
+    QCOMPARE(asked, (QList<QProjectFileType> { pftDefinitions, pftSounds }));
+    QSounds written(nullptr, ctMemory, false, -1);
+    QVERIFY(written.fromFile(target));
+    QCOMPARE(written.sampleData(0), reopened.sounds()->sampleData(0));
+    QCOMPARE(fresh.sounds()->fileName(), target);
 }
