@@ -170,7 +170,7 @@ void TestProject::defPalettesComeBeforeSprites()
     blankProgress.connectTo(&blank);
     QVERIFY(blank.open(dir.filePath(QStringLiteral("blank.def")), 0, false, false));
     QCOMPARE(blank.sprites()->paletteCount(), 0);
-    QCOMPARE(blankProgress.calls, 3); // the start, the (missing) sprites and the (missing) animations
+    QCOMPARE(blankProgress.calls, 5); // the start and the (missing) sprites, animations, sounds and commands
     QCOMPARE(prompt.entries().size(), 0);
 }
 
