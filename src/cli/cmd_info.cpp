@@ -2,6 +2,7 @@
 // file of it as the project opens it.
 #include "qclicommand.h"
 
+#include "model/qanimations.h"
 #include "model/qcommands.h"
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
@@ -20,8 +21,8 @@
 namespace {
 
 /// One file of the file set: what it is for, the name the DEF gives, where it
-/// leads, and what the project made of it: how many items (sprites, sounds,
-/// commands, lines of a state file; -1 when it has no model here) and its messages.
+/// leads, and what the project made of it: how many items (sprites, actions,
+/// sounds, commands, lines of a state file; -1 when it has no model here) and its messages.
 struct NamedFile
 {
     QString role;
@@ -52,7 +53,8 @@ QList<NamedFile> namedFiles(const QProject& project, const QProjectFiles& files)
     };
     add(QStringLiteral("sprites"), files.sprites, project.sprites()->count(), "sprites",
         project.sprites()->messages());
-    add(QStringLiteral("animations"), files.animations, -1, "", nullptr);
+    add(QStringLiteral("animations"), files.animations, int(project.animations()->animations().size()), "actions",
+        project.animations()->messages());
     add(QStringLiteral("sounds"), files.sounds, project.sounds()->count(), "sounds", project.sounds()->messages());
     add(QStringLiteral("commands"), files.commands, project.commands()->count(), "commands",
         project.commands()->messages());
