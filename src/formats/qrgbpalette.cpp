@@ -2,6 +2,7 @@
 
 #include "qabstractpalette.h"
 #include "qimagefiles.h"
+#include "qpalettematcher.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +10,6 @@
 #include <QSaveFile>
 
 #include <algorithm>
-#include <climits>
 #include <cstring>
 
 QRGBPalette::QRGBPalette(QObject* parent)
@@ -65,23 +65,10 @@ int QRGBPalette::index(const QRGBA& colour) const
 {
     if (!m_palette)
         return 0;
-    int best = 0;
-    int bestDistance = INT_MAX;
-    uchar bestAlpha = 255;
-    for (int i = 0; i < 256; ++i) {
-        const QRGBA& entry = (*m_palette)[i];
-        const int dr = int(entry.r) - colour.r;
-        const int dg = int(entry.g) - colour.g;
-        const int db = int(entry.b) - colour.b;
-        const int distance = dr * dr + dg * dg + db * db;
-        const int alpha = int(entry.a) - colour.a;
-        if (distance < bestDistance || (distance == bestDistance && alpha < int(bestAlpha))) {
-            best = i;
-            bestDistance = distance;
-            bestAlpha = uchar(alpha);
-        }
-    }
-    return best;
+    QRgb table[256];
+    for (int i = 0; i < 256; ++i)
+        table[i] = (*m_palette)[i].toQRgb();
+    return QPaletteMatcher::nearest(table, 256, colour.toQRgb());
 }
 
 void QRGBPalette::fromPalette(const QRGBA* source)

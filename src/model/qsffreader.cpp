@@ -208,19 +208,9 @@ bool QSFFReader::readVersion1()
             const QImageInfo info = infoFromPCX(pcx);
             QImage image = plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx) : QImage();
             palette = v1Palette(image, sub, count, characterPalette, current);
-            if (!image.isNull()) {
-                bool changed = false;
-                if (palette && palette->colorCount() < 256)
-                    changed = QSprites::fixImage(image, palette->colorCount(), palette->colorTable());
-                if (changed) {
-                    const QByteArray pixels = imageBytes(image);
-                    sprite->setEncodedImage(pixels, cfNone, quint16(image.width()), quint16(image.height()),
-                                            image.format(), crc64(pixels));
-                } else {
-                    sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()),
-                                            image.format(), imageChecksum(image));
-                }
-            }
+            if (!image.isNull())
+                sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()), image.format(),
+                                        imageChecksum(image));
         }
         properties.palette = palette ? palette->index() : -1;
         sprite->setProperties(properties);

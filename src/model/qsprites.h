@@ -143,8 +143,6 @@ public:
     int findBaseSprite(const QSpriteImageData* data, const QSpritePalette* palette, int upTo) const;
     /// First position at or before `upTo` whose palette uses `data`; -1 if none.
     int findBasePalette(const QSpritePaletteData* data, int upTo) const;
-    /// Replaces pixels above `count` of an indexed image; whether any changed.
-    static bool fixImage(QImage& image, int count, const QVector<QRgb>& table);
     /// Order of autoOrganize for this file's version: negative when `a` goes first.
     int palOrgCompare(const QSprite* a, const QSprite* b) const;
 
