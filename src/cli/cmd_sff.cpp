@@ -27,11 +27,11 @@ QString versionText(quint32 version)
 quint32 parseVersion(const QString& text)
 {
     if (text == QLatin1String("1.0.1.0"))
-        return QSprites::version101;
+        return sffVersion101;
     if (text == QLatin1String("2.0.0.0"))
-        return 0x02000000;
+        return sffVersion200;
     if (text == QLatin1String("2.0.1.0"))
-        return QSprites::defaultVersion;
+        return sffVersion201;
     return 0;
 }
 

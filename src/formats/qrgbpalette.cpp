@@ -27,7 +27,7 @@ bool QRGBPalette::fromFile(const QString& path)
         const QImage image = loadImage(path);
         if (image.format() != QImage::Format_Indexed8)
             return false;
-        getRGBPal(image.colorTable(), *m_palette);
+        colorTableToPalette(image.colorTable(), *m_palette);
     } else {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
@@ -86,18 +86,19 @@ void QRGBPalette::toPalette(QRGBA (&target)[256]) const
         std::memcpy(static_cast<void*>(target), *m_palette, sizeof target);
 }
 
-void getRGBPal(const QVector<QRgb>& colours, QRGBA (&palette)[256])
+void colorTableToPalette(const QVector<QRgb>& colours, QRGBA (&palette)[256])
 {
     const int count = int(std::min<qsizetype>(colours.size(), 256));
     for (int i = 0; i < count; ++i)
         palette[i] = QRGBA::fromQRgb(colours.at(i));
 }
 
-void getRgbPal(const QRGBA (*palette)[256], QVector<QRgb>& colours)
+QVector<QRgb> paletteToColorTable(const QRGBA* palette)
 {
-    colours.reserve(colours.size() + 256);
-    for (int i = 0; i < 256; ++i)
-        colours.append(palette ? (*palette)[i].toQRgb() : 0u);
+    QVector<QRgb> colours(256, 0u);
+    for (int i = 0; palette && i < 256; ++i)
+        colours[i] = palette[i].toQRgb();
+    return colours;
 }
 
 void invertPalette(QRGBA (*palette)[256])

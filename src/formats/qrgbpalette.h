@@ -55,9 +55,10 @@ private:
 };
 
 /// Copies a QImage colour table into a palette, as far as the table goes.
-void getRGBPal(const QVector<QRgb>& colours, QRGBA (&palette)[256]);
-/// Appends the 256 entries as 0xAARRGGBB; a null palette gives 256 zeros.
-void getRgbPal(const QRGBA (*palette)[256], QVector<QRgb>& colours);
+void colorTableToPalette(const QVector<QRgb>& colours, QRGBA (&palette)[256]);
+/// The 256 entries of a palette as a QImage colour table (0xAARRGGBB); a null
+/// palette gives 256 zeros.
+QVector<QRgb> paletteToColorTable(const QRGBA* palette);
 /// Reverses the table: entry i trades places with entry 255 - i.
 void invertPalette(QRGBA (*palette)[256]);
 /// How much of the table is in use: the highest index from 254 down whose

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "formats/qrgba.h"
-#include "qprojecttypes.h"
 #include "qstreamcacheitem.h"
 #include "util/qmessages.h"
 #include "util/qpaths.h"
+#include "util/qprojecttypes.h"
 
 #include <QList>
 #include <QObject>

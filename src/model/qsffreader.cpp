@@ -19,8 +19,6 @@
 
 namespace {
 
-constexpr quint32 versionV200 = 0x02000000;
-constexpr quint32 versionV201 = 0x02000100;
 constexpr qint64 bodyStart = 512;
 
 /// The scan lines of an image with the row padding zeroed: equal pictures
@@ -47,24 +45,6 @@ bool tableColors(const QImage& image, QRGBA (&colors)[256])
         colors[i] = QRGBA::fromRGB(QRGBA::fromQRgb(table.at(i)).toRGB());
     colors[0].a = 0;
     return true;
-}
-
-QStreamCacheFilterType filterOf(quint8 compression)
-{
-    switch (compression) {
-    case 2:
-        return cfRLE8;
-    case 3:
-        return cfRLE5;
-    case 4:
-        return cfLZ5;
-    case 10:
-    case 11:
-    case 12:
-        return cfPNG;
-    default:
-        return cfNone;
-    }
 }
 
 /**
@@ -115,9 +95,9 @@ bool QSFFReader::read(const QByteArray& data, const QString& name)
     bool ok = stream.status() == QDataStream::Ok && header.hasSignature();
     if (ok) {
         m_sprites->setVersion(header.version);
-        if (header.version == QSprites::version101) {
+        if (header.version == sffVersion101) {
             ok = readVersion1();
-        } else if (header.version == versionV201 || header.version == versionV200) {
+        } else if (header.version == sffVersion201 || header.version == sffVersion200) {
             ok = readVersion2(header.version);
         } else {
             prompt().critical(QSprites::tr("Sprite loading error"),
@@ -303,7 +283,7 @@ void QSFFReader::readV2Palettes(const QList<QSFFv2Palette>& records, const QSFFv
         QRGBA colors[256];
         const QByteArray bytes = bytesAt(qint64(header.ldataOffset) + record.offset, qMin<quint32>(record.length, 1024));
         std::memcpy(colors, bytes.constData(), size_t(bytes.size()));
-        if (version == versionV200) {
+        if (version == sffVersion200) {
             // The alpha bytes of this version mean nothing: the engine draws
             // entry 0 transparent and every other entry opaque.
             colors[0].a = 0;
@@ -357,7 +337,7 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
     // Judged by the bytes the file really holds, not the length it claims.
     if (!plausibleSize(record.width, record.height, format, data.size()))
         return;
-    if (record.compression == 0) {
+    if (record.compression == scRaw) {
         // Raw pixels are rows of depth * width / 8 bytes end to end. The
         // engine's own raw fonts carry no size prefix; a payload exactly four
         // bytes longer than its rows has one, and it is skipped.
@@ -370,7 +350,7 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
         return;
     // Dropping the size prefix from the front of an unshared array moves no bytes.
     data.remove(0, 4);
-    sprite->setEncodedImage(data, filterOf(record.compression), record.width, record.height, format);
+    sprite->setEncodedImage(data, sffFilterOf(record.compression), record.width, record.height, format);
 }
 
 void QSFFReader::joinDuplicates()

@@ -15,42 +15,15 @@
 
 namespace {
 
-constexpr quint32 versionV200 = 0x02000000;
-constexpr quint32 versionV201 = 0x02000100;
 constexpr int pcxPaletteSize = 768;
-
-enum Compression : quint8 {
-    compressionNone = 1,
-    compressionRLE8 = 2,
-    compressionLZ5 = 4,
-    compressionPNG8 = 10,
-    compressionPNG24 = 11,
-    compressionPNG32 = 12,
-};
-
-QStreamCacheFilterType filterOf(quint8 compression)
-{
-    switch (compression) {
-    case compressionRLE8:
-        return cfRLE8;
-    case compressionLZ5:
-        return cfLZ5;
-    case compressionPNG8:
-    case compressionPNG24:
-    case compressionPNG32:
-        return cfPNG;
-    default:
-        return cfNone;
-    }
-}
 
 quint8 pngCompression(QImage::Format format)
 {
     if (format == QImage::Format_ARGB32)
-        return compressionPNG32;
+        return scPNG32;
     if (format == QImage::Format_RGB32)
-        return compressionPNG24;
-    return compressionPNG8;
+        return scPNG24;
+    return scPNG8;
 }
 
 /**
@@ -65,17 +38,17 @@ quint8 compressionFor(const QSprite* sprite, QStreamCacheFilterType filter, quin
 {
     const QSpriteImageData* data = sprite->imageData();
     if (!data)
-        return compressionNone;
+        return scEmpty;
     const bool indexed = data->format == QImage::Format_Indexed8;
     if (filter == cfRLE8 || (filter == cfLZ5 && indexed))
-        return filter == cfRLE8 ? compressionRLE8 : compressionLZ5;
-    if (filter == cfPNG && version == versionV201)
+        return filter == cfRLE8 ? scRLE8 : scLZ5;
+    if (filter == cfPNG && version == sffVersion201)
         return pngCompression(data->format);
     if (!indexed)
         return pngCompression(data->format);
     if (shortPalette)
-        return compressionLZ5;
-    return version == versionV200 ? compressionRLE8 : compressionPNG8;
+        return scLZ5;
+    return version == sffVersion200 ? scRLE8 : scPNG8;
 }
 
 } // namespace
@@ -101,7 +74,7 @@ bool QSFFWriter::write(const QString& path)
     stream << header;
     bool ok = step(0, uint(m_sprites->count() + m_sprites->paletteCount()));
     if (ok)
-        ok = version == QSprites::version101 ? writeVersion1(&file) : writeVersion2(&file, version);
+        ok = version == sffVersion101 ? writeVersion1(&file) : writeVersion2(&file, version);
     if (!ok || stream.status() != QDataStream::Ok) {
         file.cancelWriting();
         return false;
@@ -278,7 +251,7 @@ bool QSFFWriter::writeV2Sprite(int position, quint32 version, QSFFv2Sprite& reco
     record.palette = quint16(qMax(sprite->palette() ? sprite->palette()->index() : 0, 0));
     record.offset = quint32(block.size());
     if (!data) {
-        record.compression = compressionNone;
+        record.compression = scEmpty;
         return true;
     }
     QStreamCache* cache = m_sprites->cache();
@@ -288,17 +261,17 @@ bool QSFFWriter::writeV2Sprite(int position, quint32 version, QSFFv2Sprite& reco
     const QSpritePalette* palette = sprite->palette();
     const bool shortPalette = palette && palette->colorCount() == 32 && !m_widened.contains(palette);
     record.compression = compressionFor(sprite, filter, version, shortPalette);
-    record.depth = quint8(record.compression == compressionLZ5 ? 5 : formatToDepth(data->format));
+    record.depth = quint8(record.compression == scLZ5 ? 5 : formatToDepth(data->format));
     const int link = m_sprites->findBaseSprite(data, position - 1);
     if (link >= 0) {
         record.link = quint16(link);
         return true;
     }
-    QByteArray payload = filter == filterOf(record.compression) ? cache->itemRawData(data->item)
+    QByteArray payload = filter == sffFilterOf(record.compression) ? cache->itemRawData(data->item)
                                                                  : encodedPayload(sprite, position, record.compression);
     if (payload.isEmpty()) {
-        if (filter == filterOf(record.compression)) {
-            record.compression = compressionNone;
+        if (filter == sffFilterOf(record.compression)) {
+            record.compression = scEmpty;
             return true;
         }
         return false;
@@ -343,9 +316,9 @@ QByteArray QSFFWriter::encodedPayload(QSprite* sprite, int position, quint8 comp
 {
     const QImage image = sprite->image(sipOwn);
     QByteArray payload;
-    if (compression == compressionLZ5)
+    if (compression == scLZ5)
         payload = saveLZ5(image, true);
-    else if (compression == compressionRLE8)
+    else if (compression == scRLE8)
         payload = saveRLE8(image);
     else
         payload = savePNG(image);
@@ -357,8 +330,8 @@ QByteArray QSFFWriter::encodedPayload(QSprite* sprite, int position, quint8 comp
         // The pixels stay the same, and so does their CRC, except through
         // LZ5, which keeps five bits a pixel: that one is computed again.
         QSpriteImageData* data = sprite->imageData();
-        const quint64 crc = compression == compressionLZ5 ? 0 : data->item->crc;
-        m_sprites->cache()->setItemData(data->item, payload, filterOf(compression), data->param(), crc);
+        const quint64 crc = compression == scLZ5 ? 0 : data->item->crc;
+        m_sprites->cache()->setItemData(data->item, payload, sffFilterOf(compression), data->param(), crc);
     }
     return payload;
 }

@@ -194,7 +194,7 @@ void QSprite::adoptPalette(QImage& image, QSpritePaletteMode mode, const QSubIte
     }
     if (image.format() == QImage::Format_Indexed8 && (mode == spmNew || !m_palette)) {
         QRGBA colors[256];
-        getRGBPal(image.colorTable(), colors);
+        colorTableToPalette(image.colorTable(), colors);
         colors[0].a = 0;
         setPalette(m_owner->addPalette(colors, spsReuse, 0, -1));
     }

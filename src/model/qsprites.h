@@ -4,6 +4,7 @@
 #include "model/qpaletteobject.h"
 #include "model/qprojectfile.h"
 #include "model/qremapmodel.h"
+#include "model/qsffrecords.h"
 #include "model/qsprite.h"
 #include "model/qspritepalette.h"
 #include "model/qstreamcache.h"
@@ -32,8 +33,8 @@ class QSprites : public QOrganizableObject, public QProjectFile
 {
     Q_OBJECT
 public:
-    static constexpr quint32 defaultVersion = 0x02000100;
-    static constexpr quint32 version101 = 0x01000100;
+    static constexpr quint32 defaultVersion = sffVersion201;
+    static constexpr quint32 version101 = sffVersion101;
 
     /// Raises the change lock of a sprite file for its lifetime.
     class ChangeLock

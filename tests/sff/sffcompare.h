@@ -44,7 +44,7 @@ QStringList linkDifferences(const QSprites& expected, const QSprites& actual);
 /// A version 2 file put together from its records (offsets are filled in).
 struct SffV2Builder
 {
-    quint32 version = 0x02000100;
+    quint32 version = sffVersion201;
     QList<QSFFv2Palette> palettes;
     QList<QSFFv2Sprite> sprites;
     QByteArray ldata;

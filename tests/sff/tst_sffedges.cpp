@@ -56,7 +56,7 @@ QByteArray version1File(const QList<QImage>& images, const QList<quint16>& links
     stream.setByteOrder(QDataStream::LittleEndian);
     QSFFHeader header;
     header.setSignature();
-    header.version = QSprites::version101;
+    header.version = sffVersion101;
     QSFFv1Header v1;
     v1.imageCount = quint32(images.size());
     stream << header << v1;
@@ -236,7 +236,7 @@ void TestSff::paletteAlphaByVersion()
     QRecordingPrompt prompt;
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("alpha.sff"));
-    for (quint32 version : { 0x02000000u, 0x02000100u }) {
+    for (quint32 version : { sffVersion200, sffVersion201 }) {
         SffV2Builder file;
         file.version = version;
         file.ldata = colourBytes(17);
@@ -323,7 +323,7 @@ void TestSff::shortPaletteWritesLZ5()
     QSprite* sprite = sprites->add();
     sprite->setImage(indexedImage(40, 30, 1), ssmShared, false, spmUse, QSubItem(1, 1));
     QCOMPARE(sprite->palette(), palette);
-    for (quint32 version : { 0x02000000u, 0x02000100u }) {
+    for (quint32 version : { sffVersion200, sffVersion201 }) {
         const QString path = dir.filePath(QStringLiteral("short%1.sff").arg(version, 0, 16));
         QVERIFY(sprites->toFile(path, version));
         const QSFFv2Sprite record = spriteRecords(readFile(path)).first();
@@ -360,7 +360,7 @@ void TestSff::sharedImageUnderTwoPalettes()
     QCOMPARE(records.at(1).palette, quint16(1));
 
     const QString v1 = dir.filePath(QStringLiteral("two1.sff"));
-    QVERIFY(sprites->toFile(v1, QSprites::version101));
+    QVERIFY(sprites->toFile(v1, sffVersion101));
     auto reloaded = loadSprites(v1);
     QVERIFY(reloaded);
     QCOMPARE(spriteDifferences(*sprites, *reloaded, false), QStringList());
@@ -379,8 +379,8 @@ void TestSff::trueColourByVersion()
     for (int x = 0; x < 20; ++x)
         picture.setPixel(x, 5, qRgba(x * 12, 200, 40, 255));
     sprites->add()->setImage(picture);
-    QVERIFY(sprites->canSave(0x02000100));
-    QVERIFY(!sprites->canSave(0x02000000));
+    QVERIFY(sprites->canSave(sffVersion201));
+    QVERIFY(!sprites->canSave(sffVersion200));
     QCOMPARE(prompt.entries().last().text, QStringLiteral("You can't save this SFF without palettes."));
 
     const QString png = dir.filePath(QStringLiteral("true.sff"));
@@ -410,7 +410,7 @@ void TestSff::trueColourByVersion()
     QSprite* second = sprites->add();
     second->setItem(1, 0);
     second->setImage(many);
-    QVERIFY(sprites->toFile(dir.filePath(QStringLiteral("many.sff")), QSprites::version101));
+    QVERIFY(sprites->toFile(dir.filePath(QStringLiteral("many.sff")), sffVersion101));
     const QString told = prompt.entries().last().text;
     QVERIFY(told.startsWith(QStringLiteral("1 true-colour sprite(s) reduced")));
     QVERIFY(!told.endsWith(QStringLiteral("is 0 of 255.")));
@@ -421,15 +421,15 @@ void TestSff::canSaveChecks()
 {
     QRecordingPrompt prompt;
     auto sprites = newSprites();
-    QVERIFY(!sprites->canSave(0x02000100));
+    QVERIFY(!sprites->canSave(sffVersion201));
     QCOMPARE(prompt.entries().last().text,
              QStringLiteral("You can't save an empty SFF because M.U.G.E.N. will not open it."));
     QCOMPARE(prompt.entries().last().title, QStringLiteral("Save SFF"));
     QSprite* sprite = sprites->add();
     sprite->setImage(indexedImage(4, 4, 0), ssmShared, false, spmNew);
-    QVERIFY(sprites->canSave(QSprites::version101));
+    QVERIFY(sprites->canSave(sffVersion101));
     sprites->removePalette(0);
-    QVERIFY(!sprites->canSave(0x02000100));
+    QVERIFY(!sprites->canSave(sffVersion201));
 }
 
 namespace {
@@ -481,7 +481,7 @@ void TestSff::portraitPaletteKeepsTheStandColours()
     second->setItem(0, 0);
     second->setImage(stand, ssmShared, false, spmNew);
     QVERIFY(first->palette() != second->palette());
-    for (quint32 version : { QSprites::version101, 0x02000000u, 0x02000100u })
+    for (quint32 version : { sffVersion101, sffVersion200, sffVersion201 })
         QCOMPARE(conversionDifferences(*sprites, version, dir.filePath(QStringLiteral("stand.sff"))), QStringList());
 }
 
@@ -504,7 +504,7 @@ void TestSff::opaqueColourOfTheTransparentRgbStaysOpaque()
     image.scanLine(3)[3] = 255;
     const QString source = dir.filePath(QStringLiteral("v1.sff"));
     QVERIFY(writeFile(source, version1File({ image, image.mirrored(true, false) }, { 0, 0 })));
-    for (quint32 version : { QSprites::version101, 0x02000000u, 0x02000100u }) {
+    for (quint32 version : { sffVersion101, sffVersion200, sffVersion201 }) {
         auto sprites = loadSprites(source);
         QVERIFY(sprites);
         QCOMPARE(sprites->at(0)->palette()->colorCount(), 32);

@@ -18,9 +18,6 @@
 
 namespace {
 
-constexpr quint32 v101 = 0x01000100;
-constexpr quint32 v200 = 0x02000000;
-constexpr quint32 v201 = 0x02000100;
 
 struct HeaderCounts
 {
@@ -37,7 +34,7 @@ HeaderCounts headerCounts(const QByteArray& file)
     HeaderCounts counts;
     stream.skipRawData(12);
     stream >> counts.version;
-    if (counts.version == v101) {
+    if (counts.version == sffVersion101) {
         stream.skipRawData(4);
         stream >> counts.sprites;
     } else {
@@ -69,7 +66,7 @@ QList<QSize> statedSizes(const QByteArray& file)
 
 QString versionName(quint32 version)
 {
-    return version == v101 ? QStringLiteral("1.0.1.0") : version == v200 ? QStringLiteral("2.0.0.0")
+    return version == sffVersion101 ? QStringLiteral("1.0.1.0") : version == sffVersion200 ? QStringLiteral("2.0.0.0")
                                                                            : QStringLiteral("2.0.1.0");
 }
 
@@ -93,9 +90,9 @@ void TestSff::loadsRealFiles()
     QVERIFY(sprites);
     QCOMPARE(sprites->getVersion(), counts.version);
     QCOMPARE(quint32(sprites->count()), counts.sprites);
-    if (counts.version != v101)
+    if (counts.version != sffVersion101)
         QCOMPARE(quint32(sprites->paletteCount()), counts.palettes);
-    const QList<QSize> stated = counts.version == v101 ? QList<QSize>() : statedSizes(file);
+    const QList<QSize> stated = counts.version == sffVersion101 ? QList<QSize>() : statedSizes(file);
     for (int i = 0; i < sprites->count(); ++i) {
         const QSprite* sprite = sprites->at(i);
         QVERIFY2(sprite->imageData(), qPrintable(QStringLiteral("sprite %1 is empty").arg(i)));
@@ -120,7 +117,7 @@ void TestSff::roundTrips_data()
         if (seen.contains(hash))
             continue;
         seen.insert(hash);
-        for (quint32 version : { v101, v200, v201 })
+        for (quint32 version : { sffVersion101, sffVersion200, sffVersion201 })
             QTest::newRow(qPrintable(QDir(realDataDir()).relativeFilePath(path) + QLatin1Char('@')
                                      + versionName(version)))
                 << path << version;
@@ -169,7 +166,7 @@ void TestSff::roundTrips()
         if (colours == shown.at(i))
             continue;
         const int error = worstColourError(shown.at(i), colours);
-        if (trueColour.at(i) && version != v201 && error < 256)
+        if (trueColour.at(i) && version != sffVersion201 && error < 256)
             reduced << QStringLiteral("%1 worst %2").arg(name).arg(error);
         else
             differences << QStringLiteral("%1: colours, worst error %2").arg(name).arg(error);
@@ -181,7 +178,7 @@ void TestSff::roundTrips()
     if (!reduced.isEmpty())
         return;
     QCOMPARE(linkDifferences(*original, *saved), QStringList());
-    if (version != v101)
+    if (version != sffVersion101)
         QCOMPARE(paletteDifferences(*original, *saved, version == source), QStringList());
     if (version != source)
         return;
@@ -207,8 +204,8 @@ void TestSff::kfmOfBothEnginesAgree()
     auto old = loadSprites(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff"));
     auto resaved = loadSprites(realDataDir() + QStringLiteral("/Tunlan__mugen-1.1b1/chars/kfm/kfm.sff"));
     QVERIFY(old && resaved);
-    QCOMPARE(old->getVersion(), v200);
-    QCOMPARE(resaved->getVersion(), v201);
+    QCOMPARE(old->getVersion(), sffVersion200);
+    QCOMPARE(resaved->getVersion(), sffVersion201);
     QCOMPARE(spriteDifferences(*old, *resaved, true), QStringList());
     QCOMPARE(paletteDifferences(*old, *resaved, false), QStringList());
 }

@@ -39,7 +39,7 @@ void TestSff::oldFontBecomesSprites()
     const QString name = QFileInfo(path).completeBaseName();
     QVERIFY(text.startsWith(QStringLiteral("[FNT v2]\nfntversion = 2,00\nname = \"%1\"\n").arg(name)));
     QVERIFY(text.endsWith(QStringLiteral("file = %1.sff\n").arg(name)));
-    QCOMPARE(sprites->getVersion(), 0x02000000u);
+    QCOMPARE(sprites->getVersion(), sffVersion200);
     QCOMPARE(sprites->count(), int(font.map().size()));
     QCOMPARE(sprites->paletteCount(), font.banks());
     int position = 0;
@@ -95,7 +95,7 @@ void TestSff::commandLine()
              0);
     auto converted = loadSprites(v1);
     QVERIFY(converted);
-    QCOMPARE(converted->getVersion(), QSprites::version101);
+    QCOMPARE(converted->getVersion(), sffVersion101);
     QCOMPARE(spriteDifferences(*loadSprites(kfm), *converted, false), QStringList());
 
     const QString exported = dir.filePath(QStringLiteral("out/kfm.pfe"));
