@@ -48,6 +48,8 @@ int runPalette(const QCliRun& run)
         return run.fail(fileName,
             format == QLatin1String("image") ? QStringLiteral("not an indexed image")
                                              : QStringLiteral("cannot be read"));
+    if (!palette.fault().isEmpty())
+        return run.fail(fileName, palette.fault());
     const QString target = arguments.value(1);
     if (!target.isEmpty() && !palette.toFile(target))
         return run.fail(target, QStringLiteral("cannot be written"));

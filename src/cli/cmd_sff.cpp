@@ -2,6 +2,7 @@
 #include "qclicommand.h"
 
 #include "formats/qimagefiles.h"
+#include "model/qsffreader.h"
 #include "model/qspriteimagedata.h"
 #include "model/qsprites.h"
 
@@ -60,10 +61,16 @@ bool openSprites(const QCliRun& run, QSprites& sprites, const QString& fileName)
         run.fail(fileName, QStringLiteral("no such file"));
         return false;
     }
-    if (!sprites.fromFile(fileName)) {
-        run.fail(fileName, QStringLiteral("not a readable SFF file"));
+    // Read as the model reads a file of its own, with what went wrong kept:
+    // a file cut short is refused, saying where, rather than shown half blank.
+    QSFFReader reader(&sprites, true);
+    const bool read = reader.read(fileName);
+    if (!read || !reader.faults().isEmpty()) {
+        run.fail(fileName, reader.faults().value(0, QStringLiteral("not a readable SFF file")));
         return false;
     }
+    sprites.setFileName(fileName);
+    sprites.setModified(false);
     return true;
 }
 

@@ -21,6 +21,7 @@ bool QRGBPalette::fromFile(const QString& path)
 {
     if (!m_palette)
         return false;
+    m_fault.clear();
     emit changing();
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("png") || suffix == QLatin1String("pcx") || suffix == QLatin1String("bmp")) {
@@ -34,7 +35,9 @@ bool QRGBPalette::fromFile(const QString& path)
             return false;
         const std::unique_ptr<QAbstractPalette> reader = QAbstractPalette::forFile(suffix, file.peek(4));
         std::memset(static_cast<void*>(*m_palette), 0, sizeof *m_palette);
-        reader->fromFile(&file, m_palette);
+        if (!reader->fromFile(&file, m_palette))
+            m_fault = !reader->fault().isEmpty() ? reader->fault()
+                                                 : QStringLiteral("not a valid %1 palette").arg(reader->name());
     }
     (*m_palette)[0].a = 0;
     emit changed();

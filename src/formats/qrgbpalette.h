@@ -33,6 +33,10 @@ public:
      * False only when nothing could be opened; the table is then unchanged.
      */
     bool fromFile(const QString& path);
+    /// What the last fromFile found wrong with a file it still read (a
+    /// palette file that does not parse gives a partial or zero table); empty
+    /// when the file was sound.
+    QString fault() const { return m_fault; }
     /// Writes the table as an ACT file whatever the suffix, replacing the file
     /// only when all 768 bytes were written.
     bool toFile(const QString& path);
@@ -52,6 +56,7 @@ signals:
 
 private:
     QRGBA (*m_palette)[256] = nullptr;
+    QString m_fault;
 };
 
 /// Copies a QImage colour table into a palette, as far as the table goes.

@@ -13,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QLocale>
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -85,6 +86,7 @@ bool QSFFReader::read(const QByteArray& data, const QString& name)
 {
     m_data = data;
     m_name = name;
+    m_faults.clear();
     m_sprites->clear();
     QSprites::ChangeLock lock(m_sprites);
     m_sprites->beginChange();
@@ -93,6 +95,8 @@ bool QSFFReader::read(const QByteArray& data, const QString& name)
     QSFFHeader header;
     stream >> header;
     bool ok = stream.status() == QDataStream::Ok && header.hasSignature();
+    if (!ok)
+        m_faults << QStringLiteral("not an SFF file: no \"ElecbyteSpr\" signature at its start");
     if (ok) {
         m_sprites->setVersion(header.version);
         if (header.version == sffVersion101) {
@@ -100,6 +104,11 @@ bool QSFFReader::read(const QByteArray& data, const QString& name)
         } else if (header.version == sffVersion201 || header.version == sffVersion200) {
             ok = readVersion2(header.version);
         } else {
+            m_faults << QStringLiteral("SFF version %1.%2.%3.%4 is not one this program reads")
+                            .arg(header.version >> 24)
+                            .arg((header.version >> 16) & 0xFF)
+                            .arg((header.version >> 8) & 0xFF)
+                            .arg(header.version & 0xFF);
             prompt().critical(QSprites::tr("Sprite loading error"),
                               QSprites::tr("%1(0): SFF version '%2.%3.%4.%5' not supported yet")
                                   .arg(m_name)
@@ -134,6 +143,17 @@ void QSFFReader::reportLink(int position, const QString& text, int target) const
     prompt().critical(QSprites::tr("Sprite loading error"), text.arg(m_name).arg(position).arg(target));
 }
 
+void QSFFReader::pastTheEnd(const QString& what)
+{
+    m_faults << QStringLiteral("%1 runs past the end of the file at byte %2")
+                    .arg(what, QLocale(QLocale::English).toString(qint64(m_data.size())));
+}
+
+QString QSFFReader::spriteName(int position, quint16 group, quint16 index, quint32 count) const
+{
+    return QStringLiteral("sprite %1 (%2,%3) of %4").arg(position).arg(group).arg(index).arg(count);
+}
+
 QByteArray QSFFReader::bytesAt(qint64 offset, qint64 length) const
 {
     if (offset < 0 || offset >= m_data.size() || length <= 0)
@@ -148,7 +168,11 @@ bool QSFFReader::readVersion1()
     stream.device()->seek(QSFFHeader::size);
     QSFFv1Header header;
     stream >> header;
-    if (stream.status() != QDataStream::Ok || !step(0, header.imageCount))
+    if (stream.status() != QDataStream::Ok) {
+        pastTheEnd(QStringLiteral("the header"));
+        return false;
+    }
+    if (!step(0, header.imageCount))
         return false;
 
     const int characterIndex = m_sprites->findPalette(0, 1, 1);
@@ -158,8 +182,13 @@ bool QSFFReader::readVersion1()
     for (quint32 i = 0; i < header.imageCount; ++i) {
         // The next-offset field is the truth: same-palette sprites of real
         // files still count the 768 palette bytes their PCX lost in the length.
-        if (position + QSFFv1SubHeader::size > m_data.size() || !stream.device()->seek(position))
+        if (position + QSFFv1SubHeader::size > m_data.size() || !stream.device()->seek(position)) {
+            pastTheEnd(QStringLiteral("sprite %1 of %2: the subheader at byte %3")
+                           .arg(i)
+                           .arg(header.imageCount)
+                           .arg(QLocale(QLocale::English).toString(position)));
             return false;
+        }
         QSFFv1SubHeader sub;
         stream >> sub;
         if (stream.status() != QDataStream::Ok)
@@ -185,6 +214,8 @@ bool QSFFReader::readVersion1()
         } else {
             const qint64 length = sub.nextOffset > dataStart ? qint64(sub.nextOffset) - dataStart : qint64(sub.length);
             const QByteArray pcx = bytesAt(dataStart, length);
+            if (pcx.size() < length)
+                pastTheEnd(spriteName(count, sub.group, sub.index, header.imageCount) + QStringLiteral(": data"));
             const QImageInfo info = infoFromPCX(pcx);
             QImage image = plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx) : QImage();
             palette = v1Palette(image, sub, count, characterPalette, current);
@@ -235,8 +266,10 @@ bool QSFFReader::readVersion2(quint32 version)
     stream.device()->seek(QSFFHeader::size);
     QSFFv2Header header;
     stream >> header;
-    if (stream.status() != QDataStream::Ok)
+    if (stream.status() != QDataStream::Ok) {
+        pastTheEnd(QStringLiteral("the header"));
         return false;
+    }
     const uint total = header.paletteCount + header.spriteCount;
     if (!step(0, total))
         return false;
@@ -244,9 +277,18 @@ bool QSFFReader::readVersion2(quint32 version)
     // Counts are checked against the file's size before anything is made, so
     // a damaged count cannot make the reader allocate for millions of records.
     const qint64 size = m_data.size();
-    if (qint64(header.paletteOffset) + qint64(header.paletteCount) * QSFFv2Palette::size > size
-        || qint64(header.spriteOffset) + qint64(header.spriteCount) * QSFFv2Sprite::size > size)
+    if (qint64(header.paletteOffset) + qint64(header.paletteCount) * QSFFv2Palette::size > size) {
+        pastTheEnd(QStringLiteral("the palette table of %1 records at byte %2")
+                       .arg(header.paletteCount)
+                       .arg(QLocale(QLocale::English).toString(qint64(header.paletteOffset))));
         return false;
+    }
+    if (qint64(header.spriteOffset) + qint64(header.spriteCount) * QSFFv2Sprite::size > size) {
+        pastTheEnd(QStringLiteral("the sprite table of %1 records at byte %2")
+                       .arg(header.spriteCount)
+                       .arg(QLocale(QLocale::English).toString(qint64(header.spriteOffset))));
+        return false;
+    }
     QList<QSFFv2Palette> palettes(header.paletteCount);
     stream.device()->seek(header.paletteOffset);
     for (QSFFv2Palette& record : palettes)
@@ -282,6 +324,12 @@ void QSFFReader::readV2Palettes(const QList<QSFFv2Palette>& records, const QSFFv
         }
         QRGBA colors[256];
         const QByteArray bytes = bytesAt(qint64(header.ldataOffset) + record.offset, qMin<quint32>(record.length, 1024));
+        if (bytes.size() < qint64(qMin<quint32>(record.length, 1024)))
+            pastTheEnd(QStringLiteral("palette %1 (%2,%3) of %4: colours")
+                           .arg(i)
+                           .arg(record.group)
+                           .arg(record.index)
+                           .arg(records.size()));
         std::memcpy(colors, bytes.constData(), size_t(bytes.size()));
         if (version == sffVersion200) {
             // The alpha bytes of this version mean nothing: the engine draws
@@ -334,6 +382,9 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
         return;
     const qint64 block = (record.flags & sfDecompressOnLoad) ? header.tdataOffset : header.ldataOffset;
     QByteArray data = bytesAt(block + record.offset, record.length);
+    if (data.size() < qint64(record.length))
+        pastTheEnd(spriteName(m_sprites->indexOf(sprite), record.group, record.index, header.spriteCount)
+                   + QStringLiteral(": data"));
     // Judged by the bytes the file really holds, not the length it claims.
     if (!plausibleSize(record.width, record.height, format, data.size()))
         return;

@@ -43,6 +43,18 @@ void TestFormats::cliPalette()
     QCOMPARE(missing.faultLines(), 1);
     QCOMPARE(runCli({ QStringLiteral("palette") }).exitCode, 2);
 
+    // Seven bytes are no palette: one line naming the fault, not a table of zeros.
+    const QString shortAct = dir.filePath(QStringLiteral("short.act"));
+    QFile cut(shortAct);
+    QVERIFY(cut.open(QIODevice::WriteOnly));
+    cut.write("1234567");
+    cut.close();
+    const CliResult tooShort = runCli({ QStringLiteral("palette"), shortAct });
+    QCOMPARE(tooShort.exitCode, 1);
+    QCOMPARE(tooShort.faultLines(), 1);
+    QVERIFY(tooShort.err.contains("768 bytes"));
+    QVERIFY(tooShort.out.isEmpty());
+
     const QString rgb = dir.filePath(QStringLiteral("rgb.png"));
     QImage image(2, 2, QImage::Format_RGB32);
     image.fill(Qt::blue);
