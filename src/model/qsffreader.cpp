@@ -217,7 +217,10 @@ bool QSFFReader::readVersion1()
             if (pcx.size() < length)
                 pastTheEnd(spriteName(count, sub.group, sub.index, header.imageCount) + QStringLiteral(": data"));
             const QImageInfo info = infoFromPCX(pcx);
-            QImage image = plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx) : QImage();
+            // Only the colours and the checksum are wanted now: the picture goes
+            // into kept memory and the payload stays PCX in the cache.
+            const QImage image =
+                plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx, m_pixels) : QImage();
             palette = v1Palette(image, sub, count, characterPalette, current);
             if (!image.isNull())
                 sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()), image.format(),

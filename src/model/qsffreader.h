@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/qsffrecords.h"
+#include "util/qscratchbuffer.h"
 
 #include <QByteArray>
 #include <QString>
@@ -68,4 +69,5 @@ private:
     QString m_name;
     QByteArray m_data;
     QStringList m_faults;
+    QScratchBuffer m_pixels; ///< each PCX picture is decoded here, for its colours and checksum
 };

@@ -3,6 +3,8 @@
 #include "formats/qpalettematcher.h"
 #include "model/qsprites.h"
 
+#include <QHash>
+
 namespace {
 
 /// Sprites 0,0 and 9000,0 are read with the character's palette in a character.
@@ -122,18 +124,21 @@ void QSFFv1Plan::planLinksAndPalettes(const QSprites* sprites, bool character)
     // The colours the reader gives each sprite, and those in force after it.
     QList<QByteArray> shown(sprites->count());
     QByteArray current;
+    QHash<const QSpriteImageData*, QList<int>> earlierOf; // the sprites written in full, by picture
     for (int i = 0; i < sprites->count(); ++i) {
         const QSprite* sprite = sprites->at(i);
         Entry& entry = m_entries[i];
         const bool special = character && takesCharacterPalette(sprite);
         if (!special && entry.remapped.isNull() && sprite->imageData()) {
-            for (int j = 0; j < i && entry.link < 0; ++j) {
-                const Entry& earlier = m_entries.at(j);
-                if (sprites->at(j)->imageData() == sprite->imageData() && earlier.remapped.isNull()
-                    && (shown.at(j) == entry.colours || current == entry.colours))
+            for (int j : earlierOf.value(sprite->imageData())) {
+                if (shown.at(j) == entry.colours || current == entry.colours) {
                     entry.link = j;
+                    break;
+                }
             }
         }
+        if (entry.link < 0 && entry.remapped.isNull() && sprite->imageData())
+            earlierOf[sprite->imageData()].append(i);
         if (i == m_carrier)
             entry.samePalette = false; // the character's colours must be in the file
         else
