@@ -126,8 +126,8 @@ int main()
         std::printf("real engine files not found: nothing to measure\n");
         return 0;
     }
-    const Set lz5 = collect("LZ5", SffSprite::Lz5);
-    const Set rle8 = collect("RLE8", SffSprite::Rle8);
+    const Set lz5 = collect("LZ5", scLZ5);
+    const Set rle8 = collect("RLE8", scRLE8);
     const Set pcx = collect("PCX", SffSprite::Pcx);
 
     QLZ5CacheFilter lz5Filter;

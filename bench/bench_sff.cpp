@@ -58,7 +58,7 @@ void decodeAll(QSprites& sprites)
 
 void measure(const QString& root, const char* name, const QString& relative, const QString& directory)
 {
-    const QString path = root + QLatin1Char('/') + relative;
+    const QString path = root.isEmpty() ? relative : root + QLatin1Char('/') + relative;
     auto sprites = open(path);
     if (!sprites) {
         std::printf("%s: not found or unreadable\n", name);
@@ -118,6 +118,39 @@ void measure(const QString& root, const char* name, const QString& relative, con
                   bench::bestMs(3, [&] { bench::keep(sprites->toFile(saved, 0, true)); }), floor);
 }
 
+/**
+ * A large version 1 file of PCX sprites: the sprites of `source` saved as
+ * 1.0.1.0 and repeated `copies` times, each copy a different picture (one
+ * corner pixel changed) so that the reader cannot join them.
+ */
+QString largeVersion1(const QString& source, int copies, const QString& directory)
+{
+    auto original = open(source);
+    if (!original)
+        return QString();
+    QSprites large(nullptr, ctMemory, false, -1);
+    large.setVersion(QSprites::version101);
+    {
+        QSprites::ChangeLock lock(&large);
+        for (int copy = 0; copy < copies; ++copy) {
+            for (int i = 0; i < original->count(); ++i) {
+                const QSprite* sprite = original->at(i);
+                QImage image = sprite->image(sipOwn);
+                if (image.isNull())
+                    continue;
+                if (copy > 0)
+                    image.setPixel(0, 0, uint(copy));
+                QSprite* added = large.add();
+                added->setItem(sprite->itemGroup() + 10000 * copy, sprite->itemIndex());
+                added->setOffset(sprite->offset());
+                added->setImage(image, ssmPrivate, false, spmNew);
+            }
+        }
+    }
+    const QString path = directory + QStringLiteral("/large-v1.sff");
+    return large.toFile(path, QSprites::version101, true) ? path : QString();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -135,5 +168,8 @@ int main(int argc, char** argv)
     measure(root, "mugen1/system.sff (2.0.0.0, RLE8)", QStringLiteral("fanyer__mugen/data/mugen1/system.sff"),
             directory.path());
     measure(root, "system.sff (1.0.1.0, PCX)", QStringLiteral("fanyer__mugen/data/system.sff"), directory.path());
+    const QString large =
+        largeVersion1(root + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff"), 7, directory.path());
+    measure(QString(), "kfm.sff x7 (1.0.1.0, PCX)", large, directory.path());
     return 0;
 }

@@ -56,6 +56,7 @@ int runImage(const QCliRun& run)
 }
 
 const QCliCommand command("image", "image FILE [OUT]",
-    "show an image's size and depth, or convert it by the suffixes (PCX <-> PNG)", runImage);
+    "show an image's size and depth, or convert it by the suffixes (PCX <-> PNG)", runImage,
+    QCliCommand::CoreApplication);
 
 } // namespace

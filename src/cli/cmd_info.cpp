@@ -13,9 +13,11 @@
 #include "util/qengineversion.h"
 #include "util/qpathresolver.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTextDocument>
 
 namespace {
@@ -103,6 +105,26 @@ QString typeKey(QProjectType type)
     return QString();
 }
 
+/// Why a file is no DEF, or an empty string: a DEF is text, named *.def,
+/// with at least one [group] line. Anything else would open as a character
+/// with no name and no files, which tells a script nothing.
+QString notADefinition(const QString& fileName)
+{
+    if (QFileInfo(fileName).suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) != 0)
+        return QStringLiteral("not a DEF file: the name does not end in .def");
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("can't read the file");
+    const QByteArray head = file.read(1 << 16);
+    if (head.contains('\0'))
+        return QStringLiteral("not a DEF file: it holds binary data");
+    static const QRegularExpression group(QStringLiteral("^[ \\t]*\\[[^\\]\\r\\n]+\\]"),
+                                          QRegularExpression::MultilineOption);
+    if (!QString::fromLatin1(head).contains(group))
+        return QStringLiteral("not a DEF file: it has no [group] line");
+    return QString();
+}
+
 int runInfo(const QCliRun& run)
 {
     if (run.arguments().size() != 1)
@@ -110,6 +132,9 @@ int runInfo(const QCliRun& run)
     const QString fileName = run.arguments().first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
+    const QString refusal = notADefinition(fileName);
+    if (!refusal.isEmpty())
+        return run.fail(fileName, refusal);
 
     initCodecs();
     QProject::init();

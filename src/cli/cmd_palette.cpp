@@ -48,6 +48,8 @@ int runPalette(const QCliRun& run)
         return run.fail(fileName,
             format == QLatin1String("image") ? QStringLiteral("not an indexed image")
                                              : QStringLiteral("cannot be read"));
+    if (!palette.fault().isEmpty())
+        return run.fail(fileName, palette.fault());
     const QString target = arguments.value(1);
     if (!target.isEmpty() && !palette.toFile(target))
         return run.fail(target, QStringLiteral("cannot be written"));
@@ -81,6 +83,6 @@ int runPalette(const QCliRun& run)
 const QCliCommand command("palette", "palette FILE [OUT.act]",
     "show a palette's 256 colours (#rrggbbaa, entry 0 transparent) from ACT, RIFF, JASC, "
     "Painter, ACO, ASE or an indexed PNG/PCX/BMP, or convert it to ACT",
-    runPalette);
+    runPalette, QCliCommand::CoreApplication);
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "qclicommand.h"
 
 #include "formats/qimagefiles.h"
+#include "model/qsffreader.h"
 #include "model/qspriteimagedata.h"
 #include "model/qsprites.h"
 
@@ -27,11 +28,11 @@ QString versionText(quint32 version)
 quint32 parseVersion(const QString& text)
 {
     if (text == QLatin1String("1.0.1.0"))
-        return QSprites::version101;
+        return sffVersion101;
     if (text == QLatin1String("2.0.0.0"))
-        return 0x02000000;
+        return sffVersion200;
     if (text == QLatin1String("2.0.1.0"))
-        return QSprites::defaultVersion;
+        return sffVersion201;
     return 0;
 }
 
@@ -60,10 +61,16 @@ bool openSprites(const QCliRun& run, QSprites& sprites, const QString& fileName)
         run.fail(fileName, QStringLiteral("no such file"));
         return false;
     }
-    if (!sprites.fromFile(fileName)) {
-        run.fail(fileName, QStringLiteral("not a readable SFF file"));
+    // Read as the model reads a file of its own, with what went wrong kept:
+    // a file cut short is refused, saying where, rather than shown half blank.
+    QSFFReader reader(&sprites, true);
+    const bool read = reader.read(fileName);
+    if (!read || !reader.faults().isEmpty()) {
+        run.fail(fileName, reader.faults().value(0, QStringLiteral("not a readable SFF file")));
         return false;
     }
+    sprites.setFileName(fileName);
+    sprites.setModified(false);
     return true;
 }
 
@@ -209,6 +216,6 @@ int runSff(const QCliRun& run)
 
 const QCliCommand command("sff", usageText,
                           "show, convert, export or import an SFF sprite file (versions 1.0.1.0, 2.0.0.0, 2.0.1.0)",
-                          runSff);
+                          runSff, QCliCommand::CoreApplication);
 
 } // namespace

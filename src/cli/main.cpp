@@ -4,10 +4,11 @@
 #include "qclicommand.h"
 #include "qstderrprompt.h"
 
-#include "text/qcodecs.h"
 
 #include <QGuiApplication>
 #include <QTextStream>
+
+#include <memory>
 
 namespace {
 
@@ -29,19 +30,35 @@ int printHelp(const QCliRun& run)
     return 0;
 }
 
+/// The command the arguments name (the first that is not --json), or null.
+const QCliCommand* namedCommand(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], "--json") != 0)
+            return QCliCommand::find(QString::fromLocal8Bit(argv[i]));
+    return nullptr;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("PF_CLI_DEBUG"))
         qInstallMessageHandler(quietMessages);
-    // Images and text documents need the GUI library but never a display.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    // Text documents and fonts need the GUI library but never a display;
+    // --version, --help and the commands of pixels and colours need neither,
+    // and starting the platform would be most of their time.
+    std::unique_ptr<QCoreApplication> application;
+    const QCliCommand* named = namedCommand(argc, argv);
+    if (named && named->application() == QCliCommand::GuiApplication) {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    }
     QStderrPrompt stderrPrompt;
     QPrompt::install(&stderrPrompt);
-    initCodecs();
 
     QStringList arguments = QCoreApplication::arguments().mid(1);
     const bool json = arguments.removeAll(QStringLiteral("--json")) > 0;

@@ -54,11 +54,13 @@ int QCliRun::usage(const QString& usage) const
     return exitUsage;
 }
 
-QCliCommand::QCliCommand(const char* name, const char* usage, const char* summary, Handler handler)
+QCliCommand::QCliCommand(const char* name, const char* usage, const char* summary, Handler handler,
+                         Application application)
     : m_name(name)
     , m_usage(usage)
     , m_summary(summary)
     , m_handler(handler)
+    , m_application(application)
 {
     registry().append(this);
 }

@@ -41,13 +41,19 @@ class QCliCommand
 {
 public:
     using Handler = int (*)(const QCliRun& run);
+    /// What a command needs of the application: fonts, text layout and
+    /// painting need a QGuiApplication and its platform; files of pixels and
+    /// colours do with a QCoreApplication, which starts several times faster.
+    enum Application { GuiApplication, CoreApplication };
 
-    QCliCommand(const char* name, const char* usage, const char* summary, Handler handler);
+    QCliCommand(const char* name, const char* usage, const char* summary, Handler handler,
+                Application application = GuiApplication);
 
     QString name() const { return QLatin1String(m_name); }
     QString usage() const { return QLatin1String(m_usage); }
     QString summary() const { return QLatin1String(m_summary); }
     int run(const QCliRun& run) const { return m_handler(run); }
+    Application application() const { return m_application; }
 
     /// Every registered command, in name order.
     static QList<const QCliCommand*> all();
@@ -58,4 +64,5 @@ private:
     const char* m_usage;
     const char* m_summary;
     Handler m_handler;
+    Application m_application;
 };

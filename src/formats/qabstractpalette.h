@@ -24,8 +24,14 @@ public:
     virtual bool fromFile(QIODevice* device, QRGBA (*palette)[256]) = 0;
     /// The format's short name, as the command-line tool reports it ("ACT", "JASC", ...).
     virtual QString name() const = 0;
+    /// After a failed read, what was wrong, when the reader can say more than
+    /// that the file is not of its format; empty otherwise.
+    QString fault() const { return m_fault; }
 
     /// The reader of a file: by suffix "aco", else by its first four bytes
     /// ("RIFF", "JASC", "ASEF", "ROWS"), and ACT for anything else.
     static std::unique_ptr<QAbstractPalette> forFile(const QString& suffix, const QByteArray& head);
+
+protected:
+    QString m_fault;
 };

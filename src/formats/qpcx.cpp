@@ -2,6 +2,7 @@
 
 #include "qimagefiles.h"
 #include "qpcxheader.h"
+#include "util/qscratchbuffer.h"
 
 #include <QDataStream>
 #include <QIODevice>
@@ -203,10 +204,10 @@ DecodeEnd decodePlanes(const QPCXHeader& header, const uchar* in, const uchar* e
     return { in, false };
 }
 
-QImage decode(const QPCXHeader& header, const QByteArray& data)
+/// Decodes into `image`, made for the header's size and format.
+QImage decode(const QPCXHeader& header, const QByteArray& data, QImage image)
 {
-    const QImage::Format format = depthToFormat(header.depth());
-    QImage image(header.width(), header.height(), format);
+    const QImage::Format format = image.format();
     if (image.isNull())
         return image;
     const auto* begin = reinterpret_cast<const uchar*>(data.constData());
@@ -260,7 +261,18 @@ QImage loadPCX(const QByteArray& data)
     QPCXHeader header;
     if (!header.read(data.constData(), data.size()) || !acceptable(header, data.size()))
         return QImage();
-    return decode(header, data);
+    return decode(header, data, QImage(header.width(), header.height(), depthToFormat(header.depth())));
+}
+
+QImage loadPCX(const QByteArray& data, QScratchBuffer& memory)
+{
+    QPCXHeader header;
+    if (!header.read(data.constData(), data.size()) || !acceptable(header, data.size()))
+        return QImage();
+    const QImage::Format format = depthToFormat(header.depth());
+    const qsizetype stride = ((qsizetype(header.width()) * QImage::toPixelFormat(format).bitsPerPixel() + 31) >> 5) << 2;
+    uchar* bits = memory.reserve(size_t(stride * header.height()));
+    return decode(header, data, QImage(bits, header.width(), header.height(), stride, format));
 }
 
 QImageInfo infoFromPCX(const QByteArray& data)

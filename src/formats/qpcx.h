@@ -10,6 +10,7 @@
 #include <QImage>
 
 class QIODevice;
+class QScratchBuffer;
 
 /**
  * Decodes a PCX payload. One plane of 8 bits gives Format_Indexed8 with the
@@ -20,6 +21,10 @@ class QIODevice;
  * 3 planes), and values past the visible width are dropped.
  */
 QImage loadPCX(const QByteArray& data);
+/// As loadPCX, into `memory` rather than memory of its own: the image is
+/// valid until the next use of `memory`. Opening a file of many pictures
+/// thus decodes each into memory already in the cache.
+QImage loadPCX(const QByteArray& data, QScratchBuffer& memory);
 
 /// Width, height and format from the header alone; null when loadPCX would refuse it.
 QImageInfo infoFromPCX(const QByteArray& data);

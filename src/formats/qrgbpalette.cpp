@@ -2,6 +2,7 @@
 
 #include "qabstractpalette.h"
 #include "qimagefiles.h"
+#include "qpalettematcher.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +10,6 @@
 #include <QSaveFile>
 
 #include <algorithm>
-#include <climits>
 #include <cstring>
 
 QRGBPalette::QRGBPalette(QObject* parent)
@@ -21,20 +21,23 @@ bool QRGBPalette::fromFile(const QString& path)
 {
     if (!m_palette)
         return false;
+    m_fault.clear();
     emit changing();
     const QString suffix = QFileInfo(path).suffix().toLower();
     if (suffix == QLatin1String("png") || suffix == QLatin1String("pcx") || suffix == QLatin1String("bmp")) {
         const QImage image = loadImage(path);
         if (image.format() != QImage::Format_Indexed8)
             return false;
-        getRGBPal(image.colorTable(), *m_palette);
+        colorTableToPalette(image.colorTable(), *m_palette);
     } else {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
             return false;
         const std::unique_ptr<QAbstractPalette> reader = QAbstractPalette::forFile(suffix, file.peek(4));
         std::memset(static_cast<void*>(*m_palette), 0, sizeof *m_palette);
-        reader->fromFile(&file, m_palette);
+        if (!reader->fromFile(&file, m_palette))
+            m_fault = !reader->fault().isEmpty() ? reader->fault()
+                                                 : QStringLiteral("not a valid %1 palette").arg(reader->name());
     }
     (*m_palette)[0].a = 0;
     emit changed();
@@ -65,23 +68,10 @@ int QRGBPalette::index(const QRGBA& colour) const
 {
     if (!m_palette)
         return 0;
-    int best = 0;
-    int bestDistance = INT_MAX;
-    uchar bestAlpha = 255;
-    for (int i = 0; i < 256; ++i) {
-        const QRGBA& entry = (*m_palette)[i];
-        const int dr = int(entry.r) - colour.r;
-        const int dg = int(entry.g) - colour.g;
-        const int db = int(entry.b) - colour.b;
-        const int distance = dr * dr + dg * dg + db * db;
-        const int alpha = int(entry.a) - colour.a;
-        if (distance < bestDistance || (distance == bestDistance && alpha < int(bestAlpha))) {
-            best = i;
-            bestDistance = distance;
-            bestAlpha = uchar(alpha);
-        }
-    }
-    return best;
+    QRgb table[256];
+    for (int i = 0; i < 256; ++i)
+        table[i] = (*m_palette)[i].toQRgb();
+    return QPaletteMatcher::nearest(table, 256, colour.toQRgb());
 }
 
 void QRGBPalette::fromPalette(const QRGBA* source)
@@ -99,18 +89,19 @@ void QRGBPalette::toPalette(QRGBA (&target)[256]) const
         std::memcpy(static_cast<void*>(target), *m_palette, sizeof target);
 }
 
-void getRGBPal(const QVector<QRgb>& colours, QRGBA (&palette)[256])
+void colorTableToPalette(const QVector<QRgb>& colours, QRGBA (&palette)[256])
 {
     const int count = int(std::min<qsizetype>(colours.size(), 256));
     for (int i = 0; i < count; ++i)
         palette[i] = QRGBA::fromQRgb(colours.at(i));
 }
 
-void getRgbPal(const QRGBA (*palette)[256], QVector<QRgb>& colours)
+QVector<QRgb> paletteToColorTable(const QRGBA* palette)
 {
-    colours.reserve(colours.size() + 256);
-    for (int i = 0; i < 256; ++i)
-        colours.append(palette ? (*palette)[i].toQRgb() : 0u);
+    QVector<QRgb> colours(256, 0u);
+    for (int i = 0; palette && i < 256; ++i)
+        colours[i] = palette[i].toQRgb();
+    return colours;
 }
 
 void invertPalette(QRGBA (*palette)[256])

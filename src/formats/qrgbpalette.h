@@ -33,6 +33,10 @@ public:
      * False only when nothing could be opened; the table is then unchanged.
      */
     bool fromFile(const QString& path);
+    /// What the last fromFile found wrong with a file it still read (a
+    /// palette file that does not parse gives a partial or zero table); empty
+    /// when the file was sound.
+    QString fault() const { return m_fault; }
     /// Writes the table as an ACT file whatever the suffix, replacing the file
     /// only when all 768 bytes were written.
     bool toFile(const QString& path);
@@ -52,12 +56,14 @@ signals:
 
 private:
     QRGBA (*m_palette)[256] = nullptr;
+    QString m_fault;
 };
 
 /// Copies a QImage colour table into a palette, as far as the table goes.
-void getRGBPal(const QVector<QRgb>& colours, QRGBA (&palette)[256]);
-/// Appends the 256 entries as 0xAARRGGBB; a null palette gives 256 zeros.
-void getRgbPal(const QRGBA (*palette)[256], QVector<QRgb>& colours);
+void colorTableToPalette(const QVector<QRgb>& colours, QRGBA (&palette)[256]);
+/// The 256 entries of a palette as a QImage colour table (0xAARRGGBB); a null
+/// palette gives 256 zeros.
+QVector<QRgb> paletteToColorTable(const QRGBA* palette);
 /// Reverses the table: entry i trades places with entry 255 - i.
 void invertPalette(QRGBA (*palette)[256]);
 /// How much of the table is in use: the highest index from 254 down whose

@@ -2,7 +2,7 @@
 
 #include "qhqxfilter.h"
 #include "qimageepx.h"
-#include "qpalettematcher.h"
+#include "formats/qpalettematcher.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "image/qimagepalette.h"
-#include "image/qpalettematcher.h"
+#include "formats/qpalettematcher.h"
 
 #include <memory>
 

@@ -8,7 +8,7 @@
 #include <QMap>
 #include <QObject>
 
-#include "model/qprojecttypes.h"
+#include "util/qprojecttypes.h"
 
 class Calculator;
 class ClipDlg;

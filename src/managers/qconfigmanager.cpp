@@ -1,6 +1,7 @@
 #include "qconfigmanager.h"
 
 #include "qxmlfile.h"
+#include "util/qpaths.h"
 #include "util/qxmlparser.h"
 
 #include <QCoreApplication>
@@ -100,6 +101,13 @@ QConfigManager::QConfigManager(QObject* parent)
     : QMugenModel(parent)
 {
     loadDefaults();
+    // The directory last used for a project is where the next dialog starts.
+    QPaths::setRemember([this](const QString& name, const QString& value) { (*this)[name] = value; });
+}
+
+QConfigManager::~QConfigManager()
+{
+    QPaths::setRemember(QPaths::Remember());
 }
 
 int QConfigManager::defaultCount()

@@ -21,6 +21,7 @@ class QConfigManager : public QMugenModel
     Q_OBJECT
 public:
     explicit QConfigManager(QObject* parent = nullptr);
+    ~QConfigManager() override;
 
     /// Replaces the whole map with the built-in defaults.
     void loadDefaults();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "qprojectfiles.h"
-#include "qprojecttypes.h"
+#include "util/qprojecttypes.h"
 #include "syntax/qsyntaxtexteditor.h"
 
 #include <QSize>

@@ -19,7 +19,7 @@ bool loadFont(const QString& path, QString& text, QSprites* sprites)
     sprites->clear();
     sprites->clearPalettes();
     QSprites::ChangeLock lock(sprites);
-    sprites->setVersion(0x02000000);
+    sprites->setVersion(sffVersion200);
     for (int bank = 0; bank < font.banks(); ++bank) {
         QRGBA colors[256];
         font.bankPalette(bank, colors);

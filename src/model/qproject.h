@@ -2,11 +2,11 @@
 
 #include "formats/qrgba.h"
 #include "qprojectfiles.h"
-#include "qprojecttypes.h"
 #include "qstreamcacheitem.h"
 #include "util/qmessages.h"
 #include "util/qpathresolver.h"
 #include "util/qpaths.h"
+#include "util/qprojecttypes.h"
 
 #include <QList>
 #include <QObject>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qprojecttypes.h"
+#include "util/qprojecttypes.h"
 #include "util/qmessages.h"
 
 class QProject;

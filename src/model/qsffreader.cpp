@@ -13,14 +13,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QHash>
+#include <QLocale>
 #include <algorithm>
 #include <cstring>
 #include <iterator>
 
 namespace {
 
-constexpr quint32 versionV200 = 0x02000000;
-constexpr quint32 versionV201 = 0x02000100;
 constexpr qint64 bodyStart = 512;
 
 /// The scan lines of an image with the row padding zeroed: equal pictures
@@ -47,24 +46,6 @@ bool tableColors(const QImage& image, QRGBA (&colors)[256])
         colors[i] = QRGBA::fromRGB(QRGBA::fromQRgb(table.at(i)).toRGB());
     colors[0].a = 0;
     return true;
-}
-
-QStreamCacheFilterType filterOf(quint8 compression)
-{
-    switch (compression) {
-    case 2:
-        return cfRLE8;
-    case 3:
-        return cfRLE5;
-    case 4:
-        return cfLZ5;
-    case 10:
-    case 11:
-    case 12:
-        return cfPNG;
-    default:
-        return cfNone;
-    }
 }
 
 /**
@@ -105,6 +86,7 @@ bool QSFFReader::read(const QByteArray& data, const QString& name)
 {
     m_data = data;
     m_name = name;
+    m_faults.clear();
     m_sprites->clear();
     QSprites::ChangeLock lock(m_sprites);
     m_sprites->beginChange();
@@ -113,13 +95,20 @@ bool QSFFReader::read(const QByteArray& data, const QString& name)
     QSFFHeader header;
     stream >> header;
     bool ok = stream.status() == QDataStream::Ok && header.hasSignature();
+    if (!ok)
+        m_faults << QStringLiteral("not an SFF file: no \"ElecbyteSpr\" signature at its start");
     if (ok) {
         m_sprites->setVersion(header.version);
-        if (header.version == QSprites::version101) {
+        if (header.version == sffVersion101) {
             ok = readVersion1();
-        } else if (header.version == versionV201 || header.version == versionV200) {
+        } else if (header.version == sffVersion201 || header.version == sffVersion200) {
             ok = readVersion2(header.version);
         } else {
+            m_faults << QStringLiteral("SFF version %1.%2.%3.%4 is not one this program reads")
+                            .arg(header.version >> 24)
+                            .arg((header.version >> 16) & 0xFF)
+                            .arg((header.version >> 8) & 0xFF)
+                            .arg(header.version & 0xFF);
             prompt().critical(QSprites::tr("Sprite loading error"),
                               QSprites::tr("%1(0): SFF version '%2.%3.%4.%5' not supported yet")
                                   .arg(m_name)
@@ -154,6 +143,17 @@ void QSFFReader::reportLink(int position, const QString& text, int target) const
     prompt().critical(QSprites::tr("Sprite loading error"), text.arg(m_name).arg(position).arg(target));
 }
 
+void QSFFReader::pastTheEnd(const QString& what)
+{
+    m_faults << QStringLiteral("%1 runs past the end of the file at byte %2")
+                    .arg(what, QLocale(QLocale::English).toString(qint64(m_data.size())));
+}
+
+QString QSFFReader::spriteName(int position, quint16 group, quint16 index, quint32 count) const
+{
+    return QStringLiteral("sprite %1 (%2,%3) of %4").arg(position).arg(group).arg(index).arg(count);
+}
+
 QByteArray QSFFReader::bytesAt(qint64 offset, qint64 length) const
 {
     if (offset < 0 || offset >= m_data.size() || length <= 0)
@@ -168,7 +168,11 @@ bool QSFFReader::readVersion1()
     stream.device()->seek(QSFFHeader::size);
     QSFFv1Header header;
     stream >> header;
-    if (stream.status() != QDataStream::Ok || !step(0, header.imageCount))
+    if (stream.status() != QDataStream::Ok) {
+        pastTheEnd(QStringLiteral("the header"));
+        return false;
+    }
+    if (!step(0, header.imageCount))
         return false;
 
     const int characterIndex = m_sprites->findPalette(0, 1, 1);
@@ -178,8 +182,13 @@ bool QSFFReader::readVersion1()
     for (quint32 i = 0; i < header.imageCount; ++i) {
         // The next-offset field is the truth: same-palette sprites of real
         // files still count the 768 palette bytes their PCX lost in the length.
-        if (position + QSFFv1SubHeader::size > m_data.size() || !stream.device()->seek(position))
+        if (position + QSFFv1SubHeader::size > m_data.size() || !stream.device()->seek(position)) {
+            pastTheEnd(QStringLiteral("sprite %1 of %2: the subheader at byte %3")
+                           .arg(i)
+                           .arg(header.imageCount)
+                           .arg(QLocale(QLocale::English).toString(position)));
             return false;
+        }
         QSFFv1SubHeader sub;
         stream >> sub;
         if (stream.status() != QDataStream::Ok)
@@ -205,22 +214,17 @@ bool QSFFReader::readVersion1()
         } else {
             const qint64 length = sub.nextOffset > dataStart ? qint64(sub.nextOffset) - dataStart : qint64(sub.length);
             const QByteArray pcx = bytesAt(dataStart, length);
+            if (pcx.size() < length)
+                pastTheEnd(spriteName(count, sub.group, sub.index, header.imageCount) + QStringLiteral(": data"));
             const QImageInfo info = infoFromPCX(pcx);
-            QImage image = plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx) : QImage();
+            // Only the colours and the checksum are wanted now: the picture goes
+            // into kept memory and the payload stays PCX in the cache.
+            const QImage image =
+                plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx, m_pixels) : QImage();
             palette = v1Palette(image, sub, count, characterPalette, current);
-            if (!image.isNull()) {
-                bool changed = false;
-                if (palette && palette->colorCount() < 256)
-                    changed = QSprites::fixImage(image, palette->colorCount(), palette->colorTable());
-                if (changed) {
-                    const QByteArray pixels = imageBytes(image);
-                    sprite->setEncodedImage(pixels, cfNone, quint16(image.width()), quint16(image.height()),
-                                            image.format(), crc64(pixels));
-                } else {
-                    sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()),
-                                            image.format(), imageChecksum(image));
-                }
-            }
+            if (!image.isNull())
+                sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()), image.format(),
+                                        imageChecksum(image));
         }
         properties.palette = palette ? palette->index() : -1;
         sprite->setProperties(properties);
@@ -265,8 +269,10 @@ bool QSFFReader::readVersion2(quint32 version)
     stream.device()->seek(QSFFHeader::size);
     QSFFv2Header header;
     stream >> header;
-    if (stream.status() != QDataStream::Ok)
+    if (stream.status() != QDataStream::Ok) {
+        pastTheEnd(QStringLiteral("the header"));
         return false;
+    }
     const uint total = header.paletteCount + header.spriteCount;
     if (!step(0, total))
         return false;
@@ -274,9 +280,18 @@ bool QSFFReader::readVersion2(quint32 version)
     // Counts are checked against the file's size before anything is made, so
     // a damaged count cannot make the reader allocate for millions of records.
     const qint64 size = m_data.size();
-    if (qint64(header.paletteOffset) + qint64(header.paletteCount) * QSFFv2Palette::size > size
-        || qint64(header.spriteOffset) + qint64(header.spriteCount) * QSFFv2Sprite::size > size)
+    if (qint64(header.paletteOffset) + qint64(header.paletteCount) * QSFFv2Palette::size > size) {
+        pastTheEnd(QStringLiteral("the palette table of %1 records at byte %2")
+                       .arg(header.paletteCount)
+                       .arg(QLocale(QLocale::English).toString(qint64(header.paletteOffset))));
         return false;
+    }
+    if (qint64(header.spriteOffset) + qint64(header.spriteCount) * QSFFv2Sprite::size > size) {
+        pastTheEnd(QStringLiteral("the sprite table of %1 records at byte %2")
+                       .arg(header.spriteCount)
+                       .arg(QLocale(QLocale::English).toString(qint64(header.spriteOffset))));
+        return false;
+    }
     QList<QSFFv2Palette> palettes(header.paletteCount);
     stream.device()->seek(header.paletteOffset);
     for (QSFFv2Palette& record : palettes)
@@ -312,8 +327,14 @@ void QSFFReader::readV2Palettes(const QList<QSFFv2Palette>& records, const QSFFv
         }
         QRGBA colors[256];
         const QByteArray bytes = bytesAt(qint64(header.ldataOffset) + record.offset, qMin<quint32>(record.length, 1024));
+        if (bytes.size() < qint64(qMin<quint32>(record.length, 1024)))
+            pastTheEnd(QStringLiteral("palette %1 (%2,%3) of %4: colours")
+                           .arg(i)
+                           .arg(record.group)
+                           .arg(record.index)
+                           .arg(records.size()));
         std::memcpy(colors, bytes.constData(), size_t(bytes.size()));
-        if (version == versionV200) {
+        if (version == sffVersion200) {
             // The alpha bytes of this version mean nothing: the engine draws
             // entry 0 transparent and every other entry opaque.
             colors[0].a = 0;
@@ -364,10 +385,13 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
         return;
     const qint64 block = (record.flags & sfDecompressOnLoad) ? header.tdataOffset : header.ldataOffset;
     QByteArray data = bytesAt(block + record.offset, record.length);
+    if (data.size() < qint64(record.length))
+        pastTheEnd(spriteName(m_sprites->indexOf(sprite), record.group, record.index, header.spriteCount)
+                   + QStringLiteral(": data"));
     // Judged by the bytes the file really holds, not the length it claims.
     if (!plausibleSize(record.width, record.height, format, data.size()))
         return;
-    if (record.compression == 0) {
+    if (record.compression == scRaw) {
         // Raw pixels are rows of depth * width / 8 bytes end to end. The
         // engine's own raw fonts carry no size prefix; a payload exactly four
         // bytes longer than its rows has one, and it is skipped.
@@ -380,7 +404,7 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
         return;
     // Dropping the size prefix from the front of an unshared array moves no bytes.
     data.remove(0, 4);
-    sprite->setEncodedImage(data, filterOf(record.compression), record.width, record.height, format);
+    sprite->setEncodedImage(data, sffFilterOf(record.compression), record.width, record.height, format);
 }
 
 void QSFFReader::joinDuplicates()

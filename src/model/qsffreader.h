@@ -1,9 +1,11 @@
 #pragma once
 
 #include "model/qsffrecords.h"
+#include "util/qscratchbuffer.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 class QSprites;
 class QSprite;
@@ -37,6 +39,14 @@ public:
     /// Reads the bytes of a file; `name` is the file name that messages give.
     bool read(const QByteArray& data, const QString& name);
 
+    /**
+     * What was wrong with the file and where, one line each ("sprite 12
+     * (5000,10) of 281: data runs past the end of the file at byte 204,811").
+     * A failed read has at least one; a file that loaded may have some too,
+     * when parts of it were cut short and stay blank.
+     */
+    const QStringList& faults() const { return m_faults; }
+
 private:
     bool readVersion1();
     bool readVersion2(quint32 version);
@@ -50,9 +60,14 @@ private:
     void reportLink(int position, const QString& text, int target) const;
     /// The bytes at `offset`, cut to what the file holds.
     QByteArray bytesAt(qint64 offset, qint64 length) const;
+    /// Records a fault of `what` (e.g. "sprite 3 (0,1) of 40: data") that runs past the end of the file.
+    void pastTheEnd(const QString& what);
+    QString spriteName(int position, quint16 group, quint16 index, quint32 count) const;
 
     QSprites* m_sprites;
     bool m_character;
     QString m_name;
     QByteArray m_data;
+    QStringList m_faults;
+    QScratchBuffer m_pixels; ///< each PCX picture is decoded here, for its colours and checksum
 };

@@ -2,6 +2,24 @@
 
 #include <cstring>
 
+QStreamCacheFilterType sffFilterOf(quint8 compression)
+{
+    switch (compression) {
+    case scRLE8:
+        return cfRLE8;
+    case scRLE5:
+        return cfRLE5;
+    case scLZ5:
+        return cfLZ5;
+    case scPNG8:
+    case scPNG24:
+    case scPNG32:
+        return cfPNG;
+    default:
+        return cfNone;
+    }
+}
+
 namespace {
 
 constexpr int v1CommentSize = 476;

@@ -4,9 +4,32 @@
 // record has a stream reader and a stream writer that go field by field, so a
 // QDataStream set to little-endian reads and writes them at any position.
 
+#include "model/qstreamcacheitem.h"
+
 #include <QByteArray>
 #include <QDataStream>
 #include <QtGlobal>
+
+/// The SFF versions the program reads and writes, packed as the header holds
+/// them (most significant byte first when shown: 1.0.1.0, 2.0.0.0, 2.0.1.0).
+constexpr quint32 sffVersion101 = 0x01000100; ///< PCX payloads, palettes inside them
+constexpr quint32 sffVersion200 = 0x02000000; ///< palette table; no true colour
+constexpr quint32 sffVersion201 = 0x02000100; ///< PNG and true colour
+
+/// The compression byte of a version 2 sprite record.
+enum QSFFCompression : quint8 {
+    scRaw = 0, ///< pixels as they are
+    scEmpty = 1, ///< a sprite with no data
+    scRLE8 = 2,
+    scRLE5 = 3, ///< read, never written
+    scLZ5 = 4,
+    scPNG8 = 10,
+    scPNG24 = 11,
+    scPNG32 = 12,
+};
+
+/// The cache filter that decodes a compression; cfNone for raw pixels and unknown values.
+QStreamCacheFilterType sffFilterOf(quint8 compression);
 
 /// The first 16 bytes of every version: signature and version.
 struct QSFFHeader

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "model/qsffrecords.h"
+#include "model/qsffv1plan.h"
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 
 class QSprites;
 class QSprite;
 class QIODevice;
+class QSpritePalette;
 
 /**
  * Writes a QSprites as an SFF file of the model's version (1.0.1.0, 2.0.0.0
@@ -27,7 +30,8 @@ class QIODevice;
 class QSFFWriter
 {
 public:
-    QSFFWriter(QSprites* sprites, bool keepName);
+    /// `character`: sprites 0,0 and 9000,0 of a version 1 file take one palette, as the reader gives them.
+    QSFFWriter(QSprites* sprites, bool keepName, bool character);
 
     bool write(const QString& path);
 
@@ -36,11 +40,15 @@ private:
     bool writeVersion2(QIODevice* device, quint32 version);
     bool writeV2Sprite(int position, quint32 version, QSFFv2Sprite& record, QByteArray& block);
     QByteArray encodedPayload(QSprite* sprite, int position, quint8 compression);
-    static bool reusePCX(const QByteArray& raw, const QSprite* sprite, bool samePalette, QByteArray& payload);
-    bool pcxPayload(QSprite* sprite, int position, bool samePalette, QByteArray& payload);
+    static bool reusePCX(const QByteArray& raw, const QSFFv1Plan::Entry& plan, QByteArray& payload);
+    bool pcxPayload(QSprite* sprite, int position, const QSFFv1Plan::Entry& plan, QByteArray& payload);
+    /// Palettes stored short whose sprites use entries beyond their colour count.
+    QSet<const QSpritePalette*> widenedPalettes() const;
     bool step(uint position, uint maximum);
     void reportSaving(int position, const QString& reason) const;
 
     QSprites* m_sprites;
     bool m_keepName;
+    bool m_character;
+    QSet<const QSpritePalette*> m_widened;
 };

@@ -1,5 +1,6 @@
 #include "qsprite.h"
 
+#include "formats/qpalettematcher.h"
 #include "formats/qrgbpalette.h"
 #include "model/qgroupsteps.h"
 #include "model/qspritecommands.h"
@@ -8,7 +9,6 @@
 #include "model/qsprites.h"
 #include "util/qprompt.h"
 
-#include <QHash>
 #include <cstring>
 
 namespace {
@@ -34,34 +34,22 @@ void reverseIndices(QImage& image)
     image.setColorTable(table);
 }
 
-/// The picture in the colours of `palette`: each pixel takes the nearest
-/// entry; fully transparent pixels take entry 0, the transparent one.
+/// The picture in the colours of `palette`: each opaque pixel takes the
+/// nearest entry from 1; fully transparent pixels take entry 0, the transparent one.
 QImage remapToPalette(const QImage& image, const QRGBA* colors)
 {
-    QRGBA table[256];
-    std::memcpy(table, colors, sizeof(table));
-    QRGBPalette palette;
-    palette.setPalette(&table);
+    QVector<QRgb> table(256);
+    for (int i = 0; i < 256; ++i)
+        table[i] = colors[i].toQRgb();
+    QPaletteMatcher matcher(table, 1);
     const QImage source = image.convertToFormat(QImage::Format_ARGB32);
     QImage target(source.size(), QImage::Format_Indexed8);
-    QVector<QRgb> targetTable;
-    getRgbPal(&table, targetTable);
-    target.setColorTable(targetTable);
-    QHash<QRgb, uchar> nearest;
+    target.setColorTable(table);
     for (int y = 0; y < source.height(); ++y) {
         const QRgb* in = reinterpret_cast<const QRgb*>(source.constScanLine(y));
         uchar* out = target.scanLine(y);
-        for (int x = 0; x < source.width(); ++x) {
-            const QRgb pixel = in[x];
-            if (qAlpha(pixel) == 0) {
-                out[x] = 0;
-                continue;
-            }
-            auto found = nearest.constFind(pixel);
-            if (found == nearest.constEnd())
-                found = nearest.insert(pixel, uchar(palette.index(QRGBA::fromQRgb(pixel))));
-            out[x] = found.value();
-        }
+        for (int x = 0; x < source.width(); ++x)
+            out[x] = qAlpha(in[x]) == 0 ? 0 : uchar(matcher.index(in[x]));
     }
     return target;
 }
@@ -206,7 +194,7 @@ void QSprite::adoptPalette(QImage& image, QSpritePaletteMode mode, const QSubIte
     }
     if (image.format() == QImage::Format_Indexed8 && (mode == spmNew || !m_palette)) {
         QRGBA colors[256];
-        getRGBPal(image.colorTable(), colors);
+        colorTableToPalette(image.colorTable(), colors);
         colors[0].a = 0;
         setPalette(m_owner->addPalette(colors, spsReuse, 0, -1));
     }

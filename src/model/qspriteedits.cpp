@@ -31,8 +31,7 @@ QImage channelImage(const QImage& source, int channel)
     QImage target(source.size(), QImage::Format_Indexed8);
     QRGBA ramp[256];
     channelRamp(channel, ramp);
-    QVector<QRgb> table;
-    getRgbPal(&ramp, table);
+    const QVector<QRgb> table = paletteToColorTable(ramp);
     target.setColorTable(table);
     for (int y = 0; y < source.height(); ++y) {
         const QRgb* in = reinterpret_cast<const QRgb*>(source.constScanLine(y));

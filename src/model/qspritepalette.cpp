@@ -26,9 +26,7 @@ const QRGBA* QSpritePalette::colors() const
 
 QVector<QRgb> QSpritePalette::colorTable() const
 {
-    QVector<QRgb> table;
-    getRgbPal(m_data ? &m_data->colors : nullptr, table);
-    return table;
+    return paletteToColorTable(m_data ? m_data->colors : nullptr);
 }
 
 int QSpritePalette::index() const
@@ -76,7 +74,7 @@ void QSpritePalette::setColors(const QRGBA* colors, QSpriteShareMode share)
 void QSpritePalette::setColorTable(const QVector<QRgb>& table, QSpriteShareMode share)
 {
     QRGBA colors[256];
-    getRGBPal(table, colors);
+    colorTableToPalette(table, colors);
     setColors(colors, share);
 }
 

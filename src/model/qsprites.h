@@ -4,6 +4,7 @@
 #include "model/qpaletteobject.h"
 #include "model/qprojectfile.h"
 #include "model/qremapmodel.h"
+#include "model/qsffrecords.h"
 #include "model/qsprite.h"
 #include "model/qspritepalette.h"
 #include "model/qstreamcache.h"
@@ -32,8 +33,8 @@ class QSprites : public QOrganizableObject, public QProjectFile
 {
     Q_OBJECT
 public:
-    static constexpr quint32 defaultVersion = 0x02000100;
-    static constexpr quint32 version101 = 0x01000100;
+    static constexpr quint32 defaultVersion = sffVersion201;
+    static constexpr quint32 version101 = sffVersion101;
 
     /// Raises the change lock of a sprite file for its lifetime.
     class ChangeLock
@@ -143,8 +144,6 @@ public:
     int findBaseSprite(const QSpriteImageData* data, const QSpritePalette* palette, int upTo) const;
     /// First position at or before `upTo` whose palette uses `data`; -1 if none.
     int findBasePalette(const QSpritePaletteData* data, int upTo) const;
-    /// Replaces pixels above `count` of an indexed image; whether any changed.
-    static bool fixImage(QImage& image, int count, const QVector<QRgb>& table);
     /// Order of autoOrganize for this file's version: negative when `a` goes first.
     int palOrgCompare(const QSprite* a, const QSprite* b) const;
 

@@ -2,6 +2,7 @@
 // before a save, and the export and import of loose image files.
 #include "qsprites.h"
 
+#include "formats/qpalettematcher.h"
 #include "image/qcolorquantizer.h"
 #include "model/qsffreader.h"
 #include "model/qsffwriter.h"
@@ -10,17 +11,19 @@
 #include "model/qspriteimporter.h"
 #include "util/qprompt.h"
 
-#include <QHash>
 
 namespace {
 
 /**
  * A true-colour picture with at most 256 colours: entry 0 is the transparent
  * colour, which every fully transparent pixel takes; the opaque pixels take
- * the nearest of up to 255 colours the quantizer finds for them.
+ * the nearest of up to 255 colours the quantizer finds for them. `error`
+ * becomes the largest difference of one channel, alpha included, between a
+ * pixel and the colour it now shows.
  */
-QImage quantized(const QImage& picture)
+QImage quantized(const QImage& picture, int& error)
 {
+    error = 0;
     const QImage source = picture.convertToFormat(QImage::Format_ARGB32);
     if (source.isNull())
         return QImage();
@@ -29,41 +32,26 @@ QImage quantized(const QImage& picture)
     QVector<QRgb> found;
     quantizer.getColorTable(found);
     const int used = qBound(1, quantizer.colorCount(), 255);
-    QVector<QRgb> table(256, qRgba(0, 0, 0, 0));
+    QVector<QRgb> table(used + 1, qRgba(0, 0, 0, 0));
     for (int i = 0; i < used; ++i)
         table[i + 1] = found.at(i) | 0xFF000000u;
+    QPaletteMatcher matcher(table, 1);
 
     QImage target(source.size(), QImage::Format_Indexed8);
-    target.setColorTable(table);
-    QHash<QRgb, uchar> nearest;
     for (int y = 0; y < source.height(); ++y) {
         const QRgb* in = reinterpret_cast<const QRgb*>(source.constScanLine(y));
         uchar* out = target.scanLine(y);
         for (int x = 0; x < source.width(); ++x) {
-            if (qAlpha(in[x]) == 0) {
-                out[x] = 0;
-                continue;
-            }
-            const QRgb colour = in[x] | 0xFF000000u;
-            auto hit = nearest.constFind(colour);
-            if (hit == nearest.constEnd()) {
-                int best = 1;
-                int bestDistance = INT_MAX;
-                for (int i = 1; i <= used; ++i) {
-                    const int dr = qRed(colour) - qRed(table.at(i));
-                    const int dg = qGreen(colour) - qGreen(table.at(i));
-                    const int db = qBlue(colour) - qBlue(table.at(i));
-                    const int distance = dr * dr + dg * dg + db * db;
-                    if (distance < bestDistance) {
-                        bestDistance = distance;
-                        best = i;
-                    }
-                }
-                hit = nearest.insert(colour, uchar(best));
-            }
-            out[x] = hit.value();
+            const QRgb colour = in[x];
+            out[x] = qAlpha(colour) == 0 ? 0 : uchar(matcher.index(colour | 0xFF000000u));
+            const QRgb shown = table.at(out[x]);
+            if (out[x] != 0)
+                error = qMax(error, qMax(qMax(qAbs(qRed(colour) - qRed(shown)), qAbs(qGreen(colour) - qGreen(shown))),
+                                         qMax(qAbs(qBlue(colour) - qBlue(shown)), 255 - qAlpha(colour))));
         }
     }
+    table.resize(256);
+    target.setColorTable(table);
     return target;
 }
 
@@ -83,9 +71,10 @@ bool QSprites::toFile(const QString& path, unsigned int version, bool keepName)
 {
     if (version != 0)
         setVersion(version);
-    if (!fixVersion(!project() || projectType() == ptCharacter))
+    const bool character = !project() || projectType() == ptCharacter;
+    if (!fixVersion(character))
         return false;
-    if (!QSFFWriter(this, keepName).write(path))
+    if (!QSFFWriter(this, keepName, character).write(path))
         return false;
     if (!keepName)
         m_fileName = path;
@@ -130,14 +119,27 @@ bool QSprites::fixVersion(bool character)
         return true;
 
     // Below 2.0.1.0 every sprite must be indexed: the model itself is
-    // converted, as checkErrors warns, each picture with a palette of its own.
+    // converted, as checkErrors warns, each picture with a palette of its
+    // own; the author learns how many and how far the colours moved.
+    int reduced = 0;
+    int worst = 0;
     for (QSprite* sprite : qAsConst(m_sprites)) {
         if (sprite->imageData()->format == QImage::Format_Indexed8)
             continue;
-        const QImage indexed = quantized(sprite->image());
-        if (!indexed.isNull())
-            sprite->setImage(indexed, ssmShared, false, spmNew);
+        int error = 0;
+        const QImage indexed = quantized(sprite->image(), error);
+        if (indexed.isNull())
+            continue;
+        sprite->setImage(indexed, ssmShared, false, spmNew);
+        ++reduced;
+        worst = qMax(worst, error);
     }
+    if (reduced > 0)
+        prompt().information(tr("Save SFF"),
+                             tr("%n true-colour sprite(s) reduced to 8 bits for this version; the largest "
+                                "colour error of a pixel is %1 of 255.",
+                                nullptr, reduced)
+                                 .arg(worst));
 
     if (m_version == version101 && character) {
         QList<uint> misplaced;

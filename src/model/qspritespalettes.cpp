@@ -18,7 +18,7 @@ QSpritePalette* QSprites::addPalette(const QVector<QRgb>& table, QSpritePaletteS
                                      qint32 index)
 {
     QRGBA colors[256];
-    getRGBPal(table, colors);
+    colorTableToPalette(table, colors);
     return addPalette(colors, share, group, index);
 }
 
@@ -32,7 +32,7 @@ QSpritePalette* QSprites::insertPalette(int position, const QVector<QRgb>& table
                                         QSpritePaletteShareMode share, qint32 group, qint32 index)
 {
     QRGBA colors[256];
-    getRGBPal(table, colors);
+    colorTableToPalette(table, colors);
     return insertPalette(position, colors, share, group, index);
 }
 

@@ -81,25 +81,6 @@ void QSprites::autoOrganize()
     endMacro();
 }
 
-bool QSprites::fixImage(QImage& image, int count, const QVector<QRgb>& table)
-{
-    if (image.format() != QImage::Format_Indexed8)
-        return false;
-    bool changed = false;
-    for (int y = 0; y < image.height(); ++y) {
-        uchar* line = image.scanLine(y);
-        for (int x = 0; x < image.width(); ++x) {
-            if (line[x] <= count)
-                continue;
-            // The pixel number is looked up among the colour values on purpose:
-            // without such a colour the pixel becomes 255 (from -1).
-            line[x] = line[x] >= table.size() ? 0 : uchar(table.indexOf(QRgb(line[x])));
-            changed = true;
-        }
-    }
-    return changed;
-}
-
 QProjectType QSprites::projectType() const
 {
     // A sprite file opened on its own is checked by the rules of a character.

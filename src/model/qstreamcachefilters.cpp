@@ -45,7 +45,7 @@ QByteArray QPCXCacheFilter::process(const QByteArray& data, void*)
 
 quint64 QPCXCacheFilter::checksum(const QByteArray& data, void*)
 {
-    return imageChecksum(loadPCX(data));
+    return imageChecksum(loadPCX(data, m_pixels));
 }
 
 QImage::Format QPixelStreamFilter::formatOf(const QStreamImageParam&) const

@@ -18,6 +18,9 @@ class QPCXCacheFilter : public QStreamCacheFilter
 public:
     QByteArray process(const QByteArray& data, void* param) override;
     quint64 checksum(const QByteArray& data, void* param) override;
+
+private:
+    QScratchBuffer m_pixels; ///< the picture checksum() hashes
 };
 
 /**

@@ -12,14 +12,25 @@
 
 namespace {
 
-/// Filled once at start-up on the GUI thread, read only afterwards.
-QList<QByteArray> codecs;
+/// The table of codec names, listed on first use (on the GUI thread) and read
+/// only afterwards: asking Qt for every codec takes time a command that reads
+/// no text should not pay.
+QList<QByteArray>& table()
+{
+    static QList<QByteArray> codecs;
+    static bool listed = false;
+    if (!listed) {
+        listed = true;
+        initCodecs();
+    }
+    return codecs;
+}
 
 QTextCodec* codecAt(int index)
 {
-    if (index <= 0 || index > codecs.size())
+    if (index <= 0 || index > table().size())
         return nullptr;
-    return QTextCodec::codecForName(codecs.at(index - 1));
+    return QTextCodec::codecForName(table().at(index - 1));
 }
 
 /// The charset uchardet names for `data`, empty when it cannot tell.
@@ -73,6 +84,7 @@ void initCodecs()
 {
     // Qt lists every alias; the table keeps one entry per codec, under the
     // name the codec reports, so that a detected codec finds its index.
+    QList<QByteArray>& codecs = table();
     codecs.clear();
     QSet<QByteArray> seen;
     for (const QByteArray& alias : QTextCodec::availableCodecs()) {
@@ -89,14 +101,14 @@ void initCodecs()
 
 int codecCount()
 {
-    return int(codecs.size()) + 1;
+    return int(table().size()) + 1;
 }
 
 QString codecName(int index)
 {
     if (index == 0)
         return QCoreApplication::translate("QCodecs", "System");
-    return index > 0 && index <= codecs.size() ? QString::fromLatin1(codecs.at(index - 1)) : QString();
+    return index > 0 && index <= table().size() ? QString::fromLatin1(table().at(index - 1)) : QString();
 }
 
 int codecIndex(const char* name)
@@ -104,7 +116,7 @@ int codecIndex(const char* name)
     QTextCodec* codec = name ? QTextCodec::codecForName(name) : nullptr;
     if (!codec)
         return 0;
-    return int(codecs.indexOf(codec->name())) + 1;
+    return int(table().indexOf(codec->name())) + 1;
 }
 
 QTextCodec* getCodec(const QByteArray& data, unsigned int wanted)

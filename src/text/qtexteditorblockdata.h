@@ -1,6 +1,6 @@
 #pragma once
 
-#include "syntax/qsynmsg.h"
+#include "text/qsynmsg.h"
 
 #include <QTextBlockUserData>
 #include <QVector>

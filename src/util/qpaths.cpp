@@ -1,15 +1,28 @@
 #include "qpaths.h"
 
-#include "managers/qconfigmanager.h"
-
 #include <QDir>
 #include <QFileInfo>
+
+namespace {
+
+QPaths::Remember& remembered()
+{
+    static QPaths::Remember remember;
+    return remember;
+}
+
+} // namespace
 
 void QPaths::setPath(const QString& name, const QString& value)
 {
     insert(name, value);
-    if (configMan)
-        (*configMan)[name] = value;
+    if (remembered())
+        remembered()(name, value);
+}
+
+void QPaths::setRemember(const Remember& remember)
+{
+    remembered() = remember;
 }
 
 bool forcePath(const QString& fileName)

@@ -5,18 +5,21 @@
 // sprite records with their ldata/tdata payloads, and the PCX images of
 // version 1. It keeps nothing else (no palettes, axes or links).
 
+#include "model/qsffrecords.h"
+
 #include <QDataStream>
 #include <QFile>
 #include <QList>
 
 struct SffSprite
 {
-    enum Codec { Raw = 0, Rle8 = 2, Rle5 = 3, Lz5 = 4, Pcx = 100 };
+    /// The codec of a version 1 sprite; those of version 2 are their QSFFCompression.
+    static constexpr int Pcx = 100;
     quint16 group = 0;
     quint16 index = 0;
     quint16 width = 0; ///< 0 for a PCX, whose own header says
     quint16 height = 0;
-    int codec = Raw; ///< a version 2 compression number, or Pcx
+    int codec = scRaw; ///< a version 2 compression number, or Pcx
     quint8 depth = 0;
     quint32 decodedSize = 0; ///< the 32-bit prefix of a version 2 payload
     QByteArray payload; ///< empty for a linked sprite
@@ -55,7 +58,7 @@ inline QList<SffSprite> readSffSprites(const QString& path)
         return sprites;
     in >> version;
 
-    if (version == 0x01000100) {
+    if (version == sffVersion101) {
         quint32 groups, images;
         in >> groups >> images;
         qint64 position = 512;
@@ -80,7 +83,7 @@ inline QList<SffSprite> readSffSprites(const QString& path)
         }
         return sprites;
     }
-    if (version != 0x02000000 && version != 0x02000100)
+    if (version != sffVersion200 && version != sffVersion201)
         return sprites;
 
     quint32 header[12];

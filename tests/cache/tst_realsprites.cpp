@@ -39,9 +39,9 @@ void TestCache::realSpritesRoundTrip()
     for (const QString& path : realDataFiles({ QStringLiteral("sff") })) {
         const QList<SffSprite> sprites = readSffSprites(path);
         for (const SffSprite& sprite : sprites) {
-            if ((sprite.codec != SffSprite::Lz5 && sprite.codec != SffSprite::Rle8) || sprite.payload.isEmpty())
+            if ((sprite.codec != scLZ5 && sprite.codec != scRLE8) || sprite.payload.isEmpty())
                 continue;
-            const bool isLz5 = sprite.codec == SffSprite::Lz5;
+            const bool isLz5 = sprite.codec == scLZ5;
             const int w = sprite.width, h = sprite.height;
             const QByteArray where = (QFileInfo(path).fileName() + QStringLiteral(" %1,%2").arg(sprite.group).arg(sprite.index)).toUtf8();
             QVERIFY2(w > 0 && h > 0, where.constData());

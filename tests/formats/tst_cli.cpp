@@ -10,6 +10,16 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+namespace {
+
+bool writeBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+} // namespace
+
 void TestFormats::cliPalette()
 {
     QTemporaryDir dir;
@@ -42,6 +52,15 @@ void TestFormats::cliPalette()
     QCOMPARE(missing.exitCode, 1);
     QCOMPARE(missing.faultLines(), 1);
     QCOMPARE(runCli({ QStringLiteral("palette") }).exitCode, 2);
+
+    // Seven bytes are no palette: one line naming the fault, not a table of zeros.
+    const QString shortAct = dir.filePath(QStringLiteral("short.act"));
+    QVERIFY(writeBytes(shortAct, "1234567"));
+    const CliResult tooShort = runCli({ QStringLiteral("palette"), shortAct });
+    QCOMPARE(tooShort.exitCode, 1);
+    QCOMPARE(tooShort.faultLines(), 1);
+    QVERIFY(tooShort.err.contains("768 bytes"));
+    QVERIFY(tooShort.out.isEmpty());
 
     const QString rgb = dir.filePath(QStringLiteral("rgb.png"));
     QImage image(2, 2, QImage::Format_RGB32);
@@ -94,10 +113,7 @@ void TestFormats::cliImage()
     QCOMPARE(colourBack.pixel(3, 1), qRgb(10, 20, 30));
 
     const QString junk = dir.filePath(QStringLiteral("junk.pcx"));
-    QFile file(junk);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("not an image");
-    file.close();
+    QVERIFY(writeBytes(junk, "not an image"));
     const CliResult unreadable = runCli({ QStringLiteral("image"), junk });
     QCOMPARE(unreadable.exitCode, 1);
     QCOMPARE(unreadable.faultLines(), 1);

@@ -365,16 +365,13 @@ void TestFormats::tableHelpers()
     QCOMPARE(table[255].r, uchar(0));
     QCOMPARE(table[128].r, uchar(127));
 
-    QVector<QRgb> colours { 1, 2 };
-    getRgbPal(&table, colours);
-    QCOMPARE(colours.size(), 258);
-    QCOMPARE(colours.at(2), qRgba(255, 1, 2, 255));
-    QVector<QRgb> zeros;
-    getRgbPal(nullptr, zeros);
-    QCOMPARE(zeros, QVector<QRgb>(256, 0u));
+    const QVector<QRgb> colours = paletteToColorTable(table);
+    QCOMPARE(colours.size(), 256);
+    QCOMPARE(colours.at(0), qRgba(255, 1, 2, 255));
+    QCOMPARE(paletteToColorTable(nullptr), QVector<QRgb>(256, 0u));
 
     QRGBA copied[256] = {};
-    getRGBPal(QVector<QRgb> { qRgba(1, 2, 3, 4), qRgb(5, 6, 7) }, copied);
+    colorTableToPalette(QVector<QRgb> { qRgba(1, 2, 3, 4), qRgb(5, 6, 7) }, copied);
     QCOMPARE(copied[0], QRGBA(1, 2, 3, 4));
     QCOMPARE(copied[1], QRGBA(5, 6, 7, 255));
     QCOMPARE(copied[2], QRGBA(0, 0, 0, 0));

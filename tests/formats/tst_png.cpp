@@ -239,7 +239,7 @@ QList<QByteArray> pngPayloads(const QString& path)
     QSFFHeader header;
     QSFFv2Header v2;
     stream >> header;
-    if (header.version < 0x02000000)
+    if (header.version < sffVersion200)
         return {};
     stream >> v2;
     QList<QByteArray> payloads;

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -50,6 +51,19 @@ void TestProject::infoCommandDescribesProject()
     QTemporaryDir dir;
     QCOMPARE(runCli({QStringLiteral("info"), dir.filePath(QStringLiteral("none.def"))}).exitCode, 1);
     QCOMPARE(runCli({QStringLiteral("info")}).exitCode, 2);
+
+    // Anything that is no DEF is refused in one line, not shown as a nameless character.
+    const QString binary = dir.filePath(QStringLiteral("kfm.sff"));
+    QFile::copy(def.left(def.lastIndexOf(QLatin1Char('/'))) + QStringLiteral("/kfm.sff"), binary);
+    for (const QString& name : { binary, dir.filePath(QStringLiteral("empty.def")) }) {
+        QFile touched(name);
+        QVERIFY(touched.open(QIODevice::Append));
+        touched.close();
+        const CliResult refused = runCli({QStringLiteral("info"), name});
+        QCOMPARE(refused.exitCode, 1);
+        QCOMPARE(refused.faultLines(), 1);
+        QVERIFY(refused.err.contains("not a DEF file"));
+    }
 }
 
 void TestProject::checkCommandChecksProjectAndNames()

@@ -21,19 +21,48 @@ std::unique_ptr<QSprites> loadSprites(const QString& path)
     return sprites;
 }
 
-QByteArray shownPixels(const QSprite* sprite)
+QVector<QRgb> shownColours(const QSprite* sprite)
 {
     const QImage image = sprite->image(sipDisplay);
     if (image.isNull())
-        return QByteArray();
-    QByteArray bytes;
-    for (int y = 0; y < image.height(); ++y)
-        bytes.append(reinterpret_cast<const char*>(image.constScanLine(y)),
-                     (qsizetype(image.width()) * image.depth() + 7) / 8);
-    if (image.format() == QImage::Format_Indexed8)
-        for (QRgb colour : image.colorTable())
-            bytes.append(QByteArray::number(colour & 0xFFFFFFu, 16)).append(',');
-    return bytes;
+        return {};
+    QVector<QRgb> colours;
+    colours.reserve(qsizetype(image.width()) * image.height());
+    const QVector<QRgb> table = image.colorTable();
+    for (int y = 0; y < image.height(); ++y) {
+        const uchar* line = image.constScanLine(y);
+        for (int x = 0; x < image.width(); ++x) {
+            QRgb colour = 0;
+            if (image.format() == QImage::Format_Indexed8) {
+                const int index = line[x];
+                colour = index == 0 ? 0u : (index < table.size() ? table.at(index) : 0u) | 0xFF000000u;
+            } else {
+                colour = reinterpret_cast<const QRgb*>(line)[x];
+                if (image.format() == QImage::Format_RGB32)
+                    colour |= 0xFF000000u;
+                else if (qAlpha(colour) == 0)
+                    colour = 0;
+            }
+            colours.append(colour);
+        }
+    }
+    return colours;
+}
+
+int worstColourError(const QVector<QRgb>& expected, const QVector<QRgb>& actual)
+{
+    if (expected.size() != actual.size())
+        return 256;
+    int worst = 0;
+    for (qsizetype i = 0; i < expected.size(); ++i) {
+        const QRgb a = expected.at(i);
+        const QRgb b = actual.at(i);
+        if ((qAlpha(a) == 0) != (qAlpha(b) == 0))
+            return 256;
+        worst = qMax(worst, qMax(qAbs(qRed(a) - qRed(b)), qMax(qAbs(qGreen(a) - qGreen(b)), qAbs(qBlue(a) - qBlue(b)))));
+        worst = qMax(worst, qAbs(qAlpha(a) - qAlpha(b)));
+    }
+    return worst;
 }
 
 QStringList spriteDifferences(const QSprites& expected, const QSprites& actual, bool flags)
@@ -46,8 +75,14 @@ QStringList spriteDifferences(const QSprites& expected, const QSprites& actual, 
         const QSprite* b = actual.at(i);
         if (a->subItem() != b->subItem() || a->offset() != b->offset() || (flags && a->flags() != b->flags()))
             differences << QStringLiteral("sprite %1: properties").arg(i);
-        else if (shownPixels(a) != shownPixels(b))
-            differences << QStringLiteral("sprite %1 (%2,%3): pixels").arg(i).arg(a->itemGroup()).arg(a->itemIndex());
+        else if (a->imageInfo().width != b->imageInfo().width || a->imageInfo().height != b->imageInfo().height)
+            differences << QStringLiteral("sprite %1 (%2,%3): size").arg(i).arg(a->itemGroup()).arg(a->itemIndex());
+        else if (shownColours(a) != shownColours(b))
+            differences << QStringLiteral("sprite %1 (%2,%3): colours, worst error %4")
+                               .arg(i)
+                               .arg(a->itemGroup())
+                               .arg(a->itemIndex())
+                               .arg(worstColourError(shownColours(a), shownColours(b)));
     }
     return differences;
 }
@@ -60,8 +95,9 @@ QStringList paletteDifferences(const QSprites& expected, const QSprites& actual,
     for (int i = 0; i < expected.paletteCount(); ++i) {
         const QSpritePalette* a = expected.paletteAt(i);
         const QSpritePalette* b = actual.paletteAt(i);
-        bool same = a->subItem() == b->subItem() && a->colorCount() == b->colorCount();
-        for (int c = 0; same && c < 256; ++c) {
+        // A palette may go into a file with more colours than it had, never fewer.
+        bool same = a->subItem() == b->subItem() && a->colorCount() <= b->colorCount();
+        for (int c = 0; same && c < a->colorCount(); ++c) {
             const QRGBA x = a->colors()[c];
             const QRGBA y = b->colors()[c];
             same = x.r == y.r && x.g == y.g && x.b == y.b && (!alpha || x.a == y.a);

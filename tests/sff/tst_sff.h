@@ -29,6 +29,8 @@ private slots:
     void sharedImageUnderTwoPalettes();
     void trueColourByVersion();
     void canSaveChecks();
+    void portraitPaletteKeepsTheStandColours();
+    void opaqueColourOfTheTransparentRgbStaysOpaque();
 
     // Old fonts and the command-line tool
     void oldFontBecomesSprites_data();

@@ -56,7 +56,7 @@ QByteArray version1File(const QList<QImage>& images, const QList<quint16>& links
     stream.setByteOrder(QDataStream::LittleEndian);
     QSFFHeader header;
     header.setSignature();
-    header.version = QSprites::version101;
+    header.version = sffVersion101;
     QSFFv1Header v1;
     v1.imageCount = quint32(images.size());
     stream << header << v1;
@@ -236,7 +236,7 @@ void TestSff::paletteAlphaByVersion()
     QRecordingPrompt prompt;
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("alpha.sff"));
-    for (quint32 version : { 0x02000000u, 0x02000100u }) {
+    for (quint32 version : { sffVersion200, sffVersion201 }) {
         SffV2Builder file;
         file.version = version;
         file.ldata = colourBytes(17);
@@ -323,7 +323,7 @@ void TestSff::shortPaletteWritesLZ5()
     QSprite* sprite = sprites->add();
     sprite->setImage(indexedImage(40, 30, 1), ssmShared, false, spmUse, QSubItem(1, 1));
     QCOMPARE(sprite->palette(), palette);
-    for (quint32 version : { 0x02000000u, 0x02000100u }) {
+    for (quint32 version : { sffVersion200, sffVersion201 }) {
         const QString path = dir.filePath(QStringLiteral("short%1.sff").arg(version, 0, 16));
         QVERIFY(sprites->toFile(path, version));
         const QSFFv2Sprite record = spriteRecords(readFile(path)).first();
@@ -360,7 +360,7 @@ void TestSff::sharedImageUnderTwoPalettes()
     QCOMPARE(records.at(1).palette, quint16(1));
 
     const QString v1 = dir.filePath(QStringLiteral("two1.sff"));
-    QVERIFY(sprites->toFile(v1, QSprites::version101));
+    QVERIFY(sprites->toFile(v1, sffVersion101));
     auto reloaded = loadSprites(v1);
     QVERIFY(reloaded);
     QCOMPARE(spriteDifferences(*sprites, *reloaded, false), QStringList());
@@ -379,8 +379,8 @@ void TestSff::trueColourByVersion()
     for (int x = 0; x < 20; ++x)
         picture.setPixel(x, 5, qRgba(x * 12, 200, 40, 255));
     sprites->add()->setImage(picture);
-    QVERIFY(sprites->canSave(0x02000100));
-    QVERIFY(!sprites->canSave(0x02000000));
+    QVERIFY(sprites->canSave(sffVersion201));
+    QVERIFY(!sprites->canSave(sffVersion200));
     QCOMPARE(prompt.entries().last().text, QStringLiteral("You can't save this SFF without palettes."));
 
     const QString png = dir.filePath(QStringLiteral("true.sff"));
@@ -397,19 +397,118 @@ void TestSff::trueColourByVersion()
     const QImage indexed = sprite->image(sipOwn);
     QCOMPARE(indexed.pixelIndex(0, 0), 0);
     QCOMPARE(indexed.pixel(7, 5), picture.pixel(7, 5));
+    // The reduction is told, with how far a colour moved: twenty colours fit exactly.
+    QCOMPARE(prompt.entries().last().kind, QStringLiteral("information"));
+    QVERIFY(prompt.entries().last().text.startsWith(QStringLiteral("1 true-colour sprite(s) reduced")));
+    QVERIFY(prompt.entries().last().text.endsWith(QStringLiteral("is 0 of 255.")));
+
+    // A thousand colours cannot: the error is reported, and no opaque pixel turns transparent.
+    QImage many(40, 25, QImage::Format_RGB32);
+    for (int y = 0; y < 25; ++y)
+        for (int x = 0; x < 40; ++x)
+            many.setPixel(x, y, qRgb(x * 6, y * 10, (x * y) & 255));
+    QSprite* second = sprites->add();
+    second->setItem(1, 0);
+    second->setImage(many);
+    QVERIFY(sprites->toFile(dir.filePath(QStringLiteral("many.sff")), sffVersion101));
+    const QString told = prompt.entries().last().text;
+    QVERIFY(told.startsWith(QStringLiteral("1 true-colour sprite(s) reduced")));
+    QVERIFY(!told.endsWith(QStringLiteral("is 0 of 255.")));
+    QVERIFY(!shownColours(sprites->at(1)).contains(0u));
 }
 
 void TestSff::canSaveChecks()
 {
     QRecordingPrompt prompt;
     auto sprites = newSprites();
-    QVERIFY(!sprites->canSave(0x02000100));
+    QVERIFY(!sprites->canSave(sffVersion201));
     QCOMPARE(prompt.entries().last().text,
              QStringLiteral("You can't save an empty SFF because M.U.G.E.N. will not open it."));
     QCOMPARE(prompt.entries().last().title, QStringLiteral("Save SFF"));
     QSprite* sprite = sprites->add();
     sprite->setImage(indexedImage(4, 4, 0), ssmShared, false, spmNew);
-    QVERIFY(sprites->canSave(QSprites::version101));
+    QVERIFY(sprites->canSave(sffVersion101));
     sprites->removePalette(0);
-    QVERIFY(!sprites->canSave(0x02000100));
+    QVERIFY(!sprites->canSave(sffVersion201));
+}
+
+namespace {
+
+/// The shown colours of every sprite after a save in `version` and a reload, against those before.
+QStringList conversionDifferences(QSprites& sprites, quint32 version, const QString& path)
+{
+    QList<QVector<QRgb>> before;
+    for (int i = 0; i < sprites.count(); ++i)
+        before.append(shownColours(sprites.at(i)));
+    if (!sprites.toFile(path, version, true))
+        return { QStringLiteral("not saved") };
+    auto reloaded = loadSprites(path);
+    if (!reloaded || reloaded->count() != sprites.count())
+        return { QStringLiteral("not reloaded") };
+    QStringList differences;
+    for (int i = 0; i < sprites.count(); ++i)
+        if (shownColours(reloaded->at(i)) != before.at(i))
+            differences << QStringLiteral("sprite %1: worst error %2")
+                               .arg(i)
+                               .arg(worstColourError(before.at(i), shownColours(reloaded->at(i))));
+    return differences;
+}
+
+} // namespace
+
+void TestSff::portraitPaletteKeepsTheStandColours()
+{
+    // A character whose portrait comes first, under a palette that differs
+    // from the standing pose's in one colour the pose uses: version 1 gives
+    // both the palette of whichever comes first.
+    QRecordingPrompt prompt;
+    QTemporaryDir dir;
+    auto sprites = newSprites();
+    QImage portrait = indexedImage(8, 8, 0);
+    QVector<QRgb> portraitTable = portrait.colorTable();
+    portraitTable[31] = qRgb(0, 0, 0);
+    portrait.setColorTable(portraitTable);
+    QImage stand = indexedImage(12, 10, 4);
+    QVector<QRgb> standTable = stand.colorTable();
+    standTable[31] = qRgb(49, 49, 49);
+    stand.setColorTable(standTable);
+    for (int y = 0; y < 10; ++y)
+        stand.scanLine(y)[y] = 31;
+    QSprite* first = sprites->add();
+    first->setItem(9000, 0);
+    first->setImage(portrait, ssmShared, false, spmNew);
+    QSprite* second = sprites->add();
+    second->setItem(0, 0);
+    second->setImage(stand, ssmShared, false, spmNew);
+    QVERIFY(first->palette() != second->palette());
+    for (quint32 version : { sffVersion101, sffVersion200, sffVersion201 })
+        QCOMPARE(conversionDifferences(*sprites, version, dir.filePath(QStringLiteral("stand.sff"))), QStringList());
+}
+
+void TestSff::opaqueColourOfTheTransparentRgbStaysOpaque()
+{
+    // A version 1 palette that uses its first 32 entries and repeats the
+    // transparent colour's red, green and blue in all the others, as many
+    // real ones do; the picture uses entries past 31 all the same.
+    QRecordingPrompt prompt;
+    QTemporaryDir dir;
+    QImage image = indexedImage(9, 7, 1);
+    QVector<QRgb> table = image.colorTable();
+    for (int i = 32; i < 256; ++i)
+        table[i] = qRgb(0, 0, 0);
+    table[0] = qRgb(0, 0, 0);
+    image.setColorTable(table);
+    image.scanLine(0)[0] = 0;
+    image.scanLine(1)[1] = 32;
+    image.scanLine(2)[2] = 40;
+    image.scanLine(3)[3] = 255;
+    const QString source = dir.filePath(QStringLiteral("v1.sff"));
+    QVERIFY(writeFile(source, version1File({ image, image.mirrored(true, false) }, { 0, 0 })));
+    for (quint32 version : { sffVersion101, sffVersion200, sffVersion201 }) {
+        auto sprites = loadSprites(source);
+        QVERIFY(sprites);
+        QCOMPARE(sprites->at(0)->palette()->colorCount(), 32);
+        QCOMPARE(shownColours(sprites->at(0)).at(9 + 1), qRgb(0, 0, 0));
+        QCOMPARE(conversionDifferences(*sprites, version, dir.filePath(QStringLiteral("v2.sff"))), QStringList());
+    }
 }

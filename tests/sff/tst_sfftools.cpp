@@ -14,6 +14,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -39,7 +40,7 @@ void TestSff::oldFontBecomesSprites()
     const QString name = QFileInfo(path).completeBaseName();
     QVERIFY(text.startsWith(QStringLiteral("[FNT v2]\nfntversion = 2,00\nname = \"%1\"\n").arg(name)));
     QVERIFY(text.endsWith(QStringLiteral("file = %1.sff\n").arg(name)));
-    QCOMPARE(sprites->getVersion(), 0x02000000u);
+    QCOMPARE(sprites->getVersion(), sffVersion200);
     QCOMPARE(sprites->count(), int(font.map().size()));
     QCOMPARE(sprites->paletteCount(), font.banks());
     int position = 0;
@@ -95,7 +96,7 @@ void TestSff::commandLine()
              0);
     auto converted = loadSprites(v1);
     QVERIFY(converted);
-    QCOMPARE(converted->getVersion(), QSprites::version101);
+    QCOMPARE(converted->getVersion(), sffVersion101);
     QCOMPARE(spriteDifferences(*loadSprites(kfm), *converted, false), QStringList());
 
     const QString exported = dir.filePath(QStringLiteral("out/kfm.pfe"));
@@ -115,6 +116,19 @@ void TestSff::commandLine()
                      QStringLiteral("2.0.0.0") });
     QCOMPARE(fault.exitCode, 1);
     QCOMPARE(fault.faultLines(), 1);
+    // A file cut short says which sprite and where, and is refused.
+    const QByteArray whole = readFile(kfm);
+    const QString cut = dir.filePath(QStringLiteral("cut.sff"));
+    QVERIFY(writeFile(cut, whole.left(whole.size() - 1000)));
+    fault = runCli({ QStringLiteral("sff"), QStringLiteral("info"), cut });
+    QCOMPARE(fault.exitCode, 1);
+    QCOMPARE(fault.faultLines(), 1);
+    const QString expected = QStringLiteral("of 281: data runs past the end of the file at byte %1")
+                                 .arg(QLocale(QLocale::English).toString(whole.size() - 1000));
+    QVERIFY2(QString::fromUtf8(fault.err).contains(expected), fault.err.constData());
+    QVERIFY(writeFile(cut, whole.left(700)));
+    fault = runCli({ QStringLiteral("sff"), QStringLiteral("info"), cut });
+    QVERIFY2(fault.err.contains("the sprite table of 281 records at byte"), fault.err.constData());
     QCOMPARE(runCli({ QStringLiteral("sff"), QStringLiteral("convert"), kfm, v1, QStringLiteral("--version"),
                       QStringLiteral("3.0") })
                  .exitCode,

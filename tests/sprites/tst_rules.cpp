@@ -112,43 +112,6 @@ void TestSprites::checkErrorsOnEmptyFile()
     QCOMPARE(sprites.messages()->count(), 0);
 }
 
-void TestSprites::fixImage_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<QVector<QRgb>>("table");
-    QTest::addColumn<QByteArray>("pixels");
-    QTest::addColumn<QByteArray>("fixed");
-    QTest::addColumn<bool>("changed");
-
-    QVector<QRgb> table(256, 0xff000000);
-    table[5] = 40;
-    QTest::newRow("no table") << 31 << QVector<QRgb>() << QByteArray("\x1f\x20\x28\x00", 4)
-                              << QByteArray("\x1f\x00\x00\x00", 4) << true;
-    QTest::newRow("pixel number found among colours")
-        << 31 << table << QByteArray("\x28\x29\x1f\x01", 4) << QByteArray("\x05\xff\x1f\x01", 4) << true;
-    QTest::newRow("all within count") << 255 << table << QByteArray("\xff\x00\x10\x20", 4)
-                                      << QByteArray("\xff\x00\x10\x20", 4) << false;
-    QTest::newRow("count itself stays") << 16 << QVector<QRgb>(16, 0) << QByteArray("\x10\x11\x10\x10", 4)
-                                        << QByteArray("\x10\x00\x10\x10", 4) << true;
-}
-
-void TestSprites::fixImage()
-{
-    QFETCH(int, count);
-    QFETCH(QVector<QRgb>, table);
-    QFETCH(QByteArray, pixels);
-    QFETCH(QByteArray, fixed);
-    QFETCH(bool, changed);
-    QImage image(4, 1, QImage::Format_Indexed8);
-    std::memcpy(image.scanLine(0), pixels.constData(), 4);
-    QCOMPARE(QSprites::fixImage(image, count, table), changed);
-    QCOMPARE(QByteArray(reinterpret_cast<const char*>(image.constScanLine(0)), 4), fixed);
-
-    QImage rgb(4, 1, QImage::Format_RGB32);
-    rgb.fill(0xffffffff);
-    QVERIFY(!QSprites::fixImage(rgb, 0, table));
-}
-
 void TestSprites::autoOrganizeByVersion()
 {
     QSprites sprites(nullptr, ctMemory, true, -1);

@@ -32,8 +32,6 @@ private slots:
     // tst_rules.cpp
     void checkErrorsReportsEachFault();
     void checkErrorsOnEmptyFile();
-    void fixImage_data();
-    void fixImage();
     void autoOrganizeByVersion();
     void paletteAutoOrganize();
     void groupSteps();

@@ -148,7 +148,7 @@ void ImgEdit::setImage(const QImage& image)
     m_sprite = nullptr;
     if (image.format() == QImage::Format_Indexed8) {
         QRGBA colors[256];
-        getRGBPal(image.colorTable(), colors);
+        colorTableToPalette(image.colorTable(), colors);
         m_palette.setColors(colors);
     }
     resetCanvas(image, tr("Background"));
@@ -167,7 +167,7 @@ bool ImgEdit::editSprite(QSprites* sprites, int position)
         // gives the others: the engine draws them opaque, and the indexed
         // merge must keep every other index as it is.
         QRGBA colors[256];
-        getRGBPal(image.colorTable(), colors);
+        colorTableToPalette(image.colorTable(), colors);
         colors[0].a = 0;
         for (int i = 1; i < 256; ++i)
             colors[i].a = 255;

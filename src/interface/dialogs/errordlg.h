@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/qprojecttypes.h"
+#include "util/qprojecttypes.h"
 
 #include <QDialog>
 
