@@ -2,6 +2,7 @@
 
 #include "formats/qrgbpalette.h"
 #include "managers/qconfigmanager.h"
+#include "qbakmanager.h"
 #include "qcommands.h"
 #include "qdefinitions.h"
 #include "qsounds.h"
@@ -34,7 +35,7 @@ bool saveOnlyModified()
 
 QString QProject::backupStamp()
 {
-    return QDateTime::currentDateTime().toString(QStringLiteral("dd-MM-yyyy h-m-s ap"));
+    return QDateTime::currentDateTime().toString(QBakManager::stampFormat());
 }
 
 bool QProject::backupCopy(const QString& source, const QString& target)
