@@ -24,11 +24,13 @@ BakDlg::BakDlg(QWidget* parent, const QString& defFile)
     connect(m_list, &QListView::doubleClicked, this, &QDialog::accept);
 
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel(m_backups->rowCount() > 0
+    auto* note = new QLabel(m_backups->rowCount() > 0
             ? tr("Choose the backup to load (newest first). Saving afterwards writes the "
                  "project's own files.")
             : tr("This project has no backups yet."),
-        this));
+        this);
+    note->setWordWrap(true);
+    layout->addWidget(note);
     layout->addWidget(m_list);
     layout->addWidget(buttons);
 
