@@ -374,7 +374,9 @@ void QMugenRun::readLogs()
 QString QMugenRun::projectFile(const QString& copyFile, int number) const
 {
     for (const QMugenRunCopy& copy : m_copies) {
-        if (copy.number != number || !copyFile.startsWith(copy.directory, Qt::CaseInsensitive))
+        // The author may have closed the project while the engine ran.
+        if (copy.number != number || !copy.project
+            || !copyFile.startsWith(copy.directory, Qt::CaseInsensitive))
             continue;
         const QString rest = copyFile.mid(copy.directory.length());
         const QProjectFiles files = copy.project->definitions()->files();

@@ -1,24 +1,23 @@
 #pragma once
 
 #include "qmugenlog.h"
-#include "model/qprojecttypes.h"
+#include "model/qproject.h"
 
 #include <QDateTime>
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QPointer>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
-
-class QProject;
 
 /// One project written into the engine's folders for a run: "%N" on the
 /// command line becomes `text`.
 struct QMugenRunCopy
 {
     int number = 0; ///< N of "%N"
-    QProject* project = nullptr;
+    QPointer<QProject> project;
     QString directory; ///< relative to the engine folder, ending in "/"
     QString name; ///< the copy's DEF without ".def"
     QString text; ///< what the engine is given for "%N"
