@@ -18,6 +18,9 @@ namespace {
 /// The run alive in this process, if any: the engine is one window at a time.
 bool s_active = false;
 
+/// How much of what the launcher writes on its error channel is kept.
+constexpr qsizetype launcherWordsKept = 2048;
+
 /// The logs the engine writes into its folder during a run.
 const char* const engineLogs[] = { "mugen.log", "stderr.txt" };
 
@@ -289,8 +292,18 @@ void QMugenRun::waitForEngine(QProcess& process)
     // when no signal says so.
     while (!ended && process.state() != QProcess::NotRunning) {
         process.waitForFinished(10);
+        keepLauncherWords(process);
         QCoreApplication::processEvents();
     }
+}
+
+void QMugenRun::keepLauncherWords(QProcess& process)
+{
+    // Wine talks a lot on its error channel over a long session: only the
+    // last words are kept, for the message when the engine fails.
+    m_launcherWords.append(process.readAllStandardError());
+    if (m_launcherWords.size() > launcherWordsKept)
+        m_launcherWords = m_launcherWords.right(launcherWordsKept);
 }
 
 int QMugenRun::exec()
@@ -301,6 +314,7 @@ int QMugenRun::exec()
     m_logErrors.clear();
     m_error.clear();
     m_cancelled = false;
+    m_launcherWords.clear();
     if (!QFileInfo(m_executable).isFile() || !prepare())
         return -1;
     if (!checkTargets() || !writeCopies(m_engineDir)) {
@@ -315,7 +329,7 @@ int QMugenRun::exec()
 
     QProcess process;
     process.setWorkingDirectory(m_engineDir);
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.setProcessChannelMode(QProcess::ForwardedOutputChannel);
     m_process = &process;
     waitForEngine(process);
     m_process = nullptr;
@@ -334,6 +348,16 @@ int QMugenRun::exec()
         m_error = tr("The engine stopped unexpectedly: %1").arg(process.errorString());
         prompt().warning(tr("Run in M.U.G.E.N."), m_error);
         return -1;
+    }
+    keepLauncherWords(process);
+    if (process.exitCode() != 0) {
+        // Wine refusing the executable ends here too, at once and with its reason on the error channel.
+        m_error
+            = tr("\"%1 %2\" ended with the code %3.").arg(launcher(), m_executable).arg(process.exitCode());
+        const QString words = QString::fromLocal8Bit(m_launcherWords).trimmed();
+        if (!words.isEmpty())
+            m_error += QLatin1Char('\n') + words;
+        prompt().warning(tr("Run in M.U.G.E.N."), m_error);
     }
     return process.exitCode();
 }

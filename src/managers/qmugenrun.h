@@ -106,6 +106,7 @@ private:
     /// Removes what writeCopies() wrote under `root`, and the folders it made.
     void removeCopies();
     void waitForEngine(QProcess& process);
+    void keepLauncherWords(QProcess& process);
     void readLogs();
     /// The project's own file behind a file of a copy, empty when none.
     QString projectFile(const QString& copyFile, int number) const;
@@ -124,5 +125,7 @@ private:
     QList<QMugenLogError> m_logErrors;
     QString m_error;
     QProcess* m_process = nullptr;
+    /// The last of what the launcher wrote on its error channel.
+    QByteArray m_launcherWords;
     bool m_cancelled = false;
 };

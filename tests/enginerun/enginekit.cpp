@@ -21,6 +21,7 @@ const char* const launcherScript = R"sh(#!/bin/sh
 [ -n "$STANDIN_LOG" ] && printf '%s\n' "$STANDIN_LOG" > mugen.log
 [ -n "$STANDIN_SLEEP" ] && exec sleep "$STANDIN_SLEEP"
 [ -n "$STANDIN_CRASH" ] && kill -SEGV $$
+[ -n "$STANDIN_EXIT" ] && echo "the stand-in refuses $1" >&2
 exit ${STANDIN_EXIT:-0}
 )sh";
 

@@ -229,8 +229,13 @@ void TestEngineRun::launcherMissingCrashingOrFailing()
     // An engine that exits at once with a fault: its code comes back, the copies go.
     qputenv("STANDIN_EXIT", "3");
     QCOMPARE(QMugenRun(executable(), QStringLiteral("%0"), { hero }).exec(), 3);
+    QCOMPARE(prompt.count(QStringLiteral("warning")), 1);
+    QCOMPARE(prompt.entries().first().text,
+        QStringLiteral("\"wine ") + executable()
+            + QStringLiteral("\" ended with the code 3.\nthe stand-in refuses ") + executable());
     QCOMPARE(enginekit::snapshot(engineDir()), engineBefore);
     qunsetenv("STANDIN_EXIT");
+    prompt.clear();
 
     // A crash: said, and cleaned up all the same.
     qputenv("STANDIN_CRASH", "1");
