@@ -3,6 +3,7 @@
 #include "formats/qrgbpalette.h"
 #include "managers/qconfigmanager.h"
 #include "qanimations.h"
+#include "qbakmanager.h"
 #include "qcommands.h"
 #include "qdefinitions.h"
 #include "qsounds.h"
@@ -37,7 +38,7 @@ bool saveOnlyModified()
 
 QString QProject::backupStamp()
 {
-    return QDateTime::currentDateTime().toString(QStringLiteral("dd-MM-yyyy h-m-s ap"));
+    return QDateTime::currentDateTime().toString(QBakManager::stampFormat());
 }
 
 bool QProject::backupCopy(const QString& source, const QString& target)
