@@ -16,41 +16,20 @@ bool isUndoKey(QKeyEvent* event)
 } // namespace
 
 QTextView::QTextView(QWidget* parent)
-    : QPlainTextEdit(parent)
-    , m_lineColor(255, 250, 220)
+    : QTextEditor(parent)
     , m_empty(new QTextDocument(this))
 {
     m_empty->setDocumentLayout(new QPlainTextDocumentLayout(m_empty));
     setObjectName(QStringLiteral("textView"));
     setLineWrapMode(QPlainTextEdit::NoWrap);
-    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &QTextView::highlightLine);
 }
 
 void QTextView::showDocument(QTextDocument* document, bool readOnly)
 {
     if (!document)
         document = m_empty;
-    if (!qobject_cast<QPlainTextDocumentLayout*>(document->documentLayout()))
-        document->setDocumentLayout(new QPlainTextDocumentLayout(document));
-    setDocument(document);
+    setTextDocument(document);
     setReadOnly(readOnly || document == m_empty);
-    highlightLine();
-}
-
-void QTextView::setLineColor(const QColor& color)
-{
-    m_lineColor = color;
-    highlightLine();
-}
-
-void QTextView::highlightLine()
-{
-    QTextEdit::ExtraSelection line;
-    line.format.setBackground(m_lineColor);
-    line.format.setProperty(QTextFormat::FullWidthSelection, true);
-    line.cursor = textCursor();
-    line.cursor.clearSelection();
-    setExtraSelections({line});
 }
 
 bool QTextView::event(QEvent* event)
@@ -60,7 +39,7 @@ bool QTextView::event(QEvent* event)
         event->ignore();
         return false;
     }
-    return QPlainTextEdit::event(event);
+    return QTextEditor::event(event);
 }
 
 void QTextView::keyPressEvent(QKeyEvent* event)
@@ -69,7 +48,7 @@ void QTextView::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
-    QPlainTextEdit::keyPressEvent(event);
+    QTextEditor::keyPressEvent(event);
 }
 
 void QTextView::contextMenuEvent(QContextMenuEvent* event)

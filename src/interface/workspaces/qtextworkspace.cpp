@@ -32,5 +32,6 @@ void QTextWorkspace::reconfig()
     font.setPointSize(qMax(6, (*configMan)[QStringLiteral("font_size")].toInt()));
     m_view->setFont(font);
     if (colorMan)
-        m_view->setLineColor(colorMan->color(QStringLiteral("line")));
+        m_view->setColors(colorMan->color(QStringLiteral("line")), colorMan->color(QStringLiteral("paren")),
+                          colorMan->color(QStringLiteral("paren_range")));
 }
