@@ -248,7 +248,7 @@ private slots:
         popup->hide();
         // Triggers after "=" of a trigger line.
         QTest::keyClick(&editor, Qt::Key_Return);
-        QTest::keyClicks(&editor, QStringLiteral("trigger1 = animt"));
+        QTest::keyClicks(&editor, QStringLiteral("trigger1 = ani"));
         QVERIFY(popup->isVisible());
         QVERIFY(offered().join(QLatin1Char(' ')).contains(QStringLiteral("animtime"), Qt::CaseInsensitive));
         popup->hide();

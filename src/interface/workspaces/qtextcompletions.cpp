@@ -91,6 +91,15 @@ QString QTextCompletions::spelled(const QString& lowered)
     return spellings().value(lowered, lowered);
 }
 
+int QTextCompletions::typedLength(const QTextCursor& cursor)
+{
+    const QString text = cursor.block().text();
+    int start = cursor.positionInBlock();
+    while (start > 0 && (text.at(start - 1).isLetterOrNumber() || text.at(start - 1) == QLatin1Char('_')))
+        --start;
+    return cursor.positionInBlock() - start;
+}
+
 bool QTextCompletions::wantsListAfter(const QTextCursor& cursor) const
 {
     static const QRegularExpression assign(QStringLiteral("^\\s*type\\s*=\\s*$"),

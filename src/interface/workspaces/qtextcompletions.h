@@ -21,6 +21,8 @@ class QTextCompletions
 public:
     /// The candidates at the cursor, sorted; `prefix` gets the part of the word already typed.
     QStringList candidates(const QTextCursor& cursor, QString* prefix) const;
+    /// How many letters of a word stand before the cursor.
+    static int typedLength(const QTextCursor& cursor);
     /// Whether a list belongs right after what stands before the cursor ("type = ").
     bool wantsListAfter(const QTextCursor& cursor) const;
 

@@ -148,9 +148,14 @@ int QTextEditor::gutterWidth() const
 
 void QTextEditor::updateGutterWidth()
 {
-    setViewportMargins(gutterWidth(), 0, 0, 0);
+    // A change of the margins lays the whole document out again: only when the width changes.
+    const int width = gutterWidth();
+    if (viewportMargins().left() != width)
+        setViewportMargins(width, 0, 0, 0);
     const QRect area = contentsRect();
-    m_gutter->setGeometry(QRect(area.left(), area.top(), gutterWidth(), area.height()));
+    const QRect geometry(area.left(), area.top(), width, area.height());
+    if (m_gutter->geometry() != geometry)
+        m_gutter->setGeometry(geometry);
 }
 
 void QTextEditor::updateGutter(const QRect& rect, int dy)
@@ -171,9 +176,12 @@ void QTextEditor::paintGutter(QPaintEvent* event)
 {
     QPainter painter(m_gutter);
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
-    painter.setRenderHint(QPainter::Antialiasing);
     const int width = m_gutter->width();
     const int current = textCursor().blockNumber();
+    const QFont plain = painter.font();
+    QFont bold = plain;
+    bold.setBold(true);
+    painter.setPen(palette().color(QPalette::PlaceholderText));
     QTextBlock block = firstVisibleBlock();
     int top = qRound(blockBoundingGeometry(block).translated(contentOffset()).top());
     while (block.isValid() && top <= event->rect().bottom()) {
@@ -182,16 +190,19 @@ void QTextEditor::paintGutter(QPaintEvent* event)
             const int line = fontMetrics().height();
             const int finding = worstFinding(block);
             if (finding >= 0) {
+                painter.save();
+                painter.setRenderHint(QPainter::Antialiasing);
                 painter.setPen(Qt::NoPen);
                 painter.setBrush(finding == 0 ? QColor(220, 40, 40) : QColor(230, 180, 0));
                 painter.drawEllipse(QRectF(2, top + (line - 8) / 2.0, 8, 8));
+                painter.restore();
             }
-            QFont font = painter.font();
-            font.setBold(block.blockNumber() == current);
-            painter.setFont(font);
-            painter.setPen(palette().color(QPalette::PlaceholderText));
+            if (block.blockNumber() == current)
+                painter.setFont(bold);
             painter.drawText(markWidth, top, width - markWidth - foldWidth - 2, line, Qt::AlignRight,
                              QString::number(block.blockNumber() + 1));
+            if (block.blockNumber() == current)
+                painter.setFont(plain);
             if (isSectionHeader(block)) {
                 const QRectF box(width - foldWidth + 1, top + (line - 9) / 2.0, 9, 9);
                 painter.setBrush(Qt::NoBrush);
@@ -324,6 +335,13 @@ void QTextEditor::updateSelections()
         }
     }
     setExtraSelections(selections);
+    // Only the lines whose number changes weight are painted again, not the whole margin.
+    const QTextBlock previous = document()->findBlockByNumber(m_cursorLine);
+    for (const QTextBlock& changed : {previous, block}) {
+        if (changed.isValid() && changed.isVisible())
+            m_gutter->update(blockBoundingGeometry(changed).translated(contentOffset()).toAlignedRect().adjusted(-m_gutter->width(), 0, m_gutter->width(), 0));
+    }
+    m_cursorLine = block.blockNumber();
     if (!block.isVisible()) { // the cursor went into a folded section
         for (QTextBlock header = block; header.isValid(); header = header.previous()) {
             if (isSectionHeader(header)) {
@@ -332,7 +350,6 @@ void QTextEditor::updateSelections()
             }
         }
     }
-    m_gutter->update();
 }
 
 bool QTextEditor::viewportEvent(QEvent* event)
@@ -427,7 +444,11 @@ void QTextEditor::keyPressEvent(QKeyEvent* event)
                                               || typed.at(0) == QLatin1Char('.'));
     const bool afterAssign = !typed.isEmpty() && (typed.at(0) == QLatin1Char('=') || typed.at(0) == QLatin1Char(' '))
                              && m_completions->wantsListAfter(textCursor());
-    if (!isReadOnly() && (wordKey || afterAssign || (popup->isVisible() && event->key() == Qt::Key_Backspace)))
+    // While a word is typed the list opens at its third letter, so that
+    // short words and numbers type without it.
+    if (!isReadOnly()
+        && ((wordKey && (popup->isVisible() || m_completions->typedLength(textCursor()) >= 3)) || afterAssign
+            || (popup->isVisible() && event->key() == Qt::Key_Backspace)))
         complete();
     else if (popup->isVisible() && !wordKey)
         popup->hide();
@@ -442,13 +463,17 @@ void QTextEditor::complete()
         popup->hide();
         return;
     }
-    static_cast<QStringListModel*>(m_completer->model())->setStringList(words);
+    auto* model = static_cast<QStringListModel*>(m_completer->model());
+    if (model->stringList() != words)
+        model->setStringList(words);
     m_completer->setCompletionPrefix(prefix);
     if (m_completer->completionCount() == 0) {
         popup->hide();
         return;
     }
     popup->setCurrentIndex(m_completer->completionModel()->index(0, 0));
+    if (popup->isVisible())
+        return; // the open list follows the prefix by itself
     QRect rect = cursorRect();
     rect.setWidth(popup->sizeHintForColumn(0) + popup->verticalScrollBar()->sizeHint().width() + 8);
     m_completer->complete(rect);

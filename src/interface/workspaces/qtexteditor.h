@@ -84,4 +84,5 @@ private:
     QColor m_parenColor;
     QColor m_parenRangeColor;
     int m_zoom = 0;
+    int m_cursorLine = 0; ///< whose number the margin shows in bold
 };
