@@ -1,6 +1,9 @@
 // The text editor widget as an author uses it: typing, folding, the editing
 // keys, brackets, completion and the checker's findings under the text.
+#include "interface/qquickfind.h"
 #include "interface/workspaces/qtexteditor.h"
+#include "interface/workspaces/qtextoutline.h"
+#include "text/qtextsearch.h"
 #include "syntax/qsyntaxprocessor.h"
 #include "syntax/qsyntaxtexteditor.h"
 #include "text/qcodecs.h"
@@ -8,7 +11,9 @@
 #include "util/qengineversion.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QCompleter>
+#include <QLineEdit>
 #include <QTextBlock>
 #include <QtTest>
 
@@ -263,6 +268,66 @@ private slots:
         putCursor(editor, 0, 0);
         QTest::keyClicks(&editor, QStringLiteral("; type = "));
         QVERIFY(!popup->isVisible());
+    }
+
+    void outlineNestsStatesAndJumps()
+    {
+        Fixture f(engineVersion::v1_1, QStringLiteral("; Stand\n[Statedef 0]\ntype = S\n[State 0, a]\ntype = Null\n"
+                                                       "[Statedef 20] ; Walk\n[State 20, b]\ntype = VelSet\n"
+                                                       "[Command]\nname = \"QCF_x\"\ncommand = ~D, DF, F, x\n"
+                                                       "[Begin Action 5] ; Turn\n[Files]"));
+        QTextOutline outline;
+        outline.setTextDocument(f.states.document());
+        QCOMPARE(outline.topLevelItemCount(), 5);
+        QCOMPARE(outline.topLevelItem(0)->text(0), QStringLiteral("Statedef 0  Stand"));
+        QCOMPARE(outline.topLevelItem(0)->child(0)->text(0), QStringLiteral("State 0, a  (Null)"));
+        QCOMPARE(outline.topLevelItem(1)->text(0), QStringLiteral("Statedef 20  Walk"));
+        QCOMPARE(outline.topLevelItem(1)->child(0)->text(0), QStringLiteral("State 20, b  (VelSet)"));
+        QCOMPARE(outline.topLevelItem(2)->text(0), QStringLiteral("Command \"QCF_x\""));
+        QCOMPARE(outline.topLevelItem(3)->text(0), QStringLiteral("Begin Action 5  Turn"));
+        QCOMPARE(outline.topLevelItem(4)->text(0), QStringLiteral("Files"));
+        QSignalSpy jumped(&outline, &QTextOutline::lineActivated);
+        emit outline.itemClicked(outline.topLevelItem(1)->child(0), 0);
+        QCOMPARE(jumped.value(0).value(0).toInt(), 6);
+
+        // It follows edits on its timer, not on each key.
+        putCursor(f.editor, 0, 0);
+        QTest::keyClicks(&f.editor, QStringLiteral("[Statedef 9]"));
+        QTest::keyClick(&f.editor, Qt::Key_Return);
+        QCOMPARE(outline.topLevelItemCount(), 5);
+        QTRY_COMPARE(outline.topLevelItemCount(), 6);
+    }
+
+    void quickFindSearchesAndReplaces()
+    {
+        Fixture f(engineVersion::v1_1);
+        QQuickFind find(&f.editor);
+        f.editor.setFocus();
+        putCursor(f.editor, 0, 0);
+        find.start();
+        QTest::keyClicks(find.findField(), QStringLiteral("anim"));
+        QCOMPARE(f.editor.textCursor().blockNumber(), 2); // "anim = 200", found as typed
+        QVERIFY(find.findNext());
+        QCOMPARE(f.editor.textCursor().blockNumber(), 6); // AnimElem
+        find.wordBox()->setChecked(true);
+        QVERIFY(find.findNext()); // whole words: only "anim" itself, wrapping round
+        QCOMPARE(f.editor.textCursor().blockNumber(), 2);
+        find.wordBox()->setChecked(false);
+        find.regexBox()->setChecked(true);
+        find.findField()->setText(QStringLiteral("trigger(\\d)"));
+        find.replaceField()->setText(QStringLiteral("trigger\\1"));
+        QCOMPARE(find.replaceAll(), 2);
+        find.findField()->setText(QStringLiteral("AnimTime"));
+        find.replaceField()->setText(QStringLiteral("AnimElemTime(1)"));
+        find.regexBox()->setChecked(false);
+        QCOMPARE(find.replaceAll(), 1);
+        QCOMPARE(lineText(f.editor, 10), QStringLiteral("trigger1 = !AnimElemTime(1)"));
+        f.editor.document()->undo(); // one step per replace
+        QCOMPARE(lineText(f.editor, 10), QStringLiteral("trigger1 = !AnimTime"));
+        find.findField()->setText(QStringLiteral("(unclosed"));
+        find.regexBox()->setChecked(true);
+        QVERIFY(!find.findNext());
+        QVERIFY(!QTextSearch(QStringLiteral("(unclosed"), true, false, false).isValid());
     }
 
     void zoomsAndTellsFindings()

@@ -9,6 +9,7 @@
 class QListWidget;
 class QProjectFile;
 class QTextDocument;
+class QTextOutline;
 class QTextUndoStack;
 class QTextWorkspace;
 
@@ -66,6 +67,7 @@ private:
     QTextWorkspace* m_workspace;
     QProject* m_project = nullptr;
     QListWidget* m_list = nullptr;
+    QTextOutline* m_outline = nullptr;
     int m_current = -1;
     QPointer<QTextDocument> m_shown;
     mutable QHash<QTextDocument*, QTextUndoStack*> m_stacks;

@@ -1,28 +1,65 @@
 #include "qtextworkspace.h"
 
+#include "interface/dialogs/finddlgmlt.h"
+#include "interface/qinterface.h"
+#include "interface/qquickfind.h"
 #include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
 #include "qtextview.h"
 
+#include <QAction>
 #include <QFont>
+#include <QVBoxLayout>
 
 QTextWorkspace::QTextWorkspace(QObject* parent)
     : QInterfaceWorkspace(parent)
-    , m_view(new QTextView)
+    , m_widget(new QWidget)
+    , m_view(new QTextView(m_widget))
+    , m_quickFind(new QQuickFind(m_view, m_widget))
+    , m_findInFiles(new FindDlgMlt(m_widget))
 {
+    m_widget->setObjectName(QStringLiteral("textWorkspace"));
+    auto* layout = new QVBoxLayout(m_widget);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_view, 1);
+    layout->addWidget(m_quickFind);
+    m_quickFind->hide();
+
+    auto* find = new QAction(m_widget);
+    find->setShortcut(QKeySequence::Find);
+    find->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(find, &QAction::triggered, m_quickFind, &QQuickFind::start);
+    auto* findInFiles = new QAction(m_widget);
+    findInFiles->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
+    findInFiles->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(findInFiles, &QAction::triggered, m_findInFiles, [this] {
+        m_findInFiles->show();
+        m_findInFiles->raise();
+    });
+    m_widget->addActions({find, findInFiles});
+    connect(m_findInFiles, &FindDlgMlt::navigate, this, [](int file, int fileIndex, int column, int line) {
+        if (intf)
+            intf->navigateTo(QProjectFileType(file), fileIndex, column, line);
+    });
     reconfig();
 }
 
 QTextWorkspace::~QTextWorkspace()
 {
-    // The view belongs to the window's workspace stack once shown there.
-    if (!m_view->parent())
-        delete m_view;
+    // The page belongs to the window's workspace stack once shown there.
+    if (!m_widget->parent())
+        delete m_widget;
 }
 
 QWidget* QTextWorkspace::widget() const
 {
-    return m_view;
+    return m_widget;
+}
+
+void QTextWorkspace::setProject(QProject* project)
+{
+    m_findInFiles->setProject(project);
 }
 
 void QTextWorkspace::reconfig()
