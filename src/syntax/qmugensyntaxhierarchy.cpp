@@ -99,8 +99,8 @@ QList<QMugenSyntaxHierarchy::Item> QMugenSyntaxHierarchy::outline() const
                 name = commentOf(above.text());
             if (!name.isEmpty())
                 item.label += QStringLiteral("  ") + name;
-        } else if (lowered.startsWith(QLatin1String("state ")) && inStatedef) {
-            item.level = 1;
+        } else if (lowered.startsWith(QLatin1String("state "))) {
+            item.level = inStatedef ? 1 : 0;
             const QString type = valueIn(i, QStringLiteral("type"));
             if (!type.isEmpty())
                 item.label += QStringLiteral("  (") + type + QLatin1Char(')');
