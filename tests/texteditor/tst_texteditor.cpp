@@ -4,7 +4,10 @@
 #include "interface/workspaces/qtexteditor.h"
 #include "interface/workspaces/qtextoutline.h"
 #include "text/qtextsearch.h"
+#include "managers/qsctrlmanager.h"
+#include "syntax/qmugensyntaxproperties.h"
 #include "syntax/qsyntaxprocessor.h"
+#include "interface/workspaces/qtextcompletions.h"
 #include "syntax/qsyntaxtexteditor.h"
 #include "text/qcodecs.h"
 #include "text/qcommonelements.h"
@@ -15,6 +18,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QTextBlock>
+#include <QToolTip>
 #include <QtTest>
 
 namespace {
@@ -328,6 +332,47 @@ private slots:
         find.regexBox()->setChecked(true);
         QVERIFY(!find.findNext());
         QVERIFY(!QTextSearch(QStringLiteral("(unclosed"), true, false, false).isValid());
+    }
+
+    void templatesAndDescriptionsCoverTheVocabulary()
+    {
+        QSCtrlManager sctrls(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data/sctrls"));
+        const QMugenSyntaxProperties* vocabulary = QSyntaxTextEditor::mugenProperties();
+        QSet<QString> listed;
+        for (const QString& name : sctrls.controllers()) {
+            listed.insert(name.toLower());
+            QVERIFY2(!sctrls.description(name).isEmpty(), qPrintable(name));
+        }
+        for (int i = 0; i < vocabulary->controllerCount(QMugenSyntaxProperties::StateController); ++i) {
+            const QSynController& controller = vocabulary->controller(QMugenSyntaxProperties::StateController, i);
+            QVERIFY2(listed.contains(controller.name.toLower()), qPrintable(controller.name));
+        }
+        // Every trigger spelled in the file is one the checker knows.
+        const QSynTable& triggers = vocabulary->section(QStringLiteral("trigger"));
+        const QHash<QString, QString> spelled = sctrls.triggerSpellings();
+        for (auto it = spelled.cbegin(); it != spelled.cend(); ++it)
+            QVERIFY2(triggers.entries.contains(it.key()), qPrintable(it.value()));
+        QCOMPARE(spelled.value(QStringLiteral("animelemtime")), QStringLiteral("AnimElemTime"));
+
+        // A template, inserted and checked, gives no error but its empty values.
+        QCOMPARE(sctrls.templateFor(QStringLiteral("varset"), QStringLiteral("200")),
+                 QStringLiteral("[State 200, VarSet]\ntype = VarSet\ntrigger1 = \nv = \nvalue = \n"));
+        QVERIFY(sctrls.templateFor(QStringLiteral("NoSuch"), QStringLiteral("0")).isEmpty());
+
+        // The editor tells a word's description under the mouse, and completes in its spelling.
+        QTextCompletions::setSpelling(spelled);
+        Fixture f(engineVersion::v1_1);
+        f.editor.setDescriber([&](const QString& word) { return sctrls.description(word); });
+        const QRect word = f.editor.cursorRect(QTextCursor(f.editor.document()->findBlockByNumber(9)));
+        const QPoint at(word.left() + f.editor.fontMetrics().horizontalAdvance(QStringLiteral("type = Chan")), word.center().y());
+        QHelpEvent help(QEvent::ToolTip, at, f.editor.viewport()->mapToGlobal(at));
+        QApplication::sendEvent(f.editor.viewport(), &help);
+        QCOMPARE(QToolTip::text(), sctrls.description(QStringLiteral("ChangeState")));
+        putCursor(f.editor, 10, 20);
+        QTest::keyClicks(&f.editor, QStringLiteral(" || AnimElemT"));
+        QAbstractItemModel* offered = f.editor.completer()->completionModel();
+        QCOMPARE(offered->index(0, 0).data().toString(), QStringLiteral("AnimElemTime"));
+        QTextCompletions::setSpelling({});
     }
 
     void zoomsAndTellsFindings()

@@ -1,10 +1,14 @@
 #include "qtextview.h"
 
+#include "managers/qsctrlmanager.h"
+
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextDocumentLayout>
+#include <QRegularExpression>
+#include <QTextBlock>
 
 namespace {
 
@@ -58,6 +62,33 @@ void QTextView::contextMenuEvent(QContextMenuEvent* event)
     const QList<QAction*> actions = menu->actions();
     for (int i = 0; i < 2 && i < actions.size(); ++i)
         menu->removeAction(actions.at(i));
+    if (!isReadOnly() && sctrlsMan && !sctrlsMan->controllers().isEmpty()) {
+        QMenu* insert = menu->addMenu(tr("Insert controller"));
+        for (const QString& name : sctrlsMan->controllers()) {
+            QAction* action = insert->addAction(name);
+            action->setToolTip(sctrlsMan->description(name));
+            connect(action, &QAction::triggered, this, [this, name] { insertController(name); });
+        }
+    }
     menu->exec(event->globalPos());
     delete menu;
+}
+
+void QTextView::insertController(const QString& name)
+{
+    // The new controller belongs to the state whose definition stands above the cursor.
+    static const QRegularExpression statedef(QStringLiteral("^\\s*\\[\\s*statedef\\s+(-?\\d+)"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    QString state = QStringLiteral("0");
+    for (QTextBlock block = textCursor().block(); block.isValid(); block = block.previous()) {
+        const QRegularExpressionMatch match = statedef.match(block.text());
+        if (match.hasMatch()) {
+            state = match.captured(1);
+            break;
+        }
+    }
+    QTextCursor cursor = textCursor();
+    cursor.movePosition(QTextCursor::StartOfBlock);
+    cursor.insertText(sctrlsMan->templateFor(name, state));
+    setTextCursor(cursor);
 }

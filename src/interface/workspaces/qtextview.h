@@ -16,6 +16,8 @@ public:
 
     /// Shows the document, giving it the layout a view needs; null shows an empty page.
     void showDocument(QTextDocument* document, bool readOnly);
+    /// Inserts a new controller of that name (from sctrlsMan's templates) before the cursor's line.
+    void insertController(const QString& name);
 
 protected:
     bool event(QEvent* event) override;

@@ -5,6 +5,9 @@
 #include "interface/qquickfind.h"
 #include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
+#include "managers/qprogramdirectory.h"
+#include "managers/qsctrlmanager.h"
+#include "qtextcompletions.h"
 #include "qtextview.h"
 
 #include <QAction>
@@ -42,11 +45,21 @@ QTextWorkspace::QTextWorkspace(QObject* parent)
         if (intf)
             intf->navigateTo(QProjectFileType(file), fileIndex, column, line);
     });
+    // The window makes the templates' manager; a workspace without one (in a
+    // test, say) reads the folder itself.
+    if (!sctrlsMan) {
+        m_sctrls = std::make_unique<QSCtrlManager>(programDirectory() + QStringLiteral("/sctrls"));
+        sctrlsMan = m_sctrls.get();
+    }
+    QTextCompletions::setSpelling(sctrlsMan->triggerSpellings());
+    m_view->setDescriber([](const QString& word) { return sctrlsMan ? sctrlsMan->description(word) : QString(); });
     reconfig();
 }
 
 QTextWorkspace::~QTextWorkspace()
 {
+    if (sctrlsMan == m_sctrls.get())
+        sctrlsMan = nullptr;
     // The page belongs to the window's workspace stack once shown there.
     if (!m_widget->parent())
         delete m_widget;

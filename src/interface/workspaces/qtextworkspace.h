@@ -2,8 +2,11 @@
 
 #include "interface/qinterfaceworkspace.h"
 
+#include <memory>
+
 class FindDlgMlt;
 class QQuickFind;
+class QSCtrlManager;
 class QTextView;
 
 /**
@@ -33,4 +36,5 @@ private:
     QTextView* m_view;
     QQuickFind* m_quickFind;
     FindDlgMlt* m_findInFiles;
+    std::unique_ptr<QSCtrlManager> m_sctrls; ///< only while the window made none
 };
