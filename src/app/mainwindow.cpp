@@ -7,6 +7,7 @@
 #include "interface/editors/qstateseditor.h"
 #include "interface/editors/qsoundseditor.h"
 #include "interface/editors/qtextfileviewer.h"
+#include "interface/extras/qpaletteseditor.h"
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextworkspace.h"
 #include "interface/workspaces/qviewworkspace.h"
@@ -52,6 +53,7 @@ MainWindow::MainWindow(QWidget* parent)
     intf->registerEditor(new QTextFileViewer(commands, text));
     intf->registerEditor(new QStatesEditor(text));
     intf->registerEditor(new QSoundsEditor(views));
+    intf->registerExtraEditor(new QPalettesEditor);
     intf->run(master);
     if (!ownFile.isEmpty())
         intf->openProject(ownFile);

@@ -10,6 +10,8 @@
 
 #include "model/qprojecttypes.h"
 
+class Calculator;
+class ClipDlg;
 class ErrorDlg;
 class QAction;
 class QActionGroup;
@@ -67,6 +69,8 @@ public:
     QActionManager* actions() const { return m_actions; }
     QUndoGroup* undoGroup() const { return m_undoGroup; }
     ErrorDlg* errorDialog() const { return m_errorDlg; }
+    Calculator* calculator() const { return m_calculator; }
+    ClipDlg* clipboardDialog() const { return m_clipDlg; }
     QClickableLabel* errorIcon() const { return m_errorIcon; }
     QClickableLabel* projectLabel() const { return m_projectLabel; }
     QPanelWidget* leftPanel() const { return m_leftPanel; }
@@ -118,6 +122,10 @@ public slots:
     void viewLeftPanel(bool visible);
     void viewRightPanel(bool visible);
     void viewActions(bool visible);
+    void viewCalculator();
+    void viewClipboard();
+    /// Runs a shared Edit command ("edit_cut", "edit_copy", "edit_paste") in the current editor.
+    void execAction(const QString& action);
     void toolsOptions();
     void helpAbout();
     /// Closes the tab; the last tab of an empty project stays.
@@ -154,6 +162,8 @@ private:
     void connectEditor(QInterfaceEditor* editor, bool on);
     void checkProject(QProject* project);
     QMenu* menu(const char* name) const;
+    /// The shared Edit commands: the window asks, the current editor acts.
+    void forCurrentEditor(void (QInterfaceEditor::*call)());
 
     QFileSystemWatcher m_watcher;
     QActionManager* m_actions;
@@ -162,6 +172,8 @@ private:
     QListView* m_actionView;
     QMainWindow* m_window;
     ErrorDlg* m_errorDlg;
+    Calculator* m_calculator;
+    ClipDlg* m_clipDlg;
     QUndoGroup* m_undoGroup;
     QToolBar* m_mainBar = nullptr;
     QToolBar* m_extraBar = nullptr;

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QUndoStack>
 
+class QLabel;
 class QMenu;
 class QProject;
 class QToolBarItems;
@@ -103,6 +104,10 @@ public slots:
 signals:
     void undoStackChanged(QUndoStack* stack);
     void modifiedChanged();
+
+protected:
+    /// A rich-text label filling a panel page from the top, for an editor's summary.
+    static QLabel* addSummary(QWidget* page, const QString& objectName);
 
 private:
     bool m_active = false;

@@ -1,13 +1,11 @@
 #include "qactionmanager.h"
 
+#include "qxmlfile.h"
 #include "util/qprompt.h"
 #include "util/qxmlparser.h"
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QFile>
-#include <QSaveFile>
-#include <QXmlStreamWriter>
 
 namespace {
 
@@ -138,41 +136,24 @@ void QActionManager::shortcutTriggered()
 
 bool QActionManager::shortcutsFromFile(const QString& fileName)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    QXmlParser xml(&file);
-    if (xml.start(QStringLiteral("shortcuts"))) {
-        while (xml.readNextStartElement()) {
-            if (xml.name() == QLatin1String("shortcut")) {
-                const auto attributes = xml.attributes();
-                if (QAction* action = fromName(attributes.value(QLatin1String("action")).toString()))
-                    setShortcut(action, QKeySequence(attributes.value(QLatin1String("keys")).toString()));
-            }
-            xml.skipCurrentElement();
-        }
-    }
-    return !xml.notifyError();
+    return readXmlEntries(fileName, QStringLiteral("shortcuts"), [this](QXmlParser& xml) {
+        if (xml.name() != QLatin1String("shortcut"))
+            return;
+        const auto attributes = xml.attributes();
+        if (QAction* action = fromName(attributes.value(QLatin1String("action")).toString()))
+            setShortcut(action, QKeySequence(attributes.value(QLatin1String("keys")).toString()));
+    });
 }
 
 bool QActionManager::shortcutsToFile(const QString& fileName) const
 {
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    QXmlStreamWriter xml(&file);
-    xml.setAutoFormatting(true);
-    xml.writeStartDocument();
-    xml.writeStartElement(QStringLiteral("shortcuts"));
+    QXmlFileWriter file(fileName, QStringLiteral("shortcuts"));
     for (const QAction* action : m_actions) {
         const QKeySequence keys = shortcut(action);
-        if (keys.isEmpty())
-            continue;
-        xml.writeEmptyElement(QStringLiteral("shortcut"));
-        xml.writeAttribute(QStringLiteral("action"), name(action));
-        xml.writeAttribute(QStringLiteral("keys"), keys.toString());
+        if (!keys.isEmpty())
+            file.writeEntry(QStringLiteral("shortcut"),
+                            {{QStringLiteral("action"), name(action)}, {QStringLiteral("keys"), keys.toString()}});
     }
-    xml.writeEndDocument();
     return file.commit();
 }
 

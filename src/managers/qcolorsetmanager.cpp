@@ -1,12 +1,11 @@
 #include "qcolorsetmanager.h"
 
+#include "qxmlfile.h"
 #include "util/qxmlparser.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
-#include <QSaveFile>
-#include <QXmlStreamWriter>
 
 QColorsetManager* colorMan = nullptr;
 
@@ -64,51 +63,38 @@ QColorsetManager::Item* QColorsetManager::find(const QString& item)
 
 bool QColorsetManager::load(const QString& name, bool isFile)
 {
-    QFile file(isFile ? name : fileOf(name));
-    if ((!isFile && !contains(name)) || !file.open(QIODevice::ReadOnly))
+    const QString fileName = isFile ? name : fileOf(name);
+    if ((!isFile && !contains(name)) || !QFile::exists(fileName))
         return false;
     static const QRegularExpression rgb(QStringLiteral("^(\\d{1,3})\\,(\\d{1,3})\\,(\\d{1,3})$"));
     beginResetModel();
     m_items = builtIn();
-    QXmlParser xml(&file);
-    if (xml.start(QStringLiteral("colorset"))) {
-        while (xml.readNextStartElement()) {
-            const auto attributes = xml.attributes();
-            const auto match = rgb.match(attributes.value(QLatin1String("value")));
-            Item* item = find(attributes.value(QLatin1String("name")).toString());
-            if (item && match.hasMatch()) {
-                item->color = QColor(qMin(255, match.captured(1).toInt()), qMin(255, match.captured(2).toInt()),
-                                     qMin(255, match.captured(3).toInt()));
-                item->italic = attributes.value(QLatin1String("italic")) == QLatin1String("true");
-            }
-            xml.skipCurrentElement();
+    const bool read = readXmlEntries(fileName, QStringLiteral("colorset"), [this](QXmlParser& xml) {
+        const auto attributes = xml.attributes();
+        const auto match = rgb.match(attributes.value(QLatin1String("value")));
+        Item* item = find(attributes.value(QLatin1String("name")).toString());
+        if (item && match.hasMatch()) {
+            item->color = QColor(qMin(255, match.captured(1).toInt()), qMin(255, match.captured(2).toInt()),
+                                 qMin(255, match.captured(3).toInt()));
+            item->italic = attributes.value(QLatin1String("italic")) == QLatin1String("true");
         }
-    }
+    });
     endResetModel();
     emit changed();
-    return !xml.notifyError();
+    return read;
 }
 
 bool QColorsetManager::save(const QString& name, bool isFile) const
 {
-    QSaveFile file(isFile ? name : fileOf(name));
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    QXmlStreamWriter xml(&file);
-    xml.setAutoFormatting(true);
-    xml.writeStartDocument();
-    xml.writeStartElement(QStringLiteral("colorset"));
+    QXmlFileWriter file(isFile ? name : fileOf(name), QStringLiteral("colorset"));
     for (const Item& item : m_items) {
-        xml.writeEmptyElement(QStringLiteral("color"));
-        xml.writeAttribute(QStringLiteral("name"), item.name);
-        xml.writeAttribute(QStringLiteral("value"), QStringLiteral("%1,%2,%3")
-                                                        .arg(item.color.red())
-                                                        .arg(item.color.green())
-                                                        .arg(item.color.blue()));
+        file.writeEntry(QStringLiteral("color"),
+                        {{QStringLiteral("name"), item.name},
+                         {QStringLiteral("value"),
+                          QStringLiteral("%1,%2,%3").arg(item.color.red()).arg(item.color.green()).arg(item.color.blue())}});
         if (item.italic)
-            xml.writeAttribute(QStringLiteral("italic"), QStringLiteral("true"));
+            file.xml().writeAttribute(QStringLiteral("italic"), QStringLiteral("true"));
     }
-    xml.writeEndDocument();
     return file.commit();
 }
 

@@ -1,11 +1,9 @@
 #include "qconfigmanager.h"
 
+#include "qxmlfile.h"
 #include "util/qxmlparser.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QSaveFile>
-#include <QXmlStreamWriter>
 
 QConfigManager* configMan = nullptr;
 
@@ -124,24 +122,16 @@ void QConfigManager::loadDefaults()
 bool QConfigManager::fromFile(const QString& fileName)
 {
     loadDefaults();
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-
-    QXmlParser xml(&file);
-    if (xml.start(QStringLiteral("configuration"))) {
-        while (xml.readNextStartElement()) {
-            if (xml.name() == QLatin1String("config")) {
-                const QXmlStreamAttributes attributes = xml.attributes();
-                m_values.insert(attributes.value(QLatin1String("name")).toString(),
-                                attributes.value(QLatin1String("value")).toString());
-            }
-            xml.skipCurrentElement();
-        }
-    }
+    const bool read = readXmlEntries(fileName, QStringLiteral("configuration"), [this](QXmlParser& xml) {
+        if (xml.name() != QLatin1String("config"))
+            return;
+        const QXmlStreamAttributes attributes = xml.attributes();
+        m_values.insert(attributes.value(QLatin1String("name")).toString(),
+                        attributes.value(QLatin1String("value")).toString());
+    });
     // Engines read before a fault are kept, like the other values.
     readMugens();
-    return !xml.notifyError();
+    return read;
 }
 
 bool QConfigManager::importConfiguration(const QString& fileName)
@@ -182,19 +172,9 @@ void QConfigManager::flattenMugens()
 bool QConfigManager::toFile(const QString& fileName)
 {
     flattenMugens();
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    QXmlStreamWriter xml(&file);
-    xml.setAutoFormatting(true);
-    xml.writeStartDocument();
-    xml.writeStartElement(QStringLiteral("configuration"));
-    for (auto it = m_values.cbegin(); it != m_values.cend(); ++it) {
-        xml.writeEmptyElement(QStringLiteral("config"));
-        xml.writeAttribute(QStringLiteral("name"), it.key());
-        xml.writeAttribute(QStringLiteral("value"), it.value().toString());
-    }
-    xml.writeEndElement();
-    xml.writeEndDocument();
-    return !xml.hasError() && file.commit();
+    QXmlFileWriter file(fileName, QStringLiteral("configuration"));
+    for (auto it = m_values.cbegin(); it != m_values.cend(); ++it)
+        file.writeEntry(QStringLiteral("config"),
+                        {{QStringLiteral("name"), it.key()}, {QStringLiteral("value"), it.value().toString()}});
+    return file.commit();
 }

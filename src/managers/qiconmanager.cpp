@@ -1,6 +1,7 @@
 #include "qiconmanager.h"
 
 #include "qactionmanager.h"
+#include "qxmlfile.h"
 #include "util/qxmlparser.h"
 
 #include <QAction>
@@ -18,19 +19,12 @@ bool QIconManager::apply(const QString& name, QActionManager* actions, bool forc
         m_current = name;
         m_files.clear();
         const QDir folder(path() + QLatin1Char('/') + name);
-        QFile file(folder.filePath(QStringLiteral("Iconset.xml")));
-        if (file.open(QIODevice::ReadOnly)) {
-            QXmlParser xml(&file);
-            if (xml.start(QStringLiteral("iconset"))) {
-                while (xml.readNextStartElement()) {
-                    const auto attributes = xml.attributes();
-                    m_files.insert(attributes.value(QLatin1String("name")).toString(),
-                                   folder.filePath(attributes.value(QLatin1String("file")).toString()));
-                    xml.skipCurrentElement();
-                }
-            }
-            xml.notifyError();
-        }
+        readXmlEntries(folder.filePath(QStringLiteral("Iconset.xml")), QStringLiteral("iconset"),
+                       [this, &folder](QXmlParser& xml) {
+                           const auto attributes = xml.attributes();
+                           m_files.insert(attributes.value(QLatin1String("name")).toString(),
+                                          folder.filePath(attributes.value(QLatin1String("file")).toString()));
+                       });
     }
     if (actions) {
         for (int i = 0; i < actions->count(); ++i)

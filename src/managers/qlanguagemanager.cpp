@@ -1,9 +1,9 @@
 #include "qlanguagemanager.h"
 
+#include "qxmlfile.h"
 #include "util/qxmlparser.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTranslator>
 
 QLanguageManager* langMan = nullptr;
@@ -27,23 +27,16 @@ void QLanguageManager::update()
     m_infos.clear();
     for (const QString& id : names()) {
         Info info{id, id, QString(), QString()};
-        QFile file(path() + QLatin1Char('/') + id + QStringLiteral("/info.xml"));
-        if (file.open(QIODevice::ReadOnly)) {
-            QXmlParser xml(&file);
-            if (xml.start(QStringLiteral("language"))) {
-                while (xml.readNextStartElement()) {
-                    const QString value = xml.attributes().value(QLatin1String("value")).toString();
-                    if (xml.name() == QLatin1String("name"))
-                        info.name = value;
-                    else if (xml.name() == QLatin1String("author"))
-                        info.author = value;
-                    else if (xml.name() == QLatin1String("contact"))
-                        info.contact = value;
-                    xml.skipCurrentElement();
-                }
-            }
-            xml.notifyError();
-        }
+        readXmlEntries(path() + QLatin1Char('/') + id + QStringLiteral("/info.xml"), QStringLiteral("language"),
+                       [&info](QXmlParser& xml) {
+                           const QString value = xml.attributes().value(QLatin1String("value")).toString();
+                           if (xml.name() == QLatin1String("name"))
+                               info.name = value;
+                           else if (xml.name() == QLatin1String("author"))
+                               info.author = value;
+                           else if (xml.name() == QLatin1String("contact"))
+                               info.contact = value;
+                       });
         m_infos.append(info);
     }
 }

@@ -1,8 +1,8 @@
 #include "qpresetmanager.h"
 
+#include "qxmlfile.h"
 #include "util/qxmlparser.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 QPresetManager* presetMan = nullptr;
@@ -59,26 +59,20 @@ const QPresetManager::Look& QPresetManager::apply(const QString& preset, const Q
 {
     m_look = Look();
     m_look.preset = contains(preset) ? preset : defaultPreset();
-    QFile file(path() + QLatin1Char('/') + m_look.preset + QStringLiteral(".xml"));
-    if (file.open(QIODevice::ReadOnly)) {
-        QXmlParser xml(&file);
-        if (xml.start(QStringLiteral("preset"))) {
-            while (xml.readNextStartElement()) {
-                const auto attributes = xml.attributes();
-                if (xml.name() == QLatin1String("value")) {
-                    readValue(m_look, attributes.value(QLatin1String("key")), attributes.value(QLatin1String("value")));
-                } else if (xml.name() == QLatin1String("panel")) {
-                    QSize metric;
-                    if (readSize(attributes.value(QLatin1String("metric")), metric))
-                        m_look.panels.insert(attributes.value(QLatin1String("area")) + QLatin1Char('/')
-                                                 + attributes.value(QLatin1String("name")),
-                                             metric);
-                }
-                xml.skipCurrentElement();
-            }
-        }
-        xml.notifyError();
-    }
+    readXmlEntries(path() + QLatin1Char('/') + m_look.preset + QStringLiteral(".xml"), QStringLiteral("preset"),
+                   [this](QXmlParser& xml) {
+                       const auto attributes = xml.attributes();
+                       if (xml.name() == QLatin1String("value")) {
+                           readValue(m_look, attributes.value(QLatin1String("key")),
+                                     attributes.value(QLatin1String("value")));
+                       } else if (xml.name() == QLatin1String("panel")) {
+                           QSize metric;
+                           if (readSize(attributes.value(QLatin1String("metric")), metric))
+                               m_look.panels.insert(attributes.value(QLatin1String("area")) + QLatin1Char('/')
+                                                        + attributes.value(QLatin1String("name")),
+                                                    metric);
+                       }
+                   });
     if (!iconset.isEmpty())
         m_look.iconset = iconset;
     if (!stylesheet.isEmpty())

@@ -1,8 +1,10 @@
+#include "interface/dialogs/calculator.h"
 #include "interface/qmessageboxprompt.h"
 #include "interface/qprogress.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 #include <QtTest>
@@ -55,6 +57,21 @@ private slots:
         answerNextBox(QMessageBox::Ok, &seen);
         boxes.critical(QStringLiteral("XML Error"), QStringLiteral("bad file"));
         QCOMPARE(seen, QStringLiteral("bad file"));
+    }
+
+    void calculatorEvaluates()
+    {
+        double value = 0;
+        QVERIFY(Calculator::evaluate(QStringLiteral("(320 - 48) / 2"), value));
+        QCOMPARE(value, 136.0);
+        QVERIFY(Calculator::evaluate(QStringLiteral("-2 * -(3 + 1) % 5 + 0.5"), value));
+        QCOMPARE(value, 3.5);
+        for (const char* bad : {"", "1 +", "(2", "2)", "1 / 0", "4 % 0", "1..2", "abc", "3 4"})
+            QVERIFY2(!Calculator::evaluate(QString::fromLatin1(bad), value), bad);
+
+        Calculator calculator;
+        QTest::keyClicks(calculator.input(), QStringLiteral("60 * 4 / 3"));
+        QCOMPARE(calculator.resultText(), QStringLiteral("80"));
     }
 
     void progressCancels()

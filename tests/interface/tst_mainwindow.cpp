@@ -5,6 +5,7 @@
 // program folder of its own, linked to the build's data, so nothing here
 // touches the settings beside the real executable.
 #include "app/mainwindow.h"
+#include "interface/dialogs/clipdlg.h"
 #include "interface/dialogs/errordlg.h"
 #include "interface/editors/qtextdocumenteditor.h"
 #include "interface/qclickablelabel.h"
@@ -29,6 +30,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QListView>
+#include <QListWidget>
 #include <QMenu>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -125,8 +127,24 @@ private slots:
         colorMan = new QColorsetManager(dir + QStringLiteral("/colorsets"));
         configMan = new QConfigManager;
         (*configMan)[QStringLiteral("confirm_close")] = false;
+        // Broken files of an earlier run: the window starts with defaults and says so.
+        const QByteArray broken = "<shortcuts><shortcut action=\"file_open\" keys=\"Ctrl+K\"/><shortcut";
+        QFile shortcuts(m_programDir.filePath(QStringLiteral("shortcuts.xml")));
+        QVERIFY(shortcuts.open(QIODevice::WriteOnly) && shortcuts.write(broken) > 0);
+        shortcuts.close();
+        QFile history(m_programDir.filePath(QStringLiteral("history.xml")));
+        QVERIFY(history.open(QIODevice::WriteOnly) && history.write("<history><entry file=") > 0);
+        history.close();
+        (*configMan)[QStringLiteral("preset")] = QStringLiteral("No such preset");
         m_prompt = new QRecordingPrompt;
         m_window = new MainWindow;
+        QCOMPARE(m_prompt->count(QStringLiteral("critical")), 2);
+        for (const QRecordingPrompt::Entry& entry : m_prompt->entries())
+            QCOMPARE(entry.title, QStringLiteral("XML Error"));
+        QVERIFY(historyMan->files().isEmpty());
+        QCOMPARE(intf->actions()->shortcut(action("file_open")), QKeySequence(QStringLiteral("Ctrl+K")));
+        intf->actions()->setShortcut(action("file_open"), QKeySequence::Open);
+        QCOMPARE(presetMan->current().preset, QStringLiteral("Classic"));
         theWindow = m_window;
         m_window->show();
         QApplication::setActiveWindow(m_window);
@@ -163,6 +181,11 @@ private slots:
             QVERIFY2(!button->icon().isNull(), qPrintable(button->defaultAction()->objectName()));
         }
         QVERIFY2(shown >= 15, qPrintable(QString::number(shown)));
+        // The default icon set covers every action the window has.
+        for (int i = 0; i < intf->actions()->count(); ++i) {
+            const QAction* each = intf->actions()->at(i);
+            QVERIFY2(!each->icon().isNull(), qPrintable(intf->actions()->name(each)));
+        }
         QCOMPARE(intf->leftPanel()->title(), QStringLiteral("Definitions"));
     }
 
@@ -363,6 +386,45 @@ private slots:
             action("edit_undo")->trigger();
         QTRY_COMPARE_WITH_TIMEOUT(intf->errorIcon()->property("errors").toInt(), 0, 3000);
         QVERIFY(!ember->states(0)->isModified());
+    }
+
+    void clipboardPastesAnEarlierCopy()
+    {
+        QVERIFY(intf->openProject(copyOfSample(m_programDir.filePath(QStringLiteral("clips")))));
+        intf->switchEditor(ieStates);
+        QTextView* view = textView();
+        QTextCursor cursor(view->document()->findBlockByNumber(0));
+        cursor.select(QTextCursor::LineUnderCursor);
+        view->setTextCursor(cursor);
+        const QString firstLine = cursor.selectedText();
+        action("edit_copy")->trigger();
+        do // the next line with other text
+            cursor.movePosition(QTextCursor::NextBlock);
+        while (cursor.block().text().trimmed().isEmpty() || cursor.block().text() == firstLine);
+        cursor.select(QTextCursor::LineUnderCursor);
+        view->setTextCursor(cursor);
+        action("edit_copy")->trigger();
+
+        action("view_clipboard")->trigger();
+        ClipDlg* clips = intf->clipboardDialog();
+        QVERIFY(clips->isVisible());
+        QCOMPARE(clips->list()->count(), 2);
+        view->moveCursor(QTextCursor::End);
+        clips->list()->setCurrentRow(1); // the older copy
+        clips->pasteCurrent();
+        QVERIFY(view->document()->lastBlock().text().endsWith(firstLine));
+        clips->hide();
+    }
+
+    void closingAsksAboutUnsavedWork()
+    {
+        QVERIFY(intf->openProject(copyOfSample(m_programDir.filePath(QStringLiteral("closing")))));
+        intf->currentProject()->definitions()->document()->setPlainText(QStringLiteral("[Info]\nname = \"Changed\"\n"));
+        m_prompt->script({QPrompt::No});
+        QVERIFY(!m_window->close()); // the author keeps the work, and the window
+        QVERIFY(m_window->isVisible());
+        QCOMPARE(intf->projectCount(), 1);
+        QVERIFY(!intf->project(0)->isEmpty());
     }
 
     void languageAndLookApply()

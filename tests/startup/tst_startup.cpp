@@ -200,6 +200,35 @@ private slots:
         QVERIFY(handedOver);
     }
 
+    void installGivesDesktopEntryAndFileTypes()
+    {
+        // As a packager would: cmake --install into a staging folder.
+        QTemporaryDir prefix;
+        QProcess install;
+        const QString build = QDir(qEnvironmentVariable("PF_BIN_DIR")).absoluteFilePath(QStringLiteral(".."));
+        install.start(QStringLiteral("cmake"), {QStringLiteral("--install"), build, QStringLiteral("--prefix"), prefix.path()});
+        QVERIFY(install.waitForFinished(60000));
+        QVERIFY2(install.exitCode() == 0, install.readAllStandardError().constData());
+        const QDir root(prefix.path());
+        for (const char* file : {"bin/pugilforge", "bin/pugilforge-cli", "share/applications/pugilforge.desktop",
+                                 "share/mime/packages/pugilforge.xml", "share/icons/hicolor/scalable/apps/pugilforge.svg",
+                                 "lib/pugilforge/syntax_mugen.xml", "lib/pugilforge/presets/Classic.xml",
+                                 "lib/pugilforge/iconsets/Classic/adwaita/document-open-symbolic.svg",
+                                 "lib/pugilforge/languages/de-de/pugilforge.qm"})
+            QVERIFY2(QFileInfo::exists(root.filePath(QLatin1String(file))), file);
+        QVERIFY(QFileInfo(root.filePath(QStringLiteral("bin/pugilforge"))).isSymLink());
+
+        const QByteArray desktop = readAll(root.filePath(QStringLiteral("share/applications/pugilforge.desktop")));
+        QVERIFY(desktop.contains("Exec=pugilforge %f"));
+        const QByteArray mime = readAll(root.filePath(QStringLiteral("share/mime/packages/pugilforge.xml")));
+        for (const char* type : {"def", "sff", "air", "snd"}) {
+            const QByteArray name = QByteArray("application/x-mugen-") + type;
+            QVERIFY2(desktop.contains(name), type);
+            QVERIFY2(mime.contains(QByteArray("type=\"" + name + '"')), type);
+            QVERIFY2(mime.contains(QByteArray(QByteArray("pattern=\"*.") + type + '"')), type);
+        }
+    }
+
     void silentMasterLeavesTheWindowToTheNewStart()
     {
         StandInMaster silent(false);

@@ -66,12 +66,17 @@ fi
 sleep 1
 shot 4-second-project
 
+press "$main" ctrl+2
+shot 5-sprites-editor
+press "$main" ctrl+5
+shot 6-states-editor
+
 kill -9 %1
 wait %1 2>/dev/null
 "$bin/pugilforge" "$source/samples/ember/ember.def" &
 [ -n "$(window "^Ember - ")" ] || fail "after kill -9 a new start showed no window with the sample"
 sleep 1
-shot 5-after-kill
+shot 7-after-kill
 
 [ "$failures" -eq 0 ] && echo "all window checks passed"
 exit "$failures"

@@ -1,6 +1,32 @@
 <?xml version='1.0' encoding='utf-8'?>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>Calculator</name>
+    <message>
+        <source>Calculator</source>
+        <translation>Rechner</translation>
+    </message>
+    <message>
+        <source>e.g. (320 - 48) / 2</source>
+        <translation>z. B. (320 - 48) / 2</translation>
+    </message>
+    <message>
+        <source>—</source>
+        <translation>—</translation>
+    </message>
+</context>
+<context>
+    <name>ClipDlg</name>
+    <message>
+        <source>Clipboard</source>
+        <translation>Zwischenablage</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+</context>
+<context>
     <name>ErrorDlg</name>
     <message>
         <source>Errors and warnings</source>
@@ -17,6 +43,14 @@
     <message>
         <source>double-click a row to go there</source>
         <translation>Doppelklick auf eine Zeile springt dorthin</translation>
+    </message>
+    <message>
+        <source>No issues found!</source>
+        <translation>Keine Probleme gefunden!</translation>
+    </message>
+    <message>
+        <source>Faults of every file of the project show here.</source>
+        <translation>Hier erscheinen die Fehler aller Dateien des Projekts.</translation>
     </message>
 </context>
 <context>
@@ -258,6 +292,14 @@
         <source>&amp;About Pugilforge</source>
         <translation>Ü&amp;ber Pugilforge</translation>
     </message>
+    <message>
+        <source>&amp;Calculator</source>
+        <translation>&amp;Rechner</translation>
+    </message>
+    <message>
+        <source>Clip&amp;board</source>
+        <translation>&amp;Zwischenablage</translation>
+    </message>
 </context>
 <context>
     <name>QCodecs</name>
@@ -352,6 +394,50 @@
     <message>
         <source>Definitions</source>
         <translation>Definitionen</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>Sprites</source>
+        <translation>Sprites</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>States</source>
+        <translation>Zustände</translation>
+    </message>
+    <message>
+        <source>Sounds</source>
+        <translation>Klänge</translation>
+    </message>
+    <message>
+        <source>Files this project names</source>
+        <translation>Dateien, die dieses Projekt nennt</translation>
+    </message>
+    <message>
+        <source>None yet: name them in [Files].</source>
+        <translation>Noch keine: nennen Sie sie unter [Files].</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n palette(s)</source>
+        <translation><numerusform>%n Palette</numerusform><numerusform>%n Paletten</numerusform></translation>
+    </message>
+    <message>
+        <source>not here</source>
+        <translation>nicht hier</translation>
+    </message>
+    <message>
+        <source>"not here": the engine also looks in its data folder.</source>
+        <translation>„nicht hier“: die Engine sucht auch in ihrem Datenordner.</translation>
     </message>
 </context>
 <context>
@@ -627,6 +713,29 @@
     </message>
 </context>
 <context>
+    <name>QPalettesEditor</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>The file is missing.</source>
+        <translation>Die Datei fehlt.</translation>
+    </message>
+    <message>
+        <source>The definitions name no palette files.</source>
+        <translation>Die Definitionen nennen keine Palettendateien.</translation>
+    </message>
+    <message>
+        <source>Only characters have palette files.</source>
+        <translation>Nur Figuren haben Palettendateien.</translation>
+    </message>
+    <message>
+        <source>Palettes</source>
+        <translation>Paletten</translation>
+    </message>
+</context>
+<context>
     <name>QProgress</name>
     <message>
         <source>Cancel</source>
@@ -841,6 +950,14 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>States</source>
         <translation>Zustände</translation>
     </message>
+    <message>
+        <source>This project has no state files.</source>
+        <translation>Dieses Projekt hat keine Zustandsdateien.</translation>
+    </message>
+    <message>
+        <source>Faults are checked as you type; the error icon in the status bar counts them.</source>
+        <translation>Fehler werden beim Tippen geprüft; das Fehlersymbol in der Statusleiste zählt sie.</translation>
+    </message>
 </context>
 <context>
     <name>QSyntaxTextEditor</name>
@@ -878,6 +995,14 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     <message>
         <source>%1 (read-only)</source>
         <translation>%1 (schreibgeschützt)</translation>
+    </message>
+    <message>
+        <source>The definitions name no such file, or it is missing.</source>
+        <translation>Die Definitionen nennen keine solche Datei, oder sie fehlt.</translation>
+    </message>
+    <message>
+        <source>Shown read-only: this file is edited in its own editor in a later version.</source>
+        <translation>Schreibgeschützt angezeigt: diese Datei wird in einer späteren Version in ihrem eigenen Editor bearbeitet.</translation>
     </message>
 </context>
 <context>

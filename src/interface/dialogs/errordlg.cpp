@@ -12,7 +12,11 @@ ErrorDlg::ErrorDlg(QWidget* parent)
     : QDialog(parent)
     , m_view(new QListView(this))
     , m_totals(new QLabel(this))
+    , m_empty(new QLabel(this))
 {
+    m_empty->setObjectName(QStringLiteral("noIssues"));
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setFrameShape(QFrame::StyledPanel);
     setObjectName(QStringLiteral("ErrorDlg"));
     resize(560, 320);
     m_view->setObjectName(QStringLiteral("errorList"));
@@ -21,6 +25,7 @@ ErrorDlg::ErrorDlg(QWidget* parent)
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_view, 1);
+    layout->addWidget(m_empty, 1);
     auto* row = new QHBoxLayout;
     row->addWidget(m_totals, 1);
     row->addWidget(buttons);
@@ -52,6 +57,11 @@ void ErrorDlg::updateTotals()
 {
     const int errors = m_messages ? m_messages->errors() : 0;
     const int warnings = m_messages ? m_messages->warnings() : 0;
+    const bool none = !m_messages || m_messages->rowCount() == 0;
+    m_view->setVisible(!none);
+    m_empty->setVisible(none);
+    m_empty->setText(QStringLiteral("<p style='font-size:large'>&#10003; %1</p><p>%2</p>")
+                         .arg(tr("No issues found!"), tr("Faults of every file of the project show here.")));
     m_totals->setText(tr("%n error(s)", nullptr, errors) + QStringLiteral(", ")
                       + tr("%n warning(s)", nullptr, warnings) + QStringLiteral(" — ")
                       + tr("double-click a row to go there"));

@@ -34,4 +34,5 @@ private:
     QMessageList* m_messages = nullptr;
     QListView* m_view;
     QLabel* m_totals;
+    QLabel* m_empty; ///< stands in for the list when there is nothing in it
 };

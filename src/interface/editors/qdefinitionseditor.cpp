@@ -3,6 +3,8 @@
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
 
+#include "util/qpathresolver.h"
+
 #include <QFileInfo>
 
 int QDefinitionsEditor::documentCount() const
@@ -24,4 +26,41 @@ QString QDefinitionsEditor::documentTitle(int) const
 QProjectFile* QDefinitionsEditor::projectFileAt(int index) const
 {
     return index == 0 && project() ? project()->definitions() : nullptr;
+}
+
+QString QDefinitionsEditor::panelNote() const
+{
+    if (!project())
+        return QString();
+    const QProjectFiles files = project()->definitions()->files();
+    QString rows;
+    // A state file not beside the DEF may still be found: the engine also
+    // looks in its own data folder (common1.cns lives there).
+    auto row = [&rows, &files](const QString& label, const QString& name, bool engineMayHaveIt = false) {
+        if (name.isEmpty())
+            return;
+        const bool found = resolvePath(files.baseDir, name).exists;
+        const QString state = found ? QStringLiteral("&#10003;") : engineMayHaveIt ? tr("not here") : tr("missing");
+        const QString colour = found ? QStringLiteral("#2e7d32") : engineMayHaveIt ? QStringLiteral("#8a6d00")
+                                                                                   : QStringLiteral("#c62828");
+        rows += QStringLiteral("<tr><td>%1</td><td>%2</td><td style='color:%3'>%4</td></tr>")
+                    .arg(label.toHtmlEscaped(), name.toHtmlEscaped(), colour, state);
+    };
+    row(tr("Sprites"), files.sprites);
+    row(tr("Animations"), files.animations);
+    row(tr("Commands"), files.commands);
+    for (const QString& states : files.states)
+        row(tr("States"), states, true);
+    row(tr("Sounds"), files.sounds);
+    int palettes = 0;
+    for (const QString& palette : files.palettes)
+        palettes += palette.isEmpty() ? 0 : 1;
+    QString note = QStringLiteral("<p><b>%1</b></p>").arg(tr("Files this project names"));
+    note += rows.isEmpty() ? QStringLiteral("<p>%1</p>").arg(tr("None yet: name them in [Files]."))
+                           : QStringLiteral("<table cellspacing='4'>%1</table>").arg(rows);
+    if (palettes > 0)
+        note += QStringLiteral("<p>%1</p>").arg(tr("%n palette(s)", nullptr, palettes));
+    if (note.contains(tr("not here")))
+        note += QStringLiteral("<p><i>%1</i></p>").arg(tr("\"not here\": the engine also looks in its data folder."));
+    return note;
 }

@@ -21,4 +21,6 @@ protected:
     QTextDocument* documentAt(int index) const override;
     QString documentTitle(int index) const override;
     QProjectFile* projectFileAt(int index) const override;
+    QString panelNote() const override;
+    void retranslate() override { refreshList(); }
 };

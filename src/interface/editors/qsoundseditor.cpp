@@ -1,6 +1,5 @@
 #include "qsoundseditor.h"
 
-#include "interface/workspaces/qviewworkspace.h"
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
 #include "util/qpathresolver.h"
@@ -9,40 +8,20 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
-#include <QVBoxLayout>
 
 QSoundsEditor::QSoundsEditor(QViewWorkspace* workspace, QObject* parent)
-    : QInterfaceEditor(parent)
-    , m_workspace(workspace)
-    , m_view(new QLabel)
+    : QViewEditor(workspace, new QLabel, parent)
+    , m_view(static_cast<QLabel*>(view()))
 {
     m_view->setObjectName(QStringLiteral("soundsView"));
     m_view->setAlignment(Qt::AlignCenter);
     m_view->setWordWrap(true);
 }
 
-QSoundsEditor::~QSoundsEditor()
+void QSoundsEditor::initialized(QToolBarItems* items, QWidget* leftPage)
 {
-    if (!m_view->parent())
-        delete m_view;
-}
-
-void QSoundsEditor::initialized(QToolBarItems*, QWidget* leftPage)
-{
-    auto* layout = new QVBoxLayout(leftPage);
-    m_summary = new QLabel(leftPage);
-    m_summary->setObjectName(QStringLiteral("soundsSummary"));
-    m_summary->setWordWrap(true);
-    m_summary->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_summary, 1);
-}
-
-void QSoundsEditor::activate(bool switched)
-{
-    QInterfaceEditor::activate(switched);
-    if (switched)
-        m_workspace->showView(m_view);
-    emit undoStackChanged(nullptr);
+    QViewEditor::initialized(items, leftPage);
+    update();
 }
 
 void QSoundsEditor::setProject(QProject* project)
@@ -64,6 +43,6 @@ void QSoundsEditor::update()
         text = QDir::toNativeSeparators(path.path) + QLatin1Char('\n')
             + QLocale().formattedDataSize(QFileInfo(path.path).size());
     m_view->setText(text);
-    if (m_summary)
-        m_summary->setText(tr("<b>Sound file:</b> %1").arg(files.sounds.isEmpty() ? tr("none") : files.sounds.toHtmlEscaped()));
+    if (summary())
+        summary()->setText(tr("<b>Sound file:</b> %1").arg(files.sounds.isEmpty() ? tr("none") : files.sounds.toHtmlEscaped()));
 }

@@ -1,6 +1,5 @@
 #include "qspriteseditor.h"
 
-#include "interface/workspaces/qviewworkspace.h"
 #include "model/qproject.h"
 #include "model/qsprites.h"
 
@@ -10,13 +9,11 @@
 #include <QVBoxLayout>
 
 QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QObject* parent)
-    : QInterfaceEditor(parent)
-    , m_workspace(workspace)
-    , m_view(new QWidget)
-    , m_header(new QLabel(m_view))
-    , m_list(new QListView(m_view))
+    : QViewEditor(workspace, new QWidget, parent)
+    , m_header(new QLabel(view()))
+    , m_list(new QListView(view()))
 {
-    m_view->setObjectName(QStringLiteral("spritesView"));
+    view()->setObjectName(QStringLiteral("spritesView"));
     m_header->setObjectName(QStringLiteral("viewHeader"));
     m_header->setWordWrap(true);
     m_list->setObjectName(QStringLiteral("spritesList"));
@@ -24,33 +21,15 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QObject* parent)
     m_list->setResizeMode(QListView::Adjust);
     m_list->setGridSize(QSize(96, 40));
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    auto* layout = new QVBoxLayout(m_view);
+    auto* layout = new QVBoxLayout(view());
     layout->addWidget(m_header);
     layout->addWidget(m_list, 1);
 }
 
-QSpritesEditor::~QSpritesEditor()
+void QSpritesEditor::initialized(QToolBarItems* items, QWidget* leftPage)
 {
-    if (!m_view->parent())
-        delete m_view;
-}
-
-void QSpritesEditor::initialized(QToolBarItems*, QWidget* leftPage)
-{
-    auto* layout = new QVBoxLayout(leftPage);
-    m_summary = new QLabel(leftPage);
-    m_summary->setObjectName(QStringLiteral("spritesSummary"));
-    m_summary->setWordWrap(true);
-    m_summary->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_summary, 1);
-}
-
-void QSpritesEditor::activate(bool switched)
-{
-    QInterfaceEditor::activate(switched);
-    if (switched)
-        m_workspace->showView(m_view);
-    emit undoStackChanged(undoStack());
+    QViewEditor::initialized(items, leftPage);
+    updateSummary();
 }
 
 void QSpritesEditor::setProject(QProject* project)
@@ -69,8 +48,8 @@ void QSpritesEditor::updateSummary()
     const QString text = count > 0 ? tr("%n sprite(s) in %1. Each entry is group, index.", nullptr, count).arg(file)
                                    : tr("This project has no sprites yet (%1).").arg(file);
     m_header->setText(text);
-    if (m_summary)
-        m_summary->setText(tr("<b>File:</b> %1<br><b>Sprites:</b> %2").arg(file.toHtmlEscaped()).arg(count));
+    if (summary())
+        summary()->setText(tr("<b>File:</b> %1<br><b>Sprites:</b> %2").arg(file.toHtmlEscaped()).arg(count));
 }
 
 void QSpritesEditor::navigateTo(int, int index, int)

@@ -28,3 +28,10 @@ QProjectFile* QStatesEditor::projectFileAt(int index) const
 {
     return project() ? project()->states(index) : nullptr;
 }
+
+QString QStatesEditor::panelNote() const
+{
+    if (documentCount() == 0)
+        return tr("This project has no state files.");
+    return tr("Faults are checked as you type; the error icon in the status bar counts them.");
+}

@@ -28,7 +28,15 @@ void QTextDocumentEditor::initialized(QToolBarItems*, QWidget* leftPage)
     layout->setContentsMargins(4, 4, 4, 4);
     m_list = new QListWidget(leftPage);
     m_list->setObjectName(name() + QStringLiteral("Files"));
+    m_list->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    m_list->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     layout->addWidget(m_list);
+    m_note = new QLabel(leftPage);
+    m_note->setObjectName(QStringLiteral("panelNote"));
+    m_note->setWordWrap(true);
+    m_note->setTextFormat(Qt::RichText);
+    m_note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    layout->addWidget(m_note, 1);
     connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) {
         if (isActive() && row != m_current)
             showDocument(row);
@@ -73,13 +81,21 @@ void QTextDocumentEditor::refreshList()
     if (m_current >= documentCount())
         m_current = documentCount() - 1;
     m_list->setCurrentRow(m_current);
+    // The list takes the room of its rows, the note the rest.
+    const int rows = qMax(1, qMin(documentCount(), 12));
+    m_list->setFixedHeight(rows * qMax(18, m_list->sizeHintForRow(0)) + 2 * m_list->frameWidth() + 4);
+    m_note->setText(panelNote());
+    m_note->setVisible(!m_note->text().isEmpty());
 }
 
 void QTextDocumentEditor::activate(bool switched)
 {
     QInterfaceEditor::activate(switched);
-    if (switched)
+    if (switched) {
         showDocument(m_current < 0 && documentCount() > 0 ? 0 : m_current);
+        if (m_note) // the files may have changed while the editor was away
+            m_note->setText(panelNote());
+    }
 }
 
 void QTextDocumentEditor::deactivate()

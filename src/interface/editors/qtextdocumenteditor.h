@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QTimer>
 
+class QLabel;
 class QListWidget;
 class QProjectFile;
 class QTextDocument;
@@ -54,6 +55,9 @@ protected:
     virtual QString documentTitle(int index) const = 0;
     /// The project file behind a document; null for a document shown read-only.
     virtual QProjectFile* projectFileAt(int index) const { return nullptr; }
+    /// Rich text shown under the list of documents: what the author should
+    /// know about them. Empty hides it.
+    virtual QString panelNote() const { return QString(); }
     /// Rebuilds the list of documents (after the project or its files changed).
     void refreshList();
 
@@ -68,6 +72,7 @@ private:
     QProject* m_project = nullptr;
     QListWidget* m_list = nullptr;
     QTextOutline* m_outline = nullptr;
+    QLabel* m_note = nullptr;
     int m_current = -1;
     QPointer<QTextDocument> m_shown;
     mutable QHash<QTextDocument*, QTextUndoStack*> m_stacks;

@@ -52,3 +52,10 @@ QString QTextFileViewer::documentTitle(int) const
 {
     return tr("%1 (read-only)").arg(QFileInfo(m_text->fileName()).fileName());
 }
+
+QString QTextFileViewer::panelNote() const
+{
+    if (!m_loaded)
+        return tr("The definitions name no such file, or it is missing.");
+    return tr("Shown read-only: this file is edited in its own editor in a later version.");
+}

@@ -42,6 +42,7 @@ protected:
     int documentCount() const override;
     QTextDocument* documentAt(int index) const override;
     QString documentTitle(int index) const override;
+    QString panelNote() const override;
 
 private:
     Kind m_kind;

@@ -1,6 +1,7 @@
 #include "qhistorymanager.h"
 
 #include "managers/qconfigmanager.h"
+#include "managers/qxmlfile.h"
 #include "util/qprompt.h"
 #include "util/qxmlparser.h"
 
@@ -9,8 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMenu>
-#include <QSaveFile>
-#include <QXmlStreamWriter>
 
 QHistoryManager* historyMan = nullptr;
 
@@ -25,39 +24,22 @@ bool QHistoryManager::load()
 {
     m_files.clear();
     m_names.clear();
-    QFile file(m_fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    QXmlParser xml(&file);
-    if (xml.start(QStringLiteral("history"))) {
-        while (xml.readNextStartElement()) {
-            const auto attributes = xml.attributes();
-            const QString entry = attributes.value(QLatin1String("file")).toString();
-            if (xml.name() == QLatin1String("entry") && !entry.isEmpty() && !m_files.contains(entry)) {
-                m_files.append(entry);
-                m_names.append(attributes.value(QLatin1String("name")).toString());
-            }
-            xml.skipCurrentElement();
+    return readXmlEntries(m_fileName, QStringLiteral("history"), [this](QXmlParser& xml) {
+        const auto attributes = xml.attributes();
+        const QString entry = attributes.value(QLatin1String("file")).toString();
+        if (xml.name() == QLatin1String("entry") && !entry.isEmpty() && !m_files.contains(entry)) {
+            m_files.append(entry);
+            m_names.append(attributes.value(QLatin1String("name")).toString());
         }
-    }
-    return !xml.notifyError();
+    });
 }
 
 bool QHistoryManager::save() const
 {
-    QSaveFile file(m_fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    QXmlStreamWriter xml(&file);
-    xml.setAutoFormatting(true);
-    xml.writeStartDocument();
-    xml.writeStartElement(QStringLiteral("history"));
-    for (int i = 0; i < m_files.size(); ++i) {
-        xml.writeEmptyElement(QStringLiteral("entry"));
-        xml.writeAttribute(QStringLiteral("file"), m_files.at(i));
-        xml.writeAttribute(QStringLiteral("name"), m_names.at(i));
-    }
-    xml.writeEndDocument();
+    QXmlFileWriter file(m_fileName, QStringLiteral("history"));
+    for (int i = 0; i < m_files.size(); ++i)
+        file.writeEntry(QStringLiteral("entry"),
+                        {{QStringLiteral("file"), m_files.at(i)}, {QStringLiteral("name"), m_names.at(i)}});
     return file.commit();
 }
 
