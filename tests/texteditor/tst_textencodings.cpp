@@ -2,6 +2,8 @@
 // edit in the editor and saves back in its own encoding, every other line
 // byte for byte as it was.
 #include "interface/workspaces/qtexteditor.h"
+#include "managers/qfilewatchermanager.h"
+#include "qrecordingprompt.h"
 #include "syntax/qsyntaxtexteditor.h"
 #include "text/qcodecs.h"
 #include "text/qcommonelements.h"
@@ -43,6 +45,50 @@ private slots:
         initCodecs();
         initCommonElements();
         QVERIFY(QSyntaxTextEditor::initProperties(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data")));
+    }
+
+    void fileChangedOnDiskAsksToReload()
+    {
+        QRecordingPrompt asked;
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("kfm.cns"));
+        const auto writeOutside = [&](const QByteArray& bytes) {
+            QTest::qWait(20); // a new modification time
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write(bytes);
+        };
+        writeOutside("[Statedef 0]\r\ntype = S\r\n");
+        QSyntaxTextEditor states(nullptr, pftStates, false, engineVersion::v1_1, true);
+        QVERIFY(states.fromFile(path, 0, false));
+        QFileWatcherManager watcher;
+        watcher.watch(&states);
+
+        // Reload accepted: the other program's text comes in.
+        asked.script({QPrompt::Yes});
+        writeOutside("[Statedef 1]\r\ntype = S\r\n");
+        QTRY_COMPARE(asked.count(QStringLiteral("question")), 1);
+        QCOMPARE(states.document()->toPlainText(), QStringLiteral("[Statedef 1]\ntype = S\n"));
+        QVERIFY(!states.isModified());
+
+        // Refused: the author's edits stay, and count as a change to save.
+        QTextCursor cursor(states.document());
+        cursor.insertText(QStringLiteral("; mine\n"));
+        asked.script({QPrompt::No});
+        writeOutside("[Statedef 2]\r\n");
+        QTRY_COMPARE(asked.count(QStringLiteral("question")), 2);
+        QVERIFY(states.document()->toPlainText().startsWith(QStringLiteral("; mine\n[Statedef 1]")));
+        QVERIFY(states.isModified());
+
+        // The program's own save asks nothing.
+        QVERIFY(states.toFile(path, false, false));
+        QTest::qWait(300);
+        QCOMPARE(asked.count(QStringLiteral("question")), 2);
+        // And the file is still watched after the save replaced it.
+        asked.script({QPrompt::Yes});
+        writeOutside("[Statedef 3]\r\n");
+        QTRY_COMPARE(asked.count(QStringLiteral("question")), 3);
+        QCOMPARE(states.document()->toPlainText(), QStringLiteral("[Statedef 3]\n"));
     }
 
     void savesInItsOwnEncoding_data()

@@ -5,9 +5,12 @@
 #include "interface/qquickfind.h"
 #include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
+#include "managers/qfilewatchermanager.h"
 #include "managers/qprogramdirectory.h"
 #include "managers/qsctrlmanager.h"
 #include "qtextcompletions.h"
+#include "model/qdefinitions.h"
+#include "model/qproject.h"
 #include "qtextview.h"
 
 #include <QAction>
@@ -51,6 +54,10 @@ QTextWorkspace::QTextWorkspace(QObject* parent)
         m_sctrls = std::make_unique<QSCtrlManager>(programDirectory() + QStringLiteral("/sctrls"));
         sctrlsMan = m_sctrls.get();
     }
+    if (!watchMan) {
+        m_watcher = std::make_unique<QFileWatcherManager>();
+        watchMan = m_watcher.get();
+    }
     QTextCompletions::setSpelling(sctrlsMan->triggerSpellings());
     m_view->setDescriber([](const QString& word) { return sctrlsMan ? sctrlsMan->description(word) : QString(); });
     reconfig();
@@ -60,6 +67,8 @@ QTextWorkspace::~QTextWorkspace()
 {
     if (sctrlsMan == m_sctrls.get())
         sctrlsMan = nullptr;
+    if (watchMan == m_watcher.get())
+        watchMan = nullptr;
     // The page belongs to the window's workspace stack once shown there.
     if (!m_widget->parent())
         delete m_widget;
@@ -73,6 +82,14 @@ QWidget* QTextWorkspace::widget() const
 void QTextWorkspace::setProject(QProject* project)
 {
     m_findInFiles->setProject(project);
+    // The text files of the project in front are watched for changes by other programs.
+    QList<QSyntaxTextEditor*> texts;
+    if (project) {
+        texts.append(project->definitions());
+        for (int i = 0; i < project->statesCount(); ++i)
+            texts.append(project->states(i));
+    }
+    watchMan->watchOnly(texts);
 }
 
 void QTextWorkspace::reconfig()

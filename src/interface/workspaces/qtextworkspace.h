@@ -6,6 +6,7 @@
 
 class FindDlgMlt;
 class QQuickFind;
+class QFileWatcherManager;
 class QSCtrlManager;
 class QTextView;
 
@@ -37,4 +38,5 @@ private:
     QQuickFind* m_quickFind;
     FindDlgMlt* m_findInFiles;
     std::unique_ptr<QSCtrlManager> m_sctrls; ///< only while the window made none
+    std::unique_ptr<QFileWatcherManager> m_watcher; ///< likewise
 };
