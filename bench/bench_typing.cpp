@@ -12,7 +12,6 @@
 #include "util/qengineversion.h"
 
 #include <QApplication>
-#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QPlainTextDocumentLayout>
@@ -85,21 +84,6 @@ Latency typeInto(QPlainTextEdit& editor, int keys)
     return {percentile(total, 0.5), percentile(total, 0.99), percentile(keyOnly, 0.99)};
 }
 
-QString largestStateFile(const QString& root)
-{
-    QString best;
-    qint64 bestSize = -1;
-    QDirIterator it(root, {QStringLiteral("*.cns"), QStringLiteral("*.st")}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QFileInfo info(it.next());
-        if (info.size() > bestSize) {
-            bestSize = info.size();
-            best = info.filePath();
-        }
-    }
-    return best;
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -150,7 +134,7 @@ int main(int argc, char** argv)
         bench::report("  QTextEditor checked, key handling alone p99", ours.keyOnly99, base.keyOnly99);
     }
 
-    const QString file = largestStateFile(bench::realData());
+    const QString file = bench::largestStateFile(bench::realData());
     if (file.isEmpty()) {
         std::printf("bench_typing: no real data, the opening of a large file is not measured\n");
         return 0;

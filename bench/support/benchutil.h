@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QDirIterator>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QString>
 #include <cstdio>
 
@@ -51,6 +53,22 @@ inline double mbPerSecond(double bytes, double ms)
 inline QString realData()
 {
     return QString::fromUtf8(PF_REALDATA);
+}
+
+/// The largest state file (CNS or ST) below `root`; empty when there is none.
+inline QString largestStateFile(const QString& root)
+{
+    QString best;
+    qint64 bestSize = -1;
+    QDirIterator it(root, {QStringLiteral("*.cns"), QStringLiteral("*.st")}, QDir::Files, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        const QFileInfo info(it.next());
+        if (info.size() > bestSize) {
+            bestSize = info.size();
+            best = info.filePath();
+        }
+    }
+    return best;
 }
 
 } // namespace bench
