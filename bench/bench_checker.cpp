@@ -5,27 +5,11 @@
 #include "syntax/qmugensyntaxprocessor.h"
 #include "util/qengineversion.h"
 
-#include <QDirIterator>
 #include <QFile>
 #include <QGuiApplication>
 #include <QTextDocument>
 
 namespace {
-
-QString largestStateFile(const QString& root)
-{
-    QString best;
-    qint64 bestSize = -1;
-    QDirIterator it(root, {QStringLiteral("*.cns"), QStringLiteral("*.st")}, QDir::Files, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QFileInfo info(it.next());
-        if (info.size() > bestSize) {
-            bestSize = info.size();
-            best = info.filePath();
-        }
-    }
-    return best;
-}
 
 QString vocabularyFile()
 {
@@ -46,7 +30,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication application(argc, argv);
 
-    const QString fileName = largestStateFile(bench::realData());
+    const QString fileName = bench::largestFile(bench::realData(), {QStringLiteral("*.cns"), QStringLiteral("*.st")});
     const QString vocabulary = vocabularyFile();
     if (fileName.isEmpty() || vocabulary.isEmpty()) {
         std::printf("bench_checker: needs the real data and syntax_mugen.xml beside the programs\n");

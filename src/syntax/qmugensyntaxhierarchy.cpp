@@ -19,6 +19,13 @@ QString withoutComment(const QString& line)
     return line;
 }
 
+/// The comment of a line, trimmed, without its ";".
+QString commentOf(const QString& line)
+{
+    const QString code = withoutComment(line);
+    return code.size() < line.size() ? line.mid(code.size() + 1).trimmed() : QString();
+}
+
 } // namespace
 
 QMugenSyntaxHierarchy::QMugenSyntaxHierarchy(const QTextDocument* document)
@@ -61,8 +68,11 @@ int QMugenSyntaxHierarchy::findGroup(const QString& name) const
 QString QMugenSyntaxHierarchy::findValue(const QString& section, const QString& key) const
 {
     const int group = findGroup(section);
-    if (group < 0)
-        return QString();
+    return group < 0 ? QString() : valueIn(group, key);
+}
+
+QString QMugenSyntaxHierarchy::valueIn(int group, const QString& key) const
+{
     const int end = group + 1 < m_groups.size() ? m_groups.at(group + 1).line : m_document->blockCount();
     for (int line = m_groups.at(group).line + 1; line < end; ++line) {
         const QString text = withoutComment(m_document->findBlockByNumber(line).text());
@@ -71,4 +81,38 @@ QString QMugenSyntaxHierarchy::findValue(const QString& section, const QString& 
             return text.mid(assign + 1).trimmed();
     }
     return QString();
+}
+
+QList<QMugenSyntaxHierarchy::Item> QMugenSyntaxHierarchy::outline() const
+{
+    QList<Item> items;
+    bool inStatedef = false;
+    for (int i = 0; i < m_groups.size(); ++i) {
+        const Group& group = m_groups.at(i);
+        const QString lowered = group.name.toLower();
+        Item item{group.name, group.line, 0};
+        if (lowered.startsWith(QLatin1String("statedef")) || lowered.startsWith(QLatin1String("begin action"))) {
+            inStatedef = lowered.startsWith(QLatin1String("statedef"));
+            QString name = commentOf(m_document->findBlockByNumber(group.line).text());
+            const QTextBlock above = m_document->findBlockByNumber(group.line - 1);
+            if (name.isEmpty() && above.isValid() && above.text().trimmed().startsWith(QLatin1Char(';')))
+                name = commentOf(above.text());
+            if (!name.isEmpty())
+                item.label += QStringLiteral("  ") + name;
+        } else if (lowered.startsWith(QLatin1String("state "))) {
+            item.level = inStatedef ? 1 : 0;
+            const QString type = valueIn(i, QStringLiteral("type"));
+            if (!type.isEmpty())
+                item.label += QStringLiteral("  (") + type + QLatin1Char(')');
+        } else {
+            inStatedef = false;
+            if (lowered == QLatin1String("command")) {
+                const QString name = valueIn(i, QStringLiteral("name"));
+                if (!name.isEmpty())
+                    item.label = QStringLiteral("Command ") + name;
+            }
+        }
+        items.append(item);
+    }
+    return items;
 }

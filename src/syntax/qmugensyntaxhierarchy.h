@@ -25,6 +25,14 @@ public:
         int line = 0;
     };
 
+    /// One entry of the outline an author navigates by.
+    struct Item
+    {
+        QString label;
+        int line = 0;
+        int level = 0; ///< 1 for a [State] under its [Statedef], else 0
+    };
+
     /// `document` must outlive the outline.
     explicit QMugenSyntaxHierarchy(const QTextDocument* document);
 
@@ -39,10 +47,21 @@ public:
      */
     QString findValue(const QString& section, const QString& key) const;
 
+    /**
+     * The groups as an author reads them: a [Statedef] or [Begin Action]
+     * with its name comment (on its line or the line above), each [State]
+     * under its [Statedef] with its controller type, a [Command] by its
+     * name, every other group by its own name.
+     */
+    QList<Item> outline() const;
+
     /// The name of the group a line opens, or a null string when it opens none.
     static QString groupName(const QString& line);
 
 private:
+    /// The value of `key` in the group at that position, or null.
+    QString valueIn(int group, const QString& key) const;
+
     const QTextDocument* m_document;
     QList<Group> m_groups;
 };

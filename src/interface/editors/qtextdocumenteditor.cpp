@@ -1,5 +1,6 @@
 #include "qtextdocumenteditor.h"
 
+#include "interface/workspaces/qtextoutline.h"
 #include "interface/workspaces/qtextundostack.h"
 #include "interface/workspaces/qtextview.h"
 #include "interface/workspaces/qtextworkspace.h"
@@ -40,6 +41,10 @@ void QTextDocumentEditor::initialized(QToolBarItems*, QWidget* leftPage)
         if (isActive() && row != m_current)
             showDocument(row);
     });
+    m_outline = new QTextOutline(leftPage);
+    m_outline->setObjectName(name() + QStringLiteral("Outline"));
+    layout->addWidget(m_outline, 3);
+    connect(m_outline, &QTextOutline::lineActivated, this, [this](int line) { navigateTo(m_current, 0, line); });
 }
 
 bool QTextDocumentEditor::isModified() const
@@ -117,6 +122,8 @@ void QTextDocumentEditor::showDocument(int index)
         connect(document, &QTextDocument::modificationChanged, this, &QInterfaceEditor::modifiedChanged);
     }
     m_workspace->view()->showDocument(document, !projectFileAt(m_current));
+    if (m_outline)
+        m_outline->setTextDocument(document);
     if (m_list) {
         const QSignalBlocker blocker(m_list);
         m_list->setCurrentRow(m_current);

@@ -10,6 +10,7 @@ class QLabel;
 class QListWidget;
 class QProjectFile;
 class QTextDocument;
+class QTextOutline;
 class QTextUndoStack;
 class QTextWorkspace;
 
@@ -70,6 +71,7 @@ private:
     QTextWorkspace* m_workspace;
     QProject* m_project = nullptr;
     QListWidget* m_list = nullptr;
+    QTextOutline* m_outline = nullptr;
     QLabel* m_note = nullptr;
     int m_current = -1;
     QPointer<QTextDocument> m_shown;

@@ -1,10 +1,14 @@
 #include "qtextview.h"
 
+#include "managers/qsctrlmanager.h"
+
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPlainTextDocumentLayout>
+#include <QRegularExpression>
+#include <QTextBlock>
 
 namespace {
 
@@ -16,41 +20,20 @@ bool isUndoKey(QKeyEvent* event)
 } // namespace
 
 QTextView::QTextView(QWidget* parent)
-    : QPlainTextEdit(parent)
-    , m_lineColor(255, 250, 220)
+    : QTextEditor(parent)
     , m_empty(new QTextDocument(this))
 {
     m_empty->setDocumentLayout(new QPlainTextDocumentLayout(m_empty));
     setObjectName(QStringLiteral("textView"));
     setLineWrapMode(QPlainTextEdit::NoWrap);
-    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &QTextView::highlightLine);
 }
 
 void QTextView::showDocument(QTextDocument* document, bool readOnly)
 {
     if (!document)
         document = m_empty;
-    if (!qobject_cast<QPlainTextDocumentLayout*>(document->documentLayout()))
-        document->setDocumentLayout(new QPlainTextDocumentLayout(document));
-    setDocument(document);
+    setTextDocument(document);
     setReadOnly(readOnly || document == m_empty);
-    highlightLine();
-}
-
-void QTextView::setLineColor(const QColor& color)
-{
-    m_lineColor = color;
-    highlightLine();
-}
-
-void QTextView::highlightLine()
-{
-    QTextEdit::ExtraSelection line;
-    line.format.setBackground(m_lineColor);
-    line.format.setProperty(QTextFormat::FullWidthSelection, true);
-    line.cursor = textCursor();
-    line.cursor.clearSelection();
-    setExtraSelections({line});
 }
 
 bool QTextView::event(QEvent* event)
@@ -60,7 +43,7 @@ bool QTextView::event(QEvent* event)
         event->ignore();
         return false;
     }
-    return QPlainTextEdit::event(event);
+    return QTextEditor::event(event);
 }
 
 void QTextView::keyPressEvent(QKeyEvent* event)
@@ -69,7 +52,7 @@ void QTextView::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     }
-    QPlainTextEdit::keyPressEvent(event);
+    QTextEditor::keyPressEvent(event);
 }
 
 void QTextView::contextMenuEvent(QContextMenuEvent* event)
@@ -79,6 +62,33 @@ void QTextView::contextMenuEvent(QContextMenuEvent* event)
     const QList<QAction*> actions = menu->actions();
     for (int i = 0; i < 2 && i < actions.size(); ++i)
         menu->removeAction(actions.at(i));
+    if (!isReadOnly() && sctrlsMan && !sctrlsMan->controllers().isEmpty()) {
+        QMenu* insert = menu->addMenu(tr("Insert controller"));
+        for (const QString& name : sctrlsMan->controllers()) {
+            QAction* action = insert->addAction(name);
+            action->setToolTip(sctrlsMan->description(name));
+            connect(action, &QAction::triggered, this, [this, name] { insertController(name); });
+        }
+    }
     menu->exec(event->globalPos());
     delete menu;
+}
+
+void QTextView::insertController(const QString& name)
+{
+    // The new controller belongs to the state whose definition stands above the cursor.
+    static const QRegularExpression statedef(QStringLiteral("^\\s*\\[\\s*statedef\\s+(-?\\d+)"),
+                                             QRegularExpression::CaseInsensitiveOption);
+    QString state = QStringLiteral("0");
+    for (QTextBlock block = textCursor().block(); block.isValid(); block = block.previous()) {
+        const QRegularExpressionMatch match = statedef.match(block.text());
+        if (match.hasMatch()) {
+            state = match.captured(1);
+            break;
+        }
+    }
+    QTextCursor cursor = textCursor();
+    cursor.movePosition(QTextCursor::StartOfBlock);
+    cursor.insertText(sctrlsMan->templateFor(name, state));
+    setTextCursor(cursor);
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QPlainTextEdit>
+#include "qtexteditor.h"
 
 /**
- * The view of the text workspace. Undo and Redo are left to the window, so
+ * The view of the text workspace: the text editor showing whichever document
+ * the current text editor gives it. Undo and Redo are left to the window, so
  * that they go through the window's undo group like those of every other
- * document; the line with the cursor is highlighted in the colour set's
- * "line" colour.
+ * document.
  */
-class QTextView : public QPlainTextEdit
+class QTextView : public QTextEditor
 {
     Q_OBJECT
 public:
@@ -16,7 +16,8 @@ public:
 
     /// Shows the document, giving it the layout a view needs; null shows an empty page.
     void showDocument(QTextDocument* document, bool readOnly);
-    void setLineColor(const QColor& color);
+    /// Inserts a new controller of that name (from sctrlsMan's templates) before the cursor's line.
+    void insertController(const QString& name);
 
 protected:
     bool event(QEvent* event) override;
@@ -24,8 +25,5 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    void highlightLine();
-
-    QColor m_lineColor;
     QTextDocument* m_empty; ///< shown when an editor has no document
 };

@@ -1,0 +1,168 @@
+// Keystroke latency of the text editor on a state file with the checker and
+// highlighting on, at 1,000 and at 100,000 lines, beside the same typing into
+// a plain QPlainTextEdit in the same run: the time from the key event until
+// its line is repainted. Also the time to open the largest state file of the
+// real data, highlighted and checked, until it is painted.
+#include "benchutil.h"
+
+#include "interface/workspaces/qtexteditor.h"
+#include "syntax/qsyntaxtexteditor.h"
+#include "text/qcodecs.h"
+#include "text/qcommonelements.h"
+#include "util/qengineversion.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPlainTextDocumentLayout>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+const char* const stateBlock = "[State 200, Hit]\n"
+                               "type = HitDef\n"
+                               "trigger1 = AnimElem = 3 && Var(10) > 2 ; the hit\n"
+                               "attr = S, NA\n"
+                               "damage = 23, 0\n"
+                               "animtype = Light\n"
+                               "pausetime = 12, 12\n"
+                               "sparkxy = -10, -76\n"
+                               "ground.velocity = -4\n"
+                               "\n";
+
+QString stateText(int lines)
+{
+    const QString block = QString::fromLatin1(stateBlock);
+    QString text = QStringLiteral("[Statedef 200]\ntype = S\nanim = 200\n\n");
+    const int count = (lines - 4) / 10;
+    text.reserve(text.size() + block.size() * count);
+    for (int i = 0; i < count; ++i)
+        text += block;
+    return text;
+}
+
+struct Latency
+{
+    double p50 = 0;
+    double p99 = 0;
+    double keyOnly99 = 0; ///< the key's handling alone: document, checker, highlighting
+};
+
+/// Types lines of a trigger into the middle of the text, each key followed by
+/// the repaint it asked for.
+Latency typeInto(QPlainTextEdit& editor, int keys)
+{
+    QTextCursor cursor(editor.document()->findBlockByNumber(editor.document()->blockCount() / 2));
+    editor.setTextCursor(cursor);
+    editor.centerCursor();
+    QApplication::processEvents();
+    const QString line = QStringLiteral("trigger2 = Time > 10 && StateNo = 200");
+    std::vector<double> total;
+    std::vector<double> keyOnly;
+    for (int i = 0; i < keys; ++i) {
+        const int at = i % (line.size() + 1);
+        const bool enter = at == line.size();
+        const QString text = enter ? QStringLiteral("\r") : QString(line.at(at));
+        QKeyEvent press(QEvent::KeyPress, enter ? Qt::Key_Return : 0, Qt::NoModifier, text);
+        QKeyEvent release(QEvent::KeyRelease, enter ? Qt::Key_Return : 0, Qt::NoModifier, text);
+        QElapsedTimer timer;
+        timer.start();
+        QApplication::sendEvent(&editor, &press);
+        keyOnly.push_back(double(timer.nsecsElapsed()) / 1e6);
+        QApplication::sendEvent(&editor, &release);
+        QApplication::processEvents(); // the repaint the key asked for
+        total.push_back(double(timer.nsecsElapsed()) / 1e6);
+    }
+    const auto percentile = [](std::vector<double> values, double p) {
+        std::sort(values.begin(), values.end());
+        return values[std::min(values.size() - 1, size_t(p * double(values.size())))];
+    };
+    return {percentile(total, 0.5), percentile(total, 0.99), percentile(keyOnly, 0.99)};
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    initCodecs();
+    initCommonElements();
+    if (!QSyntaxTextEditor::initProperties(QCoreApplication::applicationDirPath() + QStringLiteral("/../bin"))) {
+        std::printf("bench_typing: needs syntax_mugen.xml in the build's bin folder\n");
+        return 0;
+    }
+    const int keys = 800;
+    for (const int lines : {1000, 100000}) {
+        const QString text = stateText(lines);
+        QPlainTextEdit plain;
+        plain.setPlainText(text);
+        plain.resize(900, 700);
+        plain.show();
+        const Latency base = typeInto(plain, keys);
+
+        // The checker alone, in a plain widget: what the editor's own drawing adds shows apart.
+        QSyntaxTextEditor checkedOnly(nullptr, pftStates, false, engineVersion::v1_1, true);
+        checkedOnly.document()->setPlainText(text);
+        checkedOnly.document()->setDocumentLayout(new QPlainTextDocumentLayout(checkedOnly.document()));
+        QPlainTextEdit plainChecked;
+        plainChecked.setDocument(checkedOnly.document());
+        plainChecked.resize(900, 700);
+        plainChecked.show();
+        const Latency checker = typeInto(plainChecked, keys);
+
+        QSyntaxTextEditor states(nullptr, pftStates, false, engineVersion::v1_1, true);
+        states.document()->setPlainText(text);
+        QTextEditor editor;
+        editor.setTextDocument(states.document());
+        editor.resize(900, 700);
+        editor.show();
+        const Latency ours = typeInto(editor, keys);
+
+        std::printf("%d lines, %d keys\n", states.document()->blockCount(), keys);
+        bench::report("  plain QPlainTextEdit, key to repaint p50", base.p50, base.p50);
+        bench::report("  plain QPlainTextEdit, key to repaint p99", base.p99, base.p99);
+        bench::report("  QPlainTextEdit checked, key to repaint p50", checker.p50, base.p50);
+        bench::report("  QPlainTextEdit checked, key to repaint p99", checker.p99, base.p99);
+        bench::report("  QTextEditor checked, key to repaint p50", ours.p50, base.p50);
+        bench::report("  QTextEditor checked, key to repaint p99", ours.p99, base.p99);
+        bench::report("  QTextEditor checked, key handling alone p99", ours.keyOnly99, base.keyOnly99);
+    }
+
+    const QString file = bench::largestFile(bench::realData(), {QStringLiteral("*.cns"), QStringLiteral("*.st")});
+    if (file.isEmpty()) {
+        std::printf("bench_typing: no real data, the opening of a large file is not measured\n");
+        return 0;
+    }
+    double plainMs = 0;
+    const double openMs = bench::bestMs(3, [&] {
+        QSyntaxTextEditor states(nullptr, pftStates, false, engineVersion::v1_1, true);
+        QTextEditor editor;
+        editor.resize(900, 700);
+        states.fromFile(file, 0, false);
+        editor.setTextDocument(states.document());
+        editor.show();
+        QApplication::processEvents();
+        bench::keep(states);
+    });
+    plainMs = bench::bestMs(3, [&] {
+        QFile in(file);
+        in.open(QIODevice::ReadOnly);
+        QPlainTextEdit editor;
+        editor.resize(900, 700);
+        editor.setPlainText(QString::fromLocal8Bit(in.readAll()));
+        editor.show();
+        QApplication::processEvents();
+    });
+    QSyntaxTextEditor probe(nullptr, pftStates, false, engineVersion::v1_1, true);
+    probe.fromFile(file, 0, false);
+    std::printf("open %s (%d lines)\n", qPrintable(file), probe.document()->blockCount());
+    bench::report("  plain QPlainTextEdit, read and shown", plainMs, plainMs);
+    bench::report("  QTextEditor, read, checked and shown", openMs, plainMs);
+    return 0;
+}
