@@ -53,8 +53,8 @@ void editAndUndo(QAnimations& model, QSyntaxTextEditor& text, unsigned char cont
     QAnimationFrame* frame = action ? action->frame(control % std::max(1, action->frameCount())) : nullptr;
     if (frame) {
         frame->setProperties(QSubItem(control, -control), QPoint(control, 1), control - 100, control & 3,
-                             QAnimationFrameBlend(control % 3), QBlendTarget { 256, qint16(control) },
-                             QPointF(control / 7.0, 1), control);
+            QAnimationFrameBlend(control % 3), QBlendTarget { 256, qint16(control) },
+            QPointF(control / 7.0, 1), control);
         frame->insertBox(QCollisionBoxType(control & 3), QRect(-control, -control, control, 9));
         frame->setInterElem(QInterFrameElementType(control % interFrameElementTypeCount), control & 8);
         if (QCollisionBoxes* boxes = frame->collisionBoxes(cbtClsn2); boxes && boxes->count() > 0)
