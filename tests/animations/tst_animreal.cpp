@@ -172,10 +172,10 @@ void TestAnimations::realFilesLoadAndSaveUnchanged()
 void TestAnimations::randomEditsMatchFreshModel_data()
 {
     RandomEdits::addRows({
-        { "fanyer__mugen/data/fightfx.air", 1200 },
+        { "fanyer__mugen/data/fightfx.air", 1000 },
         { "ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/data/gofx/gofx.air", 800 },
         { "ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/stages/attachedchar/interactivestage.air", 600 },
-        { "fanyer__mugen/chars/kfm/kfm.air", 250 },
+        { "fanyer__mugen/chars/kfm/kfm.air", 120 },
     });
 }
 
