@@ -132,7 +132,9 @@ void QAnimationsLinker::relink(
     for (int i = 0; i < declarations.size(); ++i) {
         QCollisionBoxes* boxes = declarations.at(i);
         const QList<QCollisionBox*>& list = lists.at(i);
-        if (renumber && boxes->m_boxes != list)
+        // Two empty lists are compared by size alone: Qt's comparison would hand memcmp a null pointer.
+        const bool same = list.size() == boxes->m_boxes.size() && (list.isEmpty() || list == boxes->m_boxes);
+        if (renumber && !same)
             renumber->append(boxes);
         boxes->m_boxes = list;
     }
