@@ -10,11 +10,13 @@
 #include "model/qproject.h"
 #include "syntax/qsyntaxtexteditor.h"
 #include "text/qcodecs.h"
+#include "text/qtextelementreg.h"
 #include "util/qengineversion.h"
 
 #include <QCoreApplication>
 #include <QTextDocument>
 #include <cstdint>
+#include <cstdlib>
 
 namespace {
 
@@ -53,8 +55,8 @@ void editAndUndo(QAnimations& model, QSyntaxTextEditor& text, unsigned char cont
     QAnimationFrame* frame = action ? action->frame(control % std::max(1, action->frameCount())) : nullptr;
     if (frame) {
         frame->setProperties(QSubItem(control, -control), QPoint(control, 1), control - 100, control & 3,
-                             QAnimationFrameBlend(control % 3), QBlendTarget { 256, qint16(control) },
-                             QPointF(control / 7.0, 1), control);
+            QAnimationFrameBlend(control % 3), QBlendTarget { 256, qint16(control) },
+            QPointF(control / 7.0, 1), control);
         frame->insertBox(QCollisionBoxType(control & 3), QRect(-control, -control, control, 9));
         frame->setInterElem(QInterFrameElementType(control % interFrameElementTypeCount), control & 8);
         if (QCollisionBoxes* boxes = frame->collisionBoxes(cbtClsn2); boxes && boxes->count() > 0)
@@ -103,6 +105,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         auto* made = new QCoreApplication(argc, argv);
         initCodecs();
         QProject::init();
+        // The registry lives as long as the process; handing it back keeps the leak check to real leaks.
+        std::atexit([] { QTextElementReg::release(); });
         return made;
     }();
     Q_UNUSED(application);

@@ -19,7 +19,8 @@
 namespace {
 
 const char* const boxKeys[collisionBoxTypeCount] = { "clsn1", "clsn2", "clsn1default", "clsn2default" };
-const char* const interKeys[interFrameElementTypeCount] = { "loopstart", "blend", "offset", "scale", "angle" };
+const char* const interKeys[interFrameElementTypeCount]
+    = { "loopstart", "blend", "offset", "scale", "angle" };
 
 QString flipText(unsigned int flip)
 {
@@ -31,7 +32,9 @@ QString blendText(const QAnimationFrame* frame)
 {
     switch (frame->blend()) {
     case afbAdditive:
-        return QStringLiteral("add(%1,%2)").arg(frame->blendTarget().source).arg(frame->blendTarget().destination);
+        return QStringLiteral("add(%1,%2)")
+            .arg(frame->blendTarget().source)
+            .arg(frame->blendTarget().destination);
     case afbSubtractive:
         return QStringLiteral("sub");
     default:
@@ -72,18 +75,13 @@ QJsonObject frameJson(const QAnimationFrame* frame)
         blend.insert(QStringLiteral("destination"), frame->blendTarget().destination);
     }
     return QJsonObject { { QStringLiteral("line"), frame->line() + 1 },
-                         { QStringLiteral("group"), frame->spriteGroup() },
-                         { QStringLiteral("index"), frame->spriteIndex() },
-                         { QStringLiteral("x"), frame->offsetX() },
-                         { QStringLiteral("y"), frame->offsetY() },
-                         { QStringLiteral("time"), frame->time() },
-                         { QStringLiteral("flip"), int(frame->flipFlags()) },
-                         { QStringLiteral("blend"), blend },
-                         { QStringLiteral("scaleX"), frame->scaleX() },
-                         { QStringLiteral("scaleY"), frame->scaleY() },
-                         { QStringLiteral("angle"), frame->angle() },
-                         { QStringLiteral("interpolate"), QJsonArray::fromStringList(interpolations(frame)) },
-                         { QStringLiteral("boxes"), boxes } };
+        { QStringLiteral("group"), frame->spriteGroup() }, { QStringLiteral("index"), frame->spriteIndex() },
+        { QStringLiteral("x"), frame->offsetX() }, { QStringLiteral("y"), frame->offsetY() },
+        { QStringLiteral("time"), frame->time() }, { QStringLiteral("flip"), int(frame->flipFlags()) },
+        { QStringLiteral("blend"), blend }, { QStringLiteral("scaleX"), frame->scaleX() },
+        { QStringLiteral("scaleY"), frame->scaleY() }, { QStringLiteral("angle"), frame->angle() },
+        { QStringLiteral("interpolate"), QJsonArray::fromStringList(interpolations(frame)) },
+        { QStringLiteral("boxes"), boxes } };
 }
 
 QJsonObject actionJson(const QAnimation* action)
@@ -92,11 +90,9 @@ QJsonObject actionJson(const QAnimation* action)
     for (const QAnimationFrame* frame : action->frames())
         frames.append(frameJson(frame));
     return QJsonObject { { QStringLiteral("number"), action->number() },
-                         { QStringLiteral("name"), action->nameText() },
-                         { QStringLiteral("line"), action->line() + 1 },
-                         { QStringLiteral("frameCount"), action->frameCount() },
-                         { QStringLiteral("loopStart"), action->loopStart() },
-                         { QStringLiteral("frames"), frames } };
+        { QStringLiteral("name"), action->nameText() }, { QStringLiteral("line"), action->line() + 1 },
+        { QStringLiteral("frameCount"), action->frameCount() },
+        { QStringLiteral("loopStart"), action->loopStart() }, { QStringLiteral("frames"), frames } };
 }
 
 void printAction(const QCliRun& run, const QAnimation* action)
@@ -111,27 +107,35 @@ void printAction(const QCliRun& run, const QAnimation* action)
     for (int i = 0; i < action->frameCount(); ++i) {
         const QAnimationFrame* frame = action->frame(i);
         const QStringList interpolate = interpolations(frame);
-        run.print(QStringLiteral("  frame %1  line %2  sprite %3,%4  offset %5,%6  time %7  flip %8  blend %9"
-                                 "  scale %10,%11  angle %12%13")
-                      .arg(i)
-                      .arg(frame->line() + 1)
-                      .arg(frame->spriteGroup())
-                      .arg(frame->spriteIndex())
-                      .arg(frame->offsetX())
-                      .arg(frame->offsetY())
-                      .arg(frame->time())
-                      .arg(flipText(frame->flipFlags()), blendText(frame), number(frame->scaleX()),
-                           number(frame->scaleY()), number(frame->angle()),
-                           interpolate.isEmpty() ? QString()
-                                                 : QStringLiteral("  interpolate %1").arg(interpolate.join(u','))));
+        run.print(
+            QStringLiteral("  frame %1  line %2  sprite %3,%4  offset %5,%6  time %7  flip %8  blend %9"
+                           "  scale %10,%11  angle %12%13")
+                .arg(i)
+                .arg(frame->line() + 1)
+                .arg(frame->spriteGroup())
+                .arg(frame->spriteIndex())
+                .arg(frame->offsetX())
+                .arg(frame->offsetY())
+                .arg(frame->time())
+                .arg(flipText(frame->flipFlags()), blendText(frame), number(frame->scaleX()),
+                    number(frame->scaleY()), number(frame->angle()),
+                    interpolate.isEmpty() ? QString()
+                                          : QStringLiteral("  interpolate %1").arg(interpolate.join(u','))));
         for (int type = 0; type < collisionBoxTypeCount; ++type) {
             const QCollisionBoxes* declared = frame->collisionBoxes(QCollisionBoxType(type));
             if (!declared)
                 continue;
             QStringList boxes;
             for (const QCollisionBox* box : declared->boxes())
-                boxes.append(QStringLiteral("%1,%2,%3,%4").arg(box->left()).arg(box->top()).arg(box->right()).arg(box->bottom()));
-            run.print(QStringLiteral("    %1 %2: %3").arg(QLatin1String(boxKeys[type])).arg(boxes.size()).arg(boxes.join(QLatin1String("  "))));
+                boxes.append(QStringLiteral("%1,%2,%3,%4")
+                                 .arg(box->left())
+                                 .arg(box->top())
+                                 .arg(box->right())
+                                 .arg(box->bottom()));
+            run.print(QStringLiteral("    %1 %2: %3")
+                          .arg(QLatin1String(boxKeys[type]))
+                          .arg(boxes.size())
+                          .arg(boxes.join(QLatin1String("  "))));
         }
     }
 }
@@ -189,13 +193,11 @@ int runAir(const QCliRun& run)
         QJsonArray warnings;
         for (int i = 0; i < messages->count(); ++i)
             warnings.append(QJsonObject { { QStringLiteral("line"), messages->at(i).line + 1 },
-                                          { QStringLiteral("text"), messages->at(i).text } });
+                { QStringLiteral("text"), messages->at(i).text } });
         run.printJson(QJsonObject { { QStringLiteral("file"), fileName },
-                                    { QStringLiteral("actionCount"), int(shown.size()) },
-                                    { QStringLiteral("frameCount"), frames },
-                                    { QStringLiteral("boxCount"), boxes },
-                                    { QStringLiteral("actions"), actions },
-                                    { QStringLiteral("warnings"), warnings } });
+            { QStringLiteral("actionCount"), int(shown.size()) }, { QStringLiteral("frameCount"), frames },
+            { QStringLiteral("boxCount"), boxes }, { QStringLiteral("actions"), actions },
+            { QStringLiteral("warnings"), warnings } });
         return 0;
     }
     run.print(QStringLiteral("%1: %2 actions, %3 frames, %4 boxes")
@@ -206,13 +208,14 @@ int runAir(const QCliRun& run)
     for (const QAnimation* action : shown)
         printAction(run, action);
     for (int i = 0; i < messages->count(); ++i)
-        run.print(QStringLiteral("warning: line %1: %2").arg(messages->at(i).line + 1).arg(messages->at(i).text));
+        run.print(
+            QStringLiteral("warning: line %1: %2").arg(messages->at(i).line + 1).arg(messages->at(i).text));
     return 0;
 }
 
 const QCliCommand command("air", "air FILE [--action N]",
-                          "print the actions of an AIR file in file order: frames with sprite, offset, time, flip, "
-                          "blend, scale, angle, interpolations, and boxes by type",
-                          runAir);
+    "print the actions of an AIR file in file order: frames with sprite, offset, time, flip, "
+    "blend, scale, angle, interpolations, and boxes by type",
+    runAir);
 
 } // namespace

@@ -81,7 +81,8 @@ QAnimationFrame* QAnimation::addFrame()
     QAnimationEdit edit(owner);
     owner->insertAfter(after, QAnimationFrame::emptyFrame, true);
     QTextElement* added = owner->elementAt(line);
-    return added && added->groupType() == animationElement::frame ? static_cast<QAnimationFrame*>(added) : nullptr;
+    return added && added->groupType() == animationElement::frame ? static_cast<QAnimationFrame*>(added)
+                                                                  : nullptr;
 }
 
 QAnimationFrame* QAnimation::insertFrame(unsigned int position)
@@ -95,5 +96,6 @@ QAnimationFrame* QAnimation::insertFrame(unsigned int position)
     QAnimationEdit edit(owner);
     insertLineAbove(owner, line, QAnimationFrame::emptyFrame);
     QTextElement* added = owner->elementAt(line);
-    return added && added->groupType() == animationElement::frame ? static_cast<QAnimationFrame*>(added) : nullptr;
+    return added && added->groupType() == animationElement::frame ? static_cast<QAnimationFrame*>(added)
+                                                                  : nullptr;
 }

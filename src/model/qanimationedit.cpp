@@ -15,7 +15,8 @@ void insertLineAbove(QElementTextEditor* editor, int line, const QString& text)
         // feed, else on a line of its own, so the document keeps its ending.
         const QTextBlock last = document->lastBlock();
         cursor.setPosition(last.position() + last.length() - 1);
-        cursor.insertText(last.length() <= 1 ? QString(text + QLatin1Char('\n')) : QString(QLatin1Char('\n') + text));
+        cursor.insertText(
+            last.length() <= 1 ? QString(text + QLatin1Char('\n')) : QString(QLatin1Char('\n') + text));
         return;
     }
     if (line == 0) {

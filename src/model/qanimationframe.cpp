@@ -32,8 +32,8 @@ void readBlend(const QString& word, QAnimationFrameBlend& blend, QBlendTarget& t
         // "A" is full strength, any two letters ("A1") half the destination.
         if (word.size() == 2)
             target.destination = 128;
-        static const QRegularExpression weights(QStringLiteral("^as(\\d{1,3})d(\\d{1,3})$"),
-                                                QRegularExpression::CaseInsensitiveOption);
+        static const QRegularExpression weights(
+            QStringLiteral("^as(\\d{1,3})d(\\d{1,3})$"), QRegularExpression::CaseInsensitiveOption);
         const QRegularExpressionMatch match = weights.match(word);
         if (match.hasMatch()) {
             target.source = qint16(match.captured(1).toInt());
@@ -87,7 +87,8 @@ void QAnimationFrame::update(const QList<QTextToken>& tokens)
         at = 11;
         if (tokens.at(10).id == tokIdentifier) {
             const QString flip = tokens.at(10).text.toLower();
-            m_flip = (flip.contains(QLatin1Char('v')) ? 1u : 0u) | (flip.contains(QLatin1Char('h')) ? 2u : 0u);
+            m_flip
+                = (flip.contains(QLatin1Char('v')) ? 1u : 0u) | (flip.contains(QLatin1Char('h')) ? 2u : 0u);
             at = 12;
         }
         if (at < count && tokens.at(at).id == tokIdentifier) {
@@ -130,7 +131,7 @@ QString QAnimationFrame::lineText() const
     QString text = QStringLiteral("%1,%2, %3,%4, %5").arg(m_group).arg(m_index).arg(m_x).arg(m_y).arg(m_time);
     static const char* const flips[] = { "", "V", "H", "HV" };
     QStringList fields { QLatin1String(flips[m_flip & 3]), blendText(m_blend, m_target),
-                         numberText(m_scaleX, 1.0), numberText(m_scaleY, 1.0), numberText(m_angle, 0.0) };
+        numberText(m_scaleX, 1.0), numberText(m_scaleY, 1.0), numberText(m_angle, 0.0) };
     while (!fields.isEmpty() && fields.last().isEmpty())
         fields.removeLast();
     for (const QString& field : std::as_const(fields))
@@ -154,13 +155,13 @@ void QAnimationFrame::writeLine(bool continueDrag)
 }
 
 void QAnimationFrame::setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip,
-                                    QAnimationFrameBlend blend, QBlendTarget target)
+    QAnimationFrameBlend blend, QBlendTarget target)
 {
     setProperties(sprite, offset, time, flip, blend, target, scaleFactor(), m_angle);
 }
 
 void QAnimationFrame::setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip,
-                                    QAnimationFrameBlend blend, QBlendTarget target, QPointF scale, double angle)
+    QAnimationFrameBlend blend, QBlendTarget target, QPointF scale, double angle)
 {
     if (blend != afbAdditive)
         target = QBlendTarget();
@@ -254,9 +255,8 @@ QCollisionBox* QAnimationFrame::insertBox(QCollisionBoxType type, const QRect& r
     QCollisionBoxes* boxes = m_boxes[type & 3];
     if (!boxes) {
         // Declarations above a frame stay in the order Clsn1Default, Clsn2Default, Clsn1, Clsn2.
-        static const QList<int> anchors[collisionBoxTypeCount] = {
-            { cbtClsn2 }, {}, { cbtClsn2Default, cbtClsn1, cbtClsn2 }, { cbtClsn1, cbtClsn2 }
-        };
+        static const QList<int> anchors[collisionBoxTypeCount]
+            = { { cbtClsn2 }, {}, { cbtClsn2Default, cbtClsn1, cbtClsn2 }, { cbtClsn1, cbtClsn2 } };
         QTextElement* anchor = this;
         for (int candidate : anchors[type & 3]) {
             if (m_boxes[candidate]) {
@@ -323,8 +323,8 @@ QTextCursor QAnimationFrame::selectBoxes() const
         if (!boxes)
             continue;
         start = std::min(start, boxes->startPosition());
-        const QTextElement* last = boxes->boxes().isEmpty() ? static_cast<const QTextElement*>(boxes)
-                                                             : boxes->boxes().last();
+        const QTextElement* last
+            = boxes->boxes().isEmpty() ? static_cast<const QTextElement*>(boxes) : boxes->boxes().last();
         const QTextBlock block = last->block();
         end = std::max(end, block.position() + block.length());
     }
@@ -336,7 +336,7 @@ QTextCursor QAnimationFrame::selectBoxes() const
 bool QAnimationFrame::checkInterElem(QInterFrameElementType type) const
 {
     return std::any_of(m_inter.cbegin(), m_inter.cend(),
-                       [type](const QInterFrameElement* line) { return line->interType() == type; });
+        [type](const QInterFrameElement* line) { return line->interType() == type; });
 }
 
 void QAnimationFrame::setInterElem(QInterFrameElementType type, bool on)

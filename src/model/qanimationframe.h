@@ -63,11 +63,11 @@ public:
     double angle() const { return m_angle; }
 
     /// Sets everything the line holds but scale and angle.
-    void setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip, QAnimationFrameBlend blend,
-                       QBlendTarget target);
+    void setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip,
+        QAnimationFrameBlend blend, QBlendTarget target);
     /// Sets everything the line holds.
-    void setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip, QAnimationFrameBlend blend,
-                       QBlendTarget target, QPointF scale, double angle);
+    void setProperties(QSubItem sprite, QPoint offset, int time, unsigned int flip,
+        QAnimationFrameBlend blend, QBlendTarget target, QPointF scale, double angle);
     /// Moves the frame's sprite; see the class comment for `continueDrag`.
     void setOffset(QPoint offset, bool continueDrag = false);
     void setAngle(double angle);

@@ -57,7 +57,8 @@ bool InterFrameReg::matchToken(unsigned int index, const QTextToken& token) cons
         return m_interpolate || isWord(token, "loopstart");
     }
     if (index == 1 && m_interpolate)
-        return isWord(token, "blend") || isWord(token, "angle") || isWord(token, "scale") || isWord(token, "offset");
+        return isWord(token, "blend") || isWord(token, "angle") || isWord(token, "scale")
+            || isWord(token, "offset");
     return token.id == tokEndOfLine;
 }
 
@@ -71,7 +72,7 @@ bool CLSNDeclReg::matchToken(unsigned int index, const QTextToken& token) const
     switch (index) {
     case 0:
         return isWord(token, "clsn1") || isWord(token, "clsn2") || isWord(token, "clsn1default")
-               || isWord(token, "clsn2default");
+            || isWord(token, "clsn2default");
     case 1:
         return token.id == tokColon;
     case 2:

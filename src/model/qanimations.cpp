@@ -20,13 +20,13 @@ namespace {
 /// What an AIR document is made of: naming comments, other groups (which end
 /// an action), and the lines of actions.
 const QTextElementType linkedTypes[] = { QNameComment::commentGroupType, QUnknownGroup::unknownGroupType,
-                                         animationElement::action, animationElement::frame,
-                                         animationElement::declaration, animationElement::box,
-                                         animationElement::interFrame };
+    animationElement::action, animationElement::frame, animationElement::declaration, animationElement::box,
+    animationElement::interFrame };
 
 QClipboard* clipboard()
 {
-    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) ? QGuiApplication::clipboard() : nullptr;
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) ? QGuiApplication::clipboard()
+                                                                        : nullptr;
 }
 
 /// The text of the lines from `start` to `end`, as plain text with line feeds.
@@ -138,7 +138,8 @@ QAnimation* QAnimations::add(int number)
     // A blank line between the last action and the new one.
     const QTextBlock last = m_text->document()->lastBlock();
     const bool blank = last.length() <= 1 && (!last.previous().isValid() || last.previous().length() <= 1);
-    insertText(unsigned(count()), (blank ? QString() : QStringLiteral("\n")) + QAnimation::headerText(number));
+    insertText(
+        unsigned(count()), (blank ? QString() : QStringLiteral("\n")) + QAnimation::headerText(number));
     return m_list.isEmpty() ? nullptr : m_list.last();
 }
 
@@ -296,9 +297,10 @@ bool QAnimations::canDiscard()
 {
     if (!isModified())
         return true;
-    return prompt().question(tr("Discard changes"), tr("Do you really want to discard the changes made in the animations?"),
-                             QPrompt::Yes | QPrompt::No, QPrompt::No)
-           == QPrompt::Yes;
+    return prompt().question(tr("Discard changes"),
+               tr("Do you really want to discard the changes made in the animations?"),
+               QPrompt::Yes | QPrompt::No, QPrompt::No)
+        == QPrompt::Yes;
 }
 
 bool QAnimations::isModified() const

@@ -47,7 +47,8 @@ QSet<QTextElement*> QAnimationsLinker::touchedRegions(const QList<QTextElementCh
             continue;
         // An updated line keeps its links, unless it is a declaration or an
         // inter-frame line that changed its type.
-        if (change.kind == QTextElementChange::Updated && element->groupType() != animationElement::declaration
+        if (change.kind == QTextElementChange::Updated
+            && element->groupType() != animationElement::declaration
             && element->groupType() != animationElement::interFrame)
             continue;
         regions.insert(regionOf(element));
@@ -58,15 +59,17 @@ QSet<QTextElement*> QAnimationsLinker::touchedRegions(const QList<QTextElementCh
     return regions;
 }
 
-void QAnimationsLinker::relink(QElementTextEditor* editor, QTextElement* header, QList<QCollisionBoxes*>* renumber)
+void QAnimationsLinker::relink(
+    QElementTextEditor* editor, QTextElement* header, QList<QCollisionBoxes*>* renumber)
 {
     if (header && !header->isValid())
         return;
     QAnimation* action = header && header->groupType() == animationElement::action
-                             ? static_cast<QAnimation*>(header)
-                             : nullptr;
+        ? static_cast<QAnimation*>(header)
+        : nullptr;
     QList<QAnimationFrame*> frames;
-    // What stands above the next frame: the nearest declaration of each type, the first inter-frame line of each.
+    // What stands above the next frame: the nearest declaration of each type, the first inter-frame line of
+    // each.
     QCollisionBoxes* pendingBoxes[collisionBoxTypeCount] = {};
     QList<QInterFrameElement*> pendingInter;
     QCollisionBoxes* declaration = nullptr;
@@ -110,9 +113,8 @@ void QAnimationsLinker::relink(QElementTextEditor* editor, QTextElement* header,
         case animationElement::interFrame: {
             auto* inter = static_cast<QInterFrameElement*>(element);
             inter->m_parent = nullptr;
-            const bool taken = std::any_of(pendingInter.cbegin(), pendingInter.cend(), [inter](auto* other) {
-                return other->interType() == inter->interType();
-            });
+            const bool taken = std::any_of(pendingInter.cbegin(), pendingInter.cend(),
+                [inter](auto* other) { return other->interType() == inter->interType(); });
             if (!taken)
                 pendingInter.append(inter);
             break;
@@ -130,7 +132,9 @@ void QAnimationsLinker::relink(QElementTextEditor* editor, QTextElement* header,
     for (int i = 0; i < declarations.size(); ++i) {
         QCollisionBoxes* boxes = declarations.at(i);
         const QList<QCollisionBox*>& list = lists.at(i);
-        if (renumber && boxes->m_boxes != list)
+        // Two empty lists are compared by size alone: Qt's comparison would hand memcmp a null pointer.
+        const bool same = list.size() == boxes->m_boxes.size() && (list.isEmpty() || list == boxes->m_boxes);
+        if (renumber && !same)
             renumber->append(boxes);
         boxes->m_boxes = list;
     }

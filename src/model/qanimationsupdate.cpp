@@ -149,8 +149,9 @@ void QAnimations::checkErrors()
             if (!boxes->parent())
                 list->add(mtWarning, tr("The boxes are declared for no frame."), 0, line);
             if (boxes->declaredCount() != boxes->count())
-                list->add(mtWarning, tr("%1 boxes are declared, %2 follow.").arg(boxes->declaredCount()).arg(boxes->count()),
-                          0, line);
+                list->add(mtWarning,
+                    tr("%1 boxes are declared, %2 follow.").arg(boxes->declaredCount()).arg(boxes->count()),
+                    0, line);
             break;
         }
         case animationElement::box:

@@ -21,7 +21,7 @@ QString collisionBoxText(QCollisionBoxType type, int index, int left, int top, i
 QRect orderedBox(const QRect& rect)
 {
     return QRect(QPoint(std::min(rect.left(), rect.right()), std::min(rect.top(), rect.bottom())),
-                 QPoint(std::max(rect.left(), rect.right()), std::max(rect.top(), rect.bottom())));
+        QPoint(std::max(rect.left(), rect.right()), std::max(rect.top(), rect.bottom())));
 }
 
 QTextElementType QCollisionBox::groupType() const
@@ -34,7 +34,8 @@ void QCollisionBox::update(const QList<QTextToken>& tokens)
     // The line matched "clsnN[i] = l, t, r, b": the values are tokens 5, 7, 9 and 11.
     const auto value = [&tokens](int at) { return at < tokens.size() ? tokens.at(at).text.toInt() : 0; };
     m_writtenIndex = value(2);
-    m_writtenClsn2 = !tokens.isEmpty() && tokens.first().text.startsWith(QLatin1String("clsn2"), Qt::CaseInsensitive);
+    m_writtenClsn2
+        = !tokens.isEmpty() && tokens.first().text.startsWith(QLatin1String("clsn2"), Qt::CaseInsensitive);
     m_left = value(5);
     m_top = value(7);
     m_right = value(9);
@@ -76,8 +77,8 @@ void QCollisionBox::setRect(const QRect& rect, bool continueDrag)
 
 void QCollisionBox::indexChanged()
 {
-    const QString text = collisionBoxText(m_parent ? m_parent->clsnType() : cbtClsn1, std::max(0, index()), m_left,
-                                          m_top, m_right, m_bottom);
+    const QString text = collisionBoxText(
+        m_parent ? m_parent->clsnType() : cbtClsn1, std::max(0, index()), m_left, m_top, m_right, m_bottom);
     m_writtenIndex = std::max(0, index());
     m_writtenClsn2 = m_parent && (m_parent->clsnType() & cbtClsn2);
     if (block().text() != text)

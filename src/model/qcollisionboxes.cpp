@@ -42,7 +42,7 @@ QCollisionBox* QCollisionBoxes::insert(const QRect& rect)
         after, collisionBoxText(m_type, count(), box.left(), box.top(), box.right(), box.bottom()), true);
     QTextElement* inserted = owner->elementAt(line);
     return inserted && inserted->groupType() == animationElement::box ? static_cast<QCollisionBox*>(inserted)
-                                                                         : nullptr;
+                                                                      : nullptr;
 }
 
 void QCollisionBoxes::clear()

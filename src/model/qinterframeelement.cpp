@@ -4,7 +4,8 @@ namespace {
 
 QInterFrameElementType interTypeOf(const QList<QTextToken>& tokens)
 {
-    if (tokens.size() < 2 || tokens.first().text.compare(QLatin1String("interpolate"), Qt::CaseInsensitive) != 0)
+    if (tokens.size() < 2
+        || tokens.first().text.compare(QLatin1String("interpolate"), Qt::CaseInsensitive) != 0)
         return ifeLoopStart;
     const QString kind = tokens.at(1).text.toLower();
     if (kind == QLatin1String("blend"))

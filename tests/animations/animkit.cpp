@@ -52,7 +52,7 @@ QAnimationFrame* Air::frameAt(int line) const
 {
     QTextElement* element = editor->elementAt(line);
     return element && element->groupType() == animationElement::frame ? static_cast<QAnimationFrame*>(element)
-                                                                        : nullptr;
+                                                                      : nullptr;
 }
 
 QString frameFields(const QAnimationFrame* frame)
@@ -74,74 +74,79 @@ QString frameFields(const QAnimationFrame* frame)
 
 namespace {
 
-int lineOf(const QTextElement* element)
-{
-    return element ? element->line() : -1;
-}
+    int lineOf(const QTextElement* element)
+    {
+        return element ? element->line() : -1;
+    }
 
-QString describeElement(const QTextElement* element)
-{
-    const int line = element->line();
-    switch (element->groupType()) {
-    case animationElement::action: {
-        const auto* action = static_cast<const QAnimation*>(element);
-        QStringList frames;
-        for (const QAnimationFrame* frame : action->frames())
-            frames.append(QString::number(frame->line()));
-        return QStringLiteral("%1 action %2 \"%3\" frames %4").arg(line).arg(action->number()).arg(action->nameText(),
-                                                                                                  frames.join(u','));
+    QString describeElement(const QTextElement* element)
+    {
+        const int line = element->line();
+        switch (element->groupType()) {
+        case animationElement::action: {
+            const auto* action = static_cast<const QAnimation*>(element);
+            QStringList frames;
+            for (const QAnimationFrame* frame : action->frames())
+                frames.append(QString::number(frame->line()));
+            return QStringLiteral("%1 action %2 \"%3\" frames %4")
+                .arg(line)
+                .arg(action->number())
+                .arg(action->nameText(), frames.join(u','));
+        }
+        case animationElement::frame: {
+            const auto* frame = static_cast<const QAnimationFrame*>(element);
+            QStringList boxes;
+            for (int type = 0; type < collisionBoxTypeCount; ++type)
+                boxes.append(QString::number(lineOf(frame->collisionBoxes(QCollisionBoxType(type)))));
+            QStringList inter;
+            for (const QInterFrameElement* line : frame->interFrameElements())
+                inter.append(QString::number(line->line()));
+            return QStringLiteral("%1 frame in %2: %3 boxes %4 inter %5")
+                .arg(line)
+                .arg(lineOf(frame->parent()))
+                .arg(frameFields(frame), boxes.join(u','), inter.join(u','));
+        }
+        case animationElement::declaration: {
+            const auto* boxes = static_cast<const QCollisionBoxes*>(element);
+            QStringList list;
+            for (const QCollisionBox* box : boxes->boxes())
+                list.append(QString::number(box->line()));
+            return QStringLiteral("%1 clsn type %2 of %3 declares %4 holds %5")
+                .arg(line)
+                .arg(int(boxes->clsnType()))
+                .arg(lineOf(boxes->parent()))
+                .arg(boxes->declaredCount())
+                .arg(list.join(u','));
+        }
+        case animationElement::box: {
+            const auto* box = static_cast<const QCollisionBox*>(element);
+            return QStringLiteral("%1 box of %2 at %3: %4,%5,%6,%7")
+                .arg(line)
+                .arg(lineOf(box->parent()))
+                .arg(box->index())
+                .arg(box->left())
+                .arg(box->top())
+                .arg(box->right())
+                .arg(box->bottom());
+        }
+        case animationElement::interFrame: {
+            const auto* inter = static_cast<const QInterFrameElement*>(element);
+            return QStringLiteral("%1 inter %2 of %3")
+                .arg(line)
+                .arg(int(inter->interType()))
+                .arg(lineOf(inter->parent()));
+        }
+        default:
+            return QStringLiteral("%1 element %2").arg(line).arg(element->groupType(), 0, 16);
+        }
     }
-    case animationElement::frame: {
-        const auto* frame = static_cast<const QAnimationFrame*>(element);
-        QStringList boxes;
-        for (int type = 0; type < collisionBoxTypeCount; ++type)
-            boxes.append(QString::number(lineOf(frame->collisionBoxes(QCollisionBoxType(type)))));
-        QStringList inter;
-        for (const QInterFrameElement* line : frame->interFrameElements())
-            inter.append(QString::number(line->line()));
-        return QStringLiteral("%1 frame in %2: %3 boxes %4 inter %5")
-            .arg(line)
-            .arg(lineOf(frame->parent()))
-            .arg(frameFields(frame), boxes.join(u','), inter.join(u','));
-    }
-    case animationElement::declaration: {
-        const auto* boxes = static_cast<const QCollisionBoxes*>(element);
-        QStringList list;
-        for (const QCollisionBox* box : boxes->boxes())
-            list.append(QString::number(box->line()));
-        return QStringLiteral("%1 clsn type %2 of %3 declares %4 holds %5")
-            .arg(line)
-            .arg(int(boxes->clsnType()))
-            .arg(lineOf(boxes->parent()))
-            .arg(boxes->declaredCount())
-            .arg(list.join(u','));
-    }
-    case animationElement::box: {
-        const auto* box = static_cast<const QCollisionBox*>(element);
-        return QStringLiteral("%1 box of %2 at %3: %4,%5,%6,%7")
-            .arg(line)
-            .arg(lineOf(box->parent()))
-            .arg(box->index())
-            .arg(box->left())
-            .arg(box->top())
-            .arg(box->right())
-            .arg(box->bottom());
-    }
-    case animationElement::interFrame: {
-        const auto* inter = static_cast<const QInterFrameElement*>(element);
-        return QStringLiteral("%1 inter %2 of %3").arg(line).arg(int(inter->interType())).arg(lineOf(inter->parent()));
-    }
-    default:
-        return QStringLiteral("%1 element %2").arg(line).arg(element->groupType(), 0, 16);
-    }
-}
 
-/// A line without its comment, for the plain count.
-QString code(const QString& line)
-{
-    const qsizetype comment = line.indexOf(u';');
-    return comment < 0 ? line : line.left(comment);
-}
+    /// A line without its comment, for the plain count.
+    QString code(const QString& line)
+    {
+        const qsizetype comment = line.indexOf(u';');
+        return comment < 0 ? line : line.left(comment);
+    }
 
 } // namespace
 
@@ -171,11 +176,13 @@ QStringList describeFresh(const QString& text)
 PlainCount plainCount(const QString& text)
 {
     static const QRegularExpression action(QStringLiteral("^\\s*\\[\\s*begin\\s+action\\s+-?\\d+\\s*\\]"),
-                                           QRegularExpression::CaseInsensitiveOption);
+        QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression header(QStringLiteral("^\\s*\\["));
-    static const QRegularExpression frame(QStringLiteral("^\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+"));
+    static const QRegularExpression frame(
+        QStringLiteral("^\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+"));
     static const QRegularExpression box(
-        QStringLiteral("^\\s*clsn[12](default)?\\s*\\[\\s*-?\\d+\\s*\\]\\s*=\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,\\s*-?\\d+\\s*$"),
+        QStringLiteral("^\\s*clsn[12](default)?\\s*\\[\\s*-?\\d+\\s*\\]\\s*=\\s*-?\\d+\\s*,\\s*-?\\d+\\s*,"
+                       "\\s*-?\\d+\\s*,\\s*-?\\d+\\s*$"),
         QRegularExpression::CaseInsensitiveOption);
     PlainCount count;
     bool inAction = false;

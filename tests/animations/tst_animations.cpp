@@ -32,26 +32,45 @@ void TestAnimations::initTestCase()
 void TestAnimations::frameFieldsRead_data()
 {
     QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("fields"); // group,index x,y time flip blend/source/destination scaleX,scaleY angle
+    QTest::addColumn<QString>(
+        "fields"); // group,index x,y time flip blend/source/destination scaleX,scaleY angle
 
-    QTest::newRow("five numbers") << "1,2, 3,4, 5" << "1,2 3,4 5 0 0/256/256 1,1 0";
-    QTest::newRow("forever") << "-1,0, 0,0, -1" << "-1,0 0,0 -1 0 0/256/256 1,1 0";
-    QTest::newRow("group kept in 16 bits") << "70000,65535, 0,0, 1" << "4464,-1 0,0 1 0 0/256/256 1,1 0";
-    QTest::newRow("blend, no flip") << "1,2, 3,4, 5, , A" << "1,2 3,4 5 0 1/256/256 1,1 0";
-    QTest::newRow("flip and weights") << "1,2, 3,4, 5, H, AS128D64" << "1,2 3,4 5 2 1/128/64 1,1 0";
-    QTest::newRow("flip both ways, any case") << "1,2, 3,4, 5, vH" << "1,2 3,4 5 3 0/256/256 1,1 0";
-    QTest::newRow("flip field without v or h") << "1,2, 3,4, 5, A" << "1,2 3,4 5 0 0/256/256 1,1 0";
-    QTest::newRow("A1 halves the destination") << "0,0, 0,0, 1, , A1" << "0,0 0,0 1 0 1/256/128 1,1 0";
-    QTest::newRow("any two letters after a") << "0,0, 0,0, 1, , ax" << "0,0 0,0 1 0 1/256/128 1,1 0";
-    QTest::newRow("a word of a") << "0,0, 0,0, 1, , add" << "0,0 0,0 1 0 1/256/256 1,1 0";
-    QTest::newRow("weights in lower case") << "0,0, 0,0, 1, , as5d250" << "0,0 0,0 1 0 1/5/250 1,1 0";
-    QTest::newRow("subtract") << "0,0, 0,0, 1, H, s" << "0,0 0,0 1 2 2/256/256 1,1 0";
-    QTest::newRow("another word blends nothing") << "0,0, 0,0, 1, , Sub" << "0,0 0,0 1 0 0/256/256 1,1 0";
-    QTest::newRow("scale alone") << "0,0, 0,0, 1, , , 2" << "0,0 0,0 1 0 0/256/256 2,1 0";
-    QTest::newRow("all fields") << "0,0, 0,0, 1, V, S, 0.5, 1.5, 90" << "0,0 0,0 1 1 2/256/256 0.5,1.5 90";
-    QTest::newRow("empty scale fields") << "0,0, 0,0, 1, , , , , -45" << "0,0 0,0 1 0 0/256/256 1,1 -45";
-    QTest::newRow("a word for a number is skipped") << "0,0, 0,0, 1, , , x, 3" << "0,0 0,0 1 0 0/256/256 1,3 0";
-    QTest::newRow("comment behind") << "5,6, -7,8, 9 ; a comment" << "5,6 -7,8 9 0 0/256/256 1,1 0";
+    QTest::newRow("five numbers") << "1,2, 3,4, 5"
+                                  << "1,2 3,4 5 0 0/256/256 1,1 0";
+    QTest::newRow("forever") << "-1,0, 0,0, -1"
+                             << "-1,0 0,0 -1 0 0/256/256 1,1 0";
+    QTest::newRow("group kept in 16 bits") << "70000,65535, 0,0, 1"
+                                           << "4464,-1 0,0 1 0 0/256/256 1,1 0";
+    QTest::newRow("blend, no flip") << "1,2, 3,4, 5, , A"
+                                    << "1,2 3,4 5 0 1/256/256 1,1 0";
+    QTest::newRow("flip and weights") << "1,2, 3,4, 5, H, AS128D64"
+                                      << "1,2 3,4 5 2 1/128/64 1,1 0";
+    QTest::newRow("flip both ways, any case") << "1,2, 3,4, 5, vH"
+                                              << "1,2 3,4 5 3 0/256/256 1,1 0";
+    QTest::newRow("flip field without v or h") << "1,2, 3,4, 5, A"
+                                               << "1,2 3,4 5 0 0/256/256 1,1 0";
+    QTest::newRow("A1 halves the destination") << "0,0, 0,0, 1, , A1"
+                                               << "0,0 0,0 1 0 1/256/128 1,1 0";
+    QTest::newRow("any two letters after a") << "0,0, 0,0, 1, , ax"
+                                             << "0,0 0,0 1 0 1/256/128 1,1 0";
+    QTest::newRow("a word of a") << "0,0, 0,0, 1, , add"
+                                 << "0,0 0,0 1 0 1/256/256 1,1 0";
+    QTest::newRow("weights in lower case") << "0,0, 0,0, 1, , as5d250"
+                                           << "0,0 0,0 1 0 1/5/250 1,1 0";
+    QTest::newRow("subtract") << "0,0, 0,0, 1, H, s"
+                              << "0,0 0,0 1 2 2/256/256 1,1 0";
+    QTest::newRow("another word blends nothing") << "0,0, 0,0, 1, , Sub"
+                                                 << "0,0 0,0 1 0 0/256/256 1,1 0";
+    QTest::newRow("scale alone") << "0,0, 0,0, 1, , , 2"
+                                 << "0,0 0,0 1 0 0/256/256 2,1 0";
+    QTest::newRow("all fields") << "0,0, 0,0, 1, V, S, 0.5, 1.5, 90"
+                                << "0,0 0,0 1 1 2/256/256 0.5,1.5 90";
+    QTest::newRow("empty scale fields") << "0,0, 0,0, 1, , , , , -45"
+                                        << "0,0 0,0 1 0 0/256/256 1,1 -45";
+    QTest::newRow("a word for a number is skipped") << "0,0, 0,0, 1, , , x, 3"
+                                                    << "0,0 0,0 1 0 0/256/256 1,3 0";
+    QTest::newRow("comment behind") << "5,6, -7,8, 9 ; a comment"
+                                    << "5,6 -7,8 9 0 0/256/256 1,1 0";
 }
 
 void TestAnimations::frameFieldsRead()
@@ -67,7 +86,7 @@ void TestAnimations::frameFieldsRead()
     // Writing the same values back changes nothing, not even the spacing.
     QAnimationFrame* same = air.frameAt(1);
     same->setProperties(same->sprite(), same->offset(), same->time(), same->flipFlags(), same->blend(),
-                        same->blendTarget(), same->scaleFactor(), same->angle());
+        same->blendTarget(), same->scaleFactor(), same->angle());
     QCOMPARE(air.line(1), line);
     QVERIFY(!air.editor->document()->isUndoAvailable());
 }
@@ -110,14 +129,14 @@ void TestAnimations::frameLinesWritten()
     Air air(inAction(QStringLiteral("0,0, 0,0, 1, H, S, 3, 3, 3")));
     QAnimationFrame* frame = air.frameAt(1);
     frame->setProperties(QSubItem(1, 2), QPoint(3, 4), 5, unsigned(flip), QAnimationFrameBlend(blend),
-                         QBlendTarget { qint16(source), qint16(destination) }, QPointF(scaleX, scaleY), angle);
+        QBlendTarget { qint16(source), qint16(destination) }, QPointF(scaleX, scaleY), angle);
     QCOMPARE(air.line(1), line);
     // The written line reads back as the same frame.
     QCOMPARE(animkit::describe(*air.model), animkit::describeFresh(air.text()));
 
     // The short form keeps scale and angle.
     frame->setProperties(QSubItem(9, 9), QPoint(3, 4), 5, unsigned(flip), QAnimationFrameBlend(blend),
-                         QBlendTarget { qint16(source), qint16(destination) });
+        QBlendTarget { qint16(source), qint16(destination) });
     QCOMPARE(frame->scaleX(), scaleX);
     QCOMPARE(frame->angle(), angle);
     QVERIFY(air.line(1).startsWith(QLatin1String("9,9, 3,4, 5")));
@@ -150,13 +169,14 @@ void TestAnimations::boxesAndDeclarations()
 
     // A fourth box: the count and every index follow.
     QVERIFY(frame->insertBox(cbtClsn2, QRect(QPoint(1, 1), QPoint(2, 2))));
-    QCOMPARE(air.text(), QStringLiteral("[Begin Action 0]\n"
-                                        "Clsn2: 4\n"
-                                        " Clsn2[0] = 10, 20, -10, 0\n"
-                                        "  Clsn2[1] = 1, 2, 3, 4\n"
-                                        "  Clsn2[2] = -5, -9, 5, -5\n"
-                                        "  Clsn2[3] = 1, 1, 2, 2\n"
-                                        "0,0, 0,0, 5\n"));
+    QCOMPARE(air.text(),
+        QStringLiteral("[Begin Action 0]\n"
+                       "Clsn2: 4\n"
+                       " Clsn2[0] = 10, 20, -10, 0\n"
+                       "  Clsn2[1] = 1, 2, 3, 4\n"
+                       "  Clsn2[2] = -5, -9, 5, -5\n"
+                       "  Clsn2[3] = 1, 1, 2, 2\n"
+                       "0,0, 0,0, 5\n"));
     air.model->checkErrors();
     QCOMPARE(air.model->messages()->count(), 0);
 
@@ -170,8 +190,9 @@ void TestAnimations::boxesAndDeclarations()
             element && element->groupType() == animationElement::declaration)
             declarations.append(air.line(line));
     }
-    QCOMPARE(declarations, (QStringList { QStringLiteral("Clsn1Default: 1"), QStringLiteral("Clsn2Default: 1"),
-                                          QStringLiteral("Clsn1: 1"), QStringLiteral("Clsn2: 4") }));
+    QCOMPARE(declarations,
+        (QStringList { QStringLiteral("Clsn1Default: 1"), QStringLiteral("Clsn2Default: 1"),
+            QStringLiteral("Clsn1: 1"), QStringLiteral("Clsn2: 4") }));
     QCOMPARE(frame->collisionBoxes(cbtClsn1Default)->at(0)->rect(), QRect(0, 0, 4, 4));
     QCOMPARE(frame->activeBoxes(false), frame->collisionBoxes(cbtClsn1));
 
@@ -183,7 +204,8 @@ void TestAnimations::boxesAndDeclarations()
     first->setRect(QRect(QPoint(5, 6), QPoint(7, 8)));
     QVERIFY(air.text().contains(QLatin1String("Clsn2: 4\n  Clsn2[0] = 5, 6, 7, 8\n")));
     first->remove(true);
-    QVERIFY(air.text().contains(QLatin1String("Clsn2: 3\n  Clsn2[0] = 1, 2, 3, 4\n  Clsn2[1] = -5, -9, 5, -5\n")));
+    QVERIFY(air.text().contains(
+        QLatin1String("Clsn2: 3\n  Clsn2[0] = 1, 2, 3, 4\n  Clsn2[1] = -5, -9, 5, -5\n")));
     frame->collisionBoxes(cbtClsn2)->clear();
     QVERIFY(!air.text().contains(QLatin1String("Clsn2: ")));
     QCOMPARE(frame->collisionBoxes(cbtClsn2), nullptr);
@@ -193,23 +215,23 @@ void TestAnimations::boxesAndDeclarations()
 
 void TestAnimations::linesBelongToTheRightFrame()
 {
-    Air air(QStringLiteral("[Begin Action 1]\n"        // 0
-                           "Clsn2Default: 1\n"         // 1
-                           " Clsn2[0] = 0,0,1,1\n"     // 2
-                           "LoopStart\n"               // 3
-                           "loopstart\n"               // 4: a second one has no frame
-                           "Interpolate Offset\n"      // 5
-                           "0,0, 0,0, 1\n"             // 6
-                           "Clsn2: 1\n"                // 7: replaced by the nearer one
-                           " Clsn2[0] = 0,0,2,2\n"     // 8
-                           "Clsn2: 1\n"                // 9
-                           " Clsn2[0] = 0,0,3,3\n"     // 10
-                           "Interpolate Angle\n"       // 11
-                           "0,0, 0,0, 2\n"             // 12
-                           "0,0, 0,0, 3\n"             // 13
-                           "Interpolate Scale\n"       // 14: below the last frame
-                           "[Other]\n"                 // 15: another group ends the action
-                           "0,0, 0,0, 4\n"));          // 16
+    Air air(QStringLiteral("[Begin Action 1]\n" // 0
+                           "Clsn2Default: 1\n" // 1
+                           " Clsn2[0] = 0,0,1,1\n" // 2
+                           "LoopStart\n" // 3
+                           "loopstart\n" // 4: a second one has no frame
+                           "Interpolate Offset\n" // 5
+                           "0,0, 0,0, 1\n" // 6
+                           "Clsn2: 1\n" // 7: replaced by the nearer one
+                           " Clsn2[0] = 0,0,2,2\n" // 8
+                           "Clsn2: 1\n" // 9
+                           " Clsn2[0] = 0,0,3,3\n" // 10
+                           "Interpolate Angle\n" // 11
+                           "0,0, 0,0, 2\n" // 12
+                           "0,0, 0,0, 3\n" // 13
+                           "Interpolate Scale\n" // 14: below the last frame
+                           "[Other]\n" // 15: another group ends the action
+                           "0,0, 0,0, 4\n")); // 16
     QAnimation* action = air.model->at(0);
     QCOMPARE(air.model->count(), 1);
     QCOMPARE(action->frameCount(), 3);
@@ -247,11 +269,11 @@ void TestAnimations::frameDeletionHandsOnItsBoxes()
                                         "Clsn2: 1\n"
                                         " Clsn2[0] = 0,0,1,1\n"
                                         "Interpolate Blend\n"
-                                        "0,0, 0,0, 1\n"     // 4: deleted
-                                        "0,0, 0,0, 2\n"     // 5: has nothing of its own
+                                        "0,0, 0,0, 1\n" // 4: deleted
+                                        "0,0, 0,0, 2\n" // 5: has nothing of its own
                                         "Clsn2: 1\n"
                                         " Clsn2[0] = 0,0,5,5\n"
-                                        "0,0, 0,0, 3\n");   // 8: has its own
+                                        "0,0, 0,0, 3\n"); // 8: has its own
     {
         Air air(text);
         QTextCursor cursor(air.editor->document());

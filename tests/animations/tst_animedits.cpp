@@ -18,15 +18,15 @@ using animkit::Air;
 
 namespace {
 
-const QString twoActions = QStringLiteral("; Stand\n"                 // 0
-                                          "[Begin Action 20]\n"       // 1
-                                          "Clsn2: 1\n"                // 2
-                                          " Clsn2[0] = -1,-2, 3,4\n"  // 3
-                                          "20,0, 0,0, 5\n"            // 4
-                                          "20,1, 0,0, 5\n"            // 5
-                                          "\n"                        // 6
-                                          "[Begin Action 0]\n"        // 7
-                                          "0,0, 0,0, -1\n");          // 8
+const QString twoActions = QStringLiteral("; Stand\n" // 0
+                                          "[Begin Action 20]\n" // 1
+                                          "Clsn2: 1\n" // 2
+                                          " Clsn2[0] = -1,-2, 3,4\n" // 3
+                                          "20,0, 0,0, 5\n" // 4
+                                          "20,1, 0,0, 5\n" // 5
+                                          "\n" // 6
+                                          "[Begin Action 0]\n" // 7
+                                          "0,0, 0,0, -1\n"); // 8
 
 QList<int> numbers(const QAnimations& model)
 {
@@ -106,7 +106,8 @@ void TestAnimations::actionsEditedThroughTheText()
         QCOMPARE(model.find(0, 20), 0); // the first of the two
         QCOMPARE(model.find(1, 20), 1);
         QCOMPARE(copy->nameText(), QStringLiteral("Stand"));
-        QCOMPARE(copy->frame(0)->collisionBoxes(cbtClsn2)->at(0)->rect(), QRect(QPoint(-1, -2), QPoint(3, 4)));
+        QCOMPARE(
+            copy->frame(0)->collisionBoxes(cbtClsn2)->at(0)->rect(), QRect(QPoint(-1, -2), QPoint(3, 4)));
     });
     undoSteps(air, "duplicate with a number", 1, [&] {
         QAnimation* copy = model.duplicate(1, 30);
@@ -209,10 +210,12 @@ void TestAnimations::framesEditedThroughTheText()
 
     // What copying a frame's boxes takes, and pasting them on another frame.
     QAnimationFrame* first = stand->frame(0);
-    QCOMPARE(first->selectBoxes().selectedText(), QStringLiteral("Clsn2: 1\u2029 Clsn2[0] = -1,-2, 3,4\u2029"));
+    QCOMPARE(
+        first->selectBoxes().selectedText(), QStringLiteral("Clsn2: 1\u2029 Clsn2[0] = -1,-2, 3,4\u2029"));
     QCOMPARE(stand->frame(1)->selectBoxes().selectedText(), QString());
-    const QString pasted = QStringLiteral("Clsn1: 2\n  Clsn1[0] = 1, 2, 3, 4\n Clsn1[1] = 5, 6\n\nClsn2Default: 1\n"
-                                          "  Clsn2[0] = -9, -9, 9, 9 ; comment\n");
+    const QString pasted
+        = QStringLiteral("Clsn1: 2\n  Clsn1[0] = 1, 2, 3, 4\n Clsn1[1] = 5, 6\n\nClsn2Default: 1\n"
+                         "  Clsn2[0] = -9, -9, 9, 9 ; comment\n");
     undoSteps(air, "insert boxes", 1, [&] {
         QAnimationFrame* second = stand->frame(1);
         second->insertBoxes(pasted);
@@ -270,7 +273,8 @@ void TestAnimations::dragIsOneUndoStep()
     QCOMPARE(box->rect(), QRect(19, 19, 5, 5));
     air.editor->document()->undo(); // the box drag
     QCOMPARE(air.text(), before);
-    QCOMPARE(air.model->at(0)->frame(0)->collisionBoxes(cbtClsn2)->at(0)->rect(), QRect(QPoint(-1, -2), QPoint(3, 4)));
+    QCOMPARE(air.model->at(0)->frame(0)->collisionBoxes(cbtClsn2)->at(0)->rect(),
+        QRect(QPoint(-1, -2), QPoint(3, 4)));
 }
 
 void TestAnimations::listModelFollowsTheText()
@@ -331,9 +335,10 @@ void TestAnimations::oneFrameEditTouchesOneLine()
     QString text;
     int actions = 0;
     while (text.count(QLatin1Char('\n')) < 10000) {
-        text += QStringLiteral("; Action %1\n[Begin Action %1]\nClsn2Default: 2\n  Clsn2[0] = -10,-80, 10,0\n"
-                               "  Clsn2[1] = -5,-90, 5,-80\n%1,0, 0,0, 4\nClsn1: 1\n  Clsn1[0] = 0,-60, 40,-50\n"
-                               "%1,1, 0,0, 4\nLoopStart\n%1,2, 0,0, 4, H\n\n")
+        text += QStringLiteral(
+            "; Action %1\n[Begin Action %1]\nClsn2Default: 2\n  Clsn2[0] = -10,-80, 10,0\n"
+            "  Clsn2[1] = -5,-90, 5,-80\n%1,0, 0,0, 4\nClsn1: 1\n  Clsn1[0] = 0,-60, 40,-50\n"
+            "%1,1, 0,0, 4\nLoopStart\n%1,2, 0,0, 4, H\n\n")
                     .arg(actions++);
     }
     Air air(text);
@@ -345,12 +350,15 @@ void TestAnimations::oneFrameEditTouchesOneLine()
     for (QTextBlock block = document->begin(); block.isValid(); block = block.next())
         before.append(block.text());
     QList<QList<int>> reports;
-    QObject::connect(document, &QTextDocument::contentsChange,
-                     [&reports](int position, int removed, int added) { reports.append({ position, removed, added }); });
+    QObject::connect(
+        document, &QTextDocument::contentsChange, [&reports](int position, int removed, int added) {
+            reports.append({ position, removed, added });
+        });
 
     QAnimationFrame* frame = air.model->at(actions / 2)->frame(1);
     const int line = frame->line();
-    frame->setProperties(frame->sprite(), frame->offset(), 7, frame->flipFlags(), frame->blend(), frame->blendTarget());
+    frame->setProperties(
+        frame->sprite(), frame->offset(), 7, frame->flipFlags(), frame->blend(), frame->blendTarget());
     QCOMPARE(document->blockCount(), before.size());
     QList<int> changedLines;
     for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
@@ -378,7 +386,7 @@ void TestAnimations::fileRulesAndQuestions()
     QCOMPARE(prompt.entries().first().kind, QStringLiteral("warning"));
     QCOMPARE(prompt.entries().first().title, QStringLiteral("Save AIR"));
     QCOMPARE(prompt.entries().first().text,
-             QStringLiteral("You can't save an empty AIR because M.U.G.E.N. will not open it."));
+        QStringLiteral("You can't save an empty AIR because M.U.G.E.N. will not open it."));
     QVERIFY(air.model->canDiscard()); // nothing modified: nobody is asked
     QCOMPARE(prompt.count(QStringLiteral("question")), 0);
 
@@ -390,7 +398,8 @@ void TestAnimations::fileRulesAndQuestions()
     QVERIFY(air.model->canDiscard());
     QCOMPARE(prompt.count(QStringLiteral("question")), 2);
     QCOMPARE(prompt.entries().last().title, QStringLiteral("Discard changes"));
-    QCOMPARE(prompt.entries().last().text, QStringLiteral("Do you really want to discard the changes made in the animations?"));
+    QCOMPARE(prompt.entries().last().text,
+        QStringLiteral("Do you really want to discard the changes made in the animations?"));
 
     int x = 3;
     int y = 4;

@@ -35,15 +35,25 @@ QString firstDifference(const QStringList& model, const QStringList& fresh)
     int at = 0;
     while (at < model.size() && at < fresh.size() && model.at(at) == fresh.at(at))
         ++at;
-    return QStringLiteral("entry %1: the model has \"%2\", a fresh read \"%3\"").arg(at).arg(model.value(at), fresh.value(at));
+    return QStringLiteral("entry %1: the model has \"%2\", a fresh read \"%3\"")
+        .arg(at)
+        .arg(model.value(at), fresh.value(at));
 }
 
 /// Lines of an AIR file typed or pasted by an author.
 const QStringList airLines = {
-    QStringLiteral("[Begin Action 77]\n"), QStringLiteral("Clsn2: 2\n"), QStringLiteral("Clsn1Default: 1\n"),
-    QStringLiteral(" Clsn2[0] = -5, -5, 5, 5\n"), QStringLiteral("clsn1[3]=1,2,3,4\n"), QStringLiteral("LoopStart\n"),
-    QStringLiteral("Interpolate Scale\n"), QStringLiteral("1,2, 3,4, 5, H, A\n"), QStringLiteral("0,0, 0,0, -1\n"),
-    QStringLiteral("; Name\n"), QStringLiteral("[Other]\n"), QStringLiteral("\n"),
+    QStringLiteral("[Begin Action 77]\n"),
+    QStringLiteral("Clsn2: 2\n"),
+    QStringLiteral("Clsn1Default: 1\n"),
+    QStringLiteral(" Clsn2[0] = -5, -5, 5, 5\n"),
+    QStringLiteral("clsn1[3]=1,2,3,4\n"),
+    QStringLiteral("LoopStart\n"),
+    QStringLiteral("Interpolate Scale\n"),
+    QStringLiteral("1,2, 3,4, 5, H, A\n"),
+    QStringLiteral("0,0, 0,0, -1\n"),
+    QStringLiteral("; Name\n"),
+    QStringLiteral("[Other]\n"),
+    QStringLiteral("\n"),
 };
 
 /// One random edit made through the model; returns its name.
@@ -76,18 +86,20 @@ QString modelEdit(QAnimations& model, RandomEdits& random)
         return QStringLiteral("set number");
     case 6:
         if (action)
-            random.bounded(2) ? action->addFrame() : action->insertFrame(unsigned(pick(action->frameCount() + 1)));
+            random.bounded(2) ? action->addFrame()
+                              : action->insertFrame(unsigned(pick(action->frameCount() + 1)));
         return QStringLiteral("add frame");
     case 7:
         if (frame)
-            frame->setProperties(QSubItem(random.bounded(50), random.bounded(5)), QPoint(random.bounded(9), 0),
-                                 random.bounded(12) - 1, unsigned(random.bounded(4)),
-                                 QAnimationFrameBlend(random.bounded(3)), QBlendTarget { 256, qint16(random.bounded(300)) },
-                                 QPointF(random.bounded(3), 1), random.bounded(2) * 45);
+            frame->setProperties(QSubItem(random.bounded(50), random.bounded(5)),
+                QPoint(random.bounded(9), 0), random.bounded(12) - 1, unsigned(random.bounded(4)),
+                QAnimationFrameBlend(random.bounded(3)), QBlendTarget { 256, qint16(random.bounded(300)) },
+                QPointF(random.bounded(3), 1), random.bounded(2) * 45);
         return QStringLiteral("frame values");
     case 8:
         if (frame)
-            frame->insertBox(type, QRect(random.bounded(20) - 10, -random.bounded(80), 1 + random.bounded(20), 10));
+            frame->insertBox(
+                type, QRect(random.bounded(20) - 10, -random.bounded(80), 1 + random.bounded(20), 10));
         return QStringLiteral("insert box");
     case 9:
         if (frame && frame->collisionBoxes(type) && frame->collisionBoxes(type)->count() > 0) {
@@ -100,7 +112,8 @@ QString modelEdit(QAnimations& model, RandomEdits& random)
         return QStringLiteral("box");
     case 10:
         if (frame)
-            frame->setInterElem(QInterFrameElementType(random.bounded(interFrameElementTypeCount)), random.bounded(2));
+            frame->setInterElem(
+                QInterFrameElementType(random.bounded(interFrameElementTypeCount)), random.bounded(2));
         return QStringLiteral("inter-frame line");
     case 11:
         if (frame)
@@ -112,7 +125,8 @@ QString modelEdit(QAnimations& model, RandomEdits& random)
         return QStringLiteral("set text");
     case 13:
         if (frame && action->frameCount() > 1)
-            frame->insertBoxes(action->frame(0)->selectBoxes().selectedText().replace(QChar::ParagraphSeparator, u'\n'));
+            frame->insertBoxes(
+                action->frame(0)->selectBoxes().selectedText().replace(QChar::ParagraphSeparator, u'\n'));
         return QStringLiteral("insert boxes");
     case 14:
         if (random.bounded(8) == 0)
@@ -158,10 +172,10 @@ void TestAnimations::realFilesLoadAndSaveUnchanged()
 void TestAnimations::randomEditsMatchFreshModel_data()
 {
     RandomEdits::addRows({
-        { "fanyer__mugen/data/fightfx.air", 1200 },
+        { "fanyer__mugen/data/fightfx.air", 1000 },
         { "ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/data/gofx/gofx.air", 800 },
         { "ikemen-engine__Ikemen_GO-Elecbyte-Screenpack/stages/attachedchar/interactivestage.air", 600 },
-        { "fanyer__mugen/chars/kfm/kfm.air", 250 },
+        { "fanyer__mugen/chars/kfm/kfm.air", 120 },
     });
 }
 
@@ -194,7 +208,8 @@ void TestAnimations::randomEditsMatchFreshModel()
             label = modelEdit(*air.model, random);
         } else if (roll < 12) {
             QTextCursor cursor(document);
-            cursor.setPosition(document->findBlockByNumber(random.bounded(document->blockCount())).position());
+            cursor.setPosition(
+                document->findBlockByNumber(random.bounded(document->blockCount())).position());
             const QString line = airLines.at(random.bounded(int(airLines.size())));
             cursor.insertText(line);
             label = QStringLiteral("type ") + line.trimmed();
@@ -227,7 +242,8 @@ void TestAnimations::randomEditsMatchFreshModel()
 void TestAnimations::badInputLoadsWhatItCan()
 {
     QTemporaryDir dir;
-    const QString good = QStringLiteral("[Begin Action 0]\nClsn2: 1\n Clsn2[0] = 0,0,1,1\n0,0, 0,0, 5\n0,1, 0,0, 5\n");
+    const QString good
+        = QStringLiteral("[Begin Action 0]\nClsn2: 1\n Clsn2[0] = 0,0,1,1\n0,0, 0,0, 5\n0,1, 0,0, 5\n");
     QByteArray binary;
     for (int i = 0; i < 4096; ++i)
         binary.append(char((i * 7919) % 256));
@@ -270,9 +286,10 @@ void TestAnimations::badInputLoadsWhatItCan()
 void TestAnimations::projectOpensAndSavesItsAir()
 {
     QTemporaryDir dir;
-    const QByteArray air = "; Stand\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10,-80, 10,0\n0,0, 0,0, 10\n";
+    const QByteArray air
+        = "; Stand\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10,-80, 10,0\n0,0, 0,0, 10\n";
     writeBytes(dir.filePath(QStringLiteral("hero.def")),
-               "[Info]\r\nname = \"Hero\"\r\n\r\n[Files]\r\nanim = Hero.AIR\r\n");
+        "[Info]\r\nname = \"Hero\"\r\n\r\n[Files]\r\nanim = Hero.AIR\r\n");
     writeBytes(dir.filePath(QStringLiteral("hero.air")), air);
 
     QProject project;
@@ -289,7 +306,8 @@ void TestAnimations::projectOpensAndSavesItsAir()
     animations->at(0)->frame(0)->setAngle(90);
     QVERIFY(project.save());
     QCOMPARE(animkit::readBytes(dir.filePath(QStringLiteral("hero.air"))),
-             QByteArray("; Stand\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10,-80, 10,0\n0,0, 0,0, 10, , , , , 90\n"));
+        QByteArray("; Stand\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10,-80, 10,0\n0,0, 0,0, 10, , , "
+                   ", , 90\n"));
     QVERIFY(!animations->isModified());
 
     // Save as asks for the AIR's new name; an empty AIR is never written.
@@ -310,32 +328,41 @@ void TestAnimations::cliPrintsActions()
 {
     QTemporaryDir dir;
     const QString fileName = dir.filePath(QStringLiteral("two.air"));
-    writeBytes(fileName, "; Stand\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10,-80, 10,0\nLoopStart\n"
-                         "Interpolate Angle\n0,0, 1,2, 10, H, AS10D20, 2, , 45\n\n[Begin Action 5]\n5,0, 0,0, -1\n");
+    writeBytes(fileName,
+        "; Stand\n[Begin Action 0]\nClsn2Default: 1\n Clsn2[0] = -10,-80, 10,0\nLoopStart\n"
+        "Interpolate Angle\n0,0, 1,2, 10, H, AS10D20, 2, , 45\n\n[Begin Action 5]\n5,0, 0,0, -1\n");
     const CliResult text = runCli({ QStringLiteral("air"), fileName });
     QCOMPARE(text.exitCode, 0);
     QCOMPARE(QString::fromUtf8(text.out),
-             fileName + QStringLiteral(": 2 actions, 2 frames, 1 boxes\n"
-                                       "action 0 \"Stand\"  line 2  frames 1  loopstart 0\n"
-                                       "  frame 0  line 7  sprite 0,0  offset 1,2  time 10  flip H  blend add(10,20)"
-                                       "  scale 2,1  angle 45  interpolate angle\n"
-                                       "    clsn2default 1: -10,-80,10,0\n"
-                                       "action 5  line 9  frames 1  loopstart 0\n"
-                                       "  frame 0  line 10  sprite 5,0  offset 0,0  time -1  flip -  blend none"
-                                       "  scale 1,1  angle 0\n"));
+        fileName
+            + QStringLiteral(": 2 actions, 2 frames, 1 boxes\n"
+                             "action 0 \"Stand\"  line 2  frames 1  loopstart 0\n"
+                             "  frame 0  line 7  sprite 0,0  offset 1,2  time 10  flip H  blend add(10,20)"
+                             "  scale 2,1  angle 45  interpolate angle\n"
+                             "    clsn2default 1: -10,-80,10,0\n"
+                             "action 5  line 9  frames 1  loopstart 0\n"
+                             "  frame 0  line 10  sprite 5,0  offset 0,0  time -1  flip -  blend none"
+                             "  scale 1,1  angle 0\n"));
 
-    const CliResult json = runCli({ QStringLiteral("--json"), QStringLiteral("air"), fileName, QStringLiteral("--action"),
-                                    QStringLiteral("0") });
+    const CliResult json = runCli({ QStringLiteral("--json"), QStringLiteral("air"), fileName,
+        QStringLiteral("--action"), QStringLiteral("0") });
     QCOMPARE(json.exitCode, 0);
     const QJsonArray actions = json.json().value(QStringLiteral("actions")).toArray();
     QCOMPARE(actions.size(), 1);
-    const QJsonObject frame = actions.at(0).toObject().value(QStringLiteral("frames")).toArray().at(0).toObject();
+    const QJsonObject frame
+        = actions.at(0).toObject().value(QStringLiteral("frames")).toArray().at(0).toObject();
     QCOMPARE(frame.value(QStringLiteral("flip")).toInt(), 2);
     QCOMPARE(frame.value(QStringLiteral("blend")).toObject().value(QStringLiteral("source")).toInt(), 10);
-    QCOMPARE(frame.value(QStringLiteral("boxes")).toObject().value(QStringLiteral("clsn2default")).toArray().size(), 1);
+    QCOMPARE(frame.value(QStringLiteral("boxes"))
+                 .toObject()
+                 .value(QStringLiteral("clsn2default"))
+                 .toArray()
+                 .size(),
+        1);
     QCOMPARE(json.json().value(QStringLiteral("boxCount")).toInt(), 1);
 
-    const CliResult missing = runCli({ QStringLiteral("air"), fileName, QStringLiteral("--action"), QStringLiteral("3") });
+    const CliResult missing
+        = runCli({ QStringLiteral("air"), fileName, QStringLiteral("--action"), QStringLiteral("3") });
     QCOMPARE(missing.exitCode, 1);
     QCOMPARE(missing.faultLines(), 1);
     QCOMPARE(runCli({ QStringLiteral("air"), dir.filePath(QStringLiteral("none.air")) }).exitCode, 1);
