@@ -2,9 +2,12 @@
 
 #include "formats/qrgbpalette.h"
 #include "managers/qconfigmanager.h"
+#include "qanimations.h"
 #include "qdefinitions.h"
 #include "qsprites.h"
+#include "syntax/qsyntaxtexteditor.h"
 #include "text/qcommonelements.h"
+#include "util/qengineversion.h"
 #include "util/qpathresolver.h"
 
 #include <QDateTime>
@@ -54,6 +57,7 @@ void QProject::init()
     done = true;
     // The models' own element kinds come before the common ones, which would claim their lines.
     QDefinitions::init();
+    QAnimations::init();
     initCommonElements();
     QSprites::init();
 }
@@ -85,10 +89,17 @@ QProject::QProject(QStreamCacheType cacheType, bool compression, QObject* parent
     // Long work the sprites do (caching textures when the kind of project changes) shows as the project's.
     connect(m_sprites, &QSprites::progress, this, &QProject::progress);
     connect(m_sprites, &QSprites::charPalette, this, &QProject::giveCharacterPalette, Qt::DirectConnection);
+    m_animationText = new QSyntaxTextEditor(this, pftAnimations, true, engineVersion::v1_1, true);
+    // An AIR saved unchanged stays byte for byte what it was, line ends included.
+    m_animationText->setKeepLineEnds(true);
+    m_animations = new QAnimations(this, m_animationText);
 }
 
 QProject::~QProject()
 {
+    m_animations->setTextEditor(nullptr);
+    delete m_animations;
+    delete m_animationText;
     delete m_definitions;
     delete m_sprites;
     qDeleteAll(m_states);
@@ -101,7 +112,7 @@ QProjectType QProject::type() const
 
 bool QProject::isEmpty() const
 {
-    return m_definitions->isEmpty() && m_sprites->isEmpty() && m_states.isEmpty();
+    return m_definitions->isEmpty() && m_sprites->isEmpty() && m_animations->isEmpty() && m_states.isEmpty();
 }
 
 bool QProject::canDiscard() const
@@ -110,7 +121,7 @@ bool QProject::canDiscard() const
     bool discard = true;
     for (QSyntaxTextEditor* states : m_states)
         discard = states->canDiscard() && discard;
-    return discard && m_definitions->canDiscard() && m_sprites->canDiscard();
+    return discard && m_definitions->canDiscard() && m_sprites->canDiscard() && m_animations->canDiscard();
 }
 
 QSyntaxTextEditor* QProject::newStates()
@@ -197,7 +208,20 @@ bool QProject::open(const QString& fileName, unsigned int codec, bool backup, bo
     if (!allow)
         return false;
 
-    // Animations, sounds and commands join here as their models do.
+    // Only a character has an AIR of its own; the other kinds keep their animations in the DEF.
+    if (type() == ptCharacter) {
+        const QResolvedPath animations = resolvePath(files.baseDir, files.animations);
+        if (animations.exists) {
+            if (!backupDir.isEmpty())
+                backupCopy(animations.path, backupDir + files.animations);
+            m_animations->fromFile(animations.path, codec, keepNames);
+        }
+        emit progress(++position, maximum, allow);
+        if (!allow)
+            return false;
+    }
+
+    // Sounds and commands join here as their models do.
 
     int index = 0;
     for (const QString& name : files.states) {
@@ -273,6 +297,27 @@ bool QProject::saveSpritesAs()
     return m_sprites->toFile(fileName, version, false);
 }
 
+bool QProject::saveAnimations(bool onlyModified)
+{
+    if (!QFileInfo(m_animationText->fileName()).isFile())
+        return m_animations->isEmpty() || saveAnimationsAs(false);
+    if (onlyModified && !m_animations->isModified())
+        return true;
+    if (!m_animations->canSave(m_definitions->version()))
+        return true;
+    return m_animations->toFile(m_animationText->fileName(), false, false);
+}
+
+bool QProject::saveAnimationsAs(bool unicode)
+{
+    if (m_animations->isEmpty() || !m_animations->canSave(0))
+        return false;
+    const QString fileName = emit saveFileName(pftAnimations, m_paths.value(QStringLiteral("proj_path")));
+    if (fileName.isEmpty())
+        return false;
+    return m_animations->toFile(fileName, unicode, false);
+}
+
 bool QProject::saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned int index, bool onlyModified)
 {
     if (!QFileInfo(text->fileName()).isFile())
@@ -295,6 +340,8 @@ bool QProject::save()
     emit progress(1, maximum, allow);
     if (type() != ptCharacter)
         return saved;
+    saved = saveAnimations(onlyModified) && saved;
+    emit progress(2, maximum, allow);
     for (int i = 0; i < statesCount(); ++i) {
         saved = saveText(m_states.at(i), pftStates, unsigned(i), onlyModified) && saved;
         emit progress(uint(i) + fixedSaveSteps, maximum, allow);
@@ -313,6 +360,8 @@ bool QProject::saveAs(const QString& fileName, bool unicode)
     emit progress(1, maximum, allow);
     if (type() != ptCharacter)
         return saved;
+    saved = (m_animations->isEmpty() || saveAnimationsAs(unicode)) && saved;
+    emit progress(2, maximum, allow);
     for (int i = 0; i < statesCount(); ++i) {
         saved = saveAs(pftStates, unicode, unsigned(i)) && saved;
         emit progress(uint(i) + fixedSaveSteps, maximum, allow);
@@ -325,6 +374,8 @@ bool QProject::saveAs(QProjectFileType file, bool unicode, unsigned int index)
 {
     if (file == pftSprites)
         return saveSpritesAs();
+    if (file == pftAnimations)
+        return saveAnimationsAs(unicode);
     QSyntaxTextEditor* text = file == pftDefinitions ? m_definitions
                               : file == pftStates    ? states(int(index))
                                                      : nullptr;

@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QString>
 
+class QAnimations;
 class QDefinitions;
 class QSprites;
 class QSyntaxTextEditor;
@@ -46,6 +47,9 @@ public:
 
     QDefinitions* definitions() const { return m_definitions; }
     QSprites* sprites() const { return m_sprites; }
+    /// The animations of a character, on the text of its AIR file (animationText()).
+    QAnimations* animations() const { return m_animations; }
+    QSyntaxTextEditor* animationText() const { return m_animationText; }
     int statesCount() const { return int(m_states.size()); }
     QSyntaxTextEditor* states(int index) const { return m_states.value(index); }
     QProjectType type() const;
@@ -97,6 +101,9 @@ private:
     /// Writes the sprites to their own name, or asks for one when they have none on disk.
     bool saveSprites(bool onlyModified);
     bool saveSpritesAs();
+    /// Writes the AIR to its own name, or asks for one when it has none on disk.
+    bool saveAnimations(bool onlyModified);
+    bool saveAnimationsAs(bool unicode);
     /// Writes a text file to its own name, or asks for one when it has none on disk.
     bool saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned int index, bool onlyModified);
     void renumberStates();
@@ -105,5 +112,7 @@ private:
     QMessageList m_messages;
     QDefinitions* m_definitions;
     QSprites* m_sprites;
+    QSyntaxTextEditor* m_animationText;
+    QAnimations* m_animations;
     QList<QSyntaxTextEditor*> m_states;
 };

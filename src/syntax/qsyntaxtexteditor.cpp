@@ -94,6 +94,8 @@ bool QSyntaxTextEditor::fromFile(const QString& fileName, unsigned int codec, bo
     QString text = stringFromData(data, int(codec), &used);
     m_codec = used;
     m_byteOrderMark = isUtf8(used) && data.startsWith(utf8Mark);
+    const qsizetype lineFeed = text.indexOf(QLatin1Char('\n'));
+    m_lineFeedEnds = lineFeed == 0 || (lineFeed > 0 && text.at(lineFeed - 1) != QLatin1Char('\r'));
     // The mark is the file's business, not the text's: it would hide the first line's header.
     if (text.startsWith(QChar(QChar::ByteOrderMark)))
         text.remove(0, 1);
@@ -147,6 +149,7 @@ void QSyntaxTextEditor::clear()
     setFileName(QString());
     m_codec = 0;
     m_byteOrderMark = false;
+    m_lineFeedEnds = false;
     messages()->clear();
     document()->setModified(false);
     updateHierarchy();
@@ -292,11 +295,12 @@ void QSyntaxTextEditor::docChanged()
 
 QString QSyntaxTextEditor::textWithCrlf() const
 {
+    const QString lineEnd = m_keepLineEnds && m_lineFeedEnds ? QStringLiteral("\n") : QStringLiteral("\r\n");
     QString text;
     text.reserve(document()->characterCount() + document()->blockCount());
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         if (block != document()->begin())
-            text += QStringLiteral("\r\n");
+            text += lineEnd;
         text += block.text();
     }
     return text;

@@ -83,6 +83,12 @@ public:
     int codec() const { return m_codec; }
     /// Whether the file starts with a UTF-8 byte-order mark, kept on saving.
     bool hasByteOrderMark() const { return m_byteOrderMark; }
+    /// Whether the file read last ended its lines with a bare line feed.
+    bool hasLineFeedEnds() const { return m_lineFeedEnds; }
+    /// With `keep`, a file read with bare line feeds is written with them,
+    /// so that saving it unchanged gives the same bytes; else (the default)
+    /// every file is written with CRLF.
+    void setKeepLineEnds(bool keep) { m_keepLineEnds = keep; }
     /// True while the document writes its own file: a watcher of the file ignores the change.
     bool isSaving() const { return m_saving; }
 
@@ -132,7 +138,8 @@ private slots:
 
 private:
     void setFileName(const QString& fileName);
-    /// The text with CRLF line ends, read line by line so that no character is converted.
+    /// The text with the line ends to write (CRLF unless kept as read), read
+    /// line by line so that no character is converted.
     QString textWithCrlf() const;
 
     std::unique_ptr<QSyntaxProcessor> m_processor;
@@ -141,6 +148,8 @@ private:
     QTimer m_hierarchyTimer;
     int m_codec = 0;
     bool m_byteOrderMark = false;
+    bool m_lineFeedEnds = false;
+    bool m_keepLineEnds = false;
     unsigned int m_syntaxVersion;
     bool m_enableErrors;
     bool m_saving = false;
