@@ -46,7 +46,6 @@ void QAnimationPlayer::begin(QAnimation* animation, int position)
 {
     m_animation = animation;
     m_position = qMax(0, position);
-    m_next = nextFrame(-1);
     m_loopStart = -1;
     m_t = 0;
     m_carry = 0.0f;
@@ -60,14 +59,15 @@ void QAnimationPlayer::tick()
 {
     const QAnimationFrame* frame = current();
     if (!frame || m_t != frame->time()) {
-        if (frame && m_next)
-            interpolate(*m_next);
+        // Looked up each tick rather than kept: the author may edit the
+        // animation while it plays, since events run between ticks.
+        if (const QAnimationFrame* next = nextFrame(m_loopStart); frame && next)
+            interpolate(*next);
         ++m_t;
         return;
     }
     const bool last = m_position + 1 >= m_animation->frameCount();
     setPosition(last ? m_loopStart : m_position + 1);
-    m_next = nextFrame(m_loopStart);
     if (const QAnimationFrame* now = current(); now && now->checkInterElem(ifeLoopStart))
         m_loopStart = m_position;
     m_t = 1;

@@ -70,7 +70,6 @@ private:
     QSprRender* m_view;
     QPlaybackClock* m_clock;
     QAnimation* m_animation = nullptr;
-    QAnimationFrame* m_next = nullptr;
     bool m_playing = false;
     int m_position = 0;
     int m_loopStart = -1;
