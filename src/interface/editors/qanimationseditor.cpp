@@ -62,7 +62,16 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     m_frames->verticalHeader()->setDefaultSectionSize(m_frames->fontMetrics().height() + 6);
     m_frames->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     connect(m_frames->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &QAnimationsEditor::showFrame);
-    connect(m_model, &QAbstractItemModel::modelReset, this, &QAnimationsEditor::showFrame);
+    // The table is read again after each change of the text; the author stays on the frame.
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this,
+            [this] { m_frameRow = m_frames->currentIndex().row(); });
+    connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
+        if (m_frameRow >= 0 && m_model->rowCount() > 0) {
+            const QSignalBlocker blocker(m_frames->selectionModel());
+            m_frames->setCurrentIndex(m_model->index(qMin(m_frameRow, m_model->rowCount() - 1), 0));
+        }
+        showFrame();
+    });
     connect(m_view, &QAnimSpriteWorkspace::frameChanged, this, [this](int position) {
         const QSignalBlocker blocker(m_frames->selectionModel());
         m_frames->setCurrentIndex(m_model->index(position, 0));
@@ -105,9 +114,9 @@ QAnimationsEditor::~QAnimationsEditor()
 
 void QAnimationsEditor::buildToolBar()
 {
-    auto add = [this](const QString& name, const QString& text, const QString& icon, const QKeySequence& keys,
+    auto add = [this](const QString& name, const QString& text, const QKeySequence& keys,
                       void (QAnimationsEditor::*slot)()) {
-        QAction* action = m_toolBar->addAction(QIcon::fromTheme(icon), text, this, slot);
+        QAction* action = m_toolBar->addAction(text, this, slot);
         action->setObjectName(name);
         action->setShortcut(keys);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
@@ -115,23 +124,23 @@ void QAnimationsEditor::buildToolBar()
         view()->addAction(action);
         return action;
     };
-    add(QStringLiteral("anim_new"), tr("New action"), QStringLiteral("document-new"),
+    add(QStringLiteral("anim_new"), tr("New action"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), &QAnimationsEditor::newAction);
-    add(QStringLiteral("anim_duplicate"), tr("Duplicate"), QStringLiteral("edit-copy"),
+    add(QStringLiteral("anim_duplicate"), tr("Duplicate"),
         QKeySequence(Qt::CTRL | Qt::Key_D), &QAnimationsEditor::duplicateAction);
-    add(QStringLiteral("anim_delete"), tr("Delete action"), QStringLiteral("edit-delete"),
+    add(QStringLiteral("anim_delete"), tr("Delete action"),
         QKeySequence(Qt::CTRL | Qt::Key_Delete), &QAnimationsEditor::removeAction);
     m_toolBar->addSeparator();
-    add(QStringLiteral("anim_add_frame"), tr("Add frame"), QStringLiteral("list-add"), QKeySequence(Qt::Key_Insert),
+    add(QStringLiteral("anim_add_frame"), tr("Add frame"), QKeySequence(Qt::Key_Insert),
         &QAnimationsEditor::addFrame);
-    add(QStringLiteral("anim_delete_frame"), tr("Delete frame"), QStringLiteral("list-remove"),
+    add(QStringLiteral("anim_delete_frame"), tr("Delete frame"),
         QKeySequence(Qt::SHIFT | Qt::Key_Delete), &QAnimationsEditor::removeFrame);
-    add(QStringLiteral("anim_boxes_to_all"), tr("Boxes to all frames"), QStringLiteral("edit-select-all"),
+    add(QStringLiteral("anim_boxes_to_all"), tr("Boxes to all frames"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), &QAnimationsEditor::copyBoxesToAll);
     m_toolBar->addSeparator();
-    add(QStringLiteral("anim_play"), tr("Play"), QStringLiteral("media-playback-start"), QKeySequence(Qt::Key_F5),
+    add(QStringLiteral("anim_play"), tr("Play"), QKeySequence(Qt::Key_F5),
         &QAnimationsEditor::play);
-    add(QStringLiteral("anim_stop"), tr("Stop"), QStringLiteral("media-playback-stop"), QKeySequence(Qt::Key_F6),
+    add(QStringLiteral("anim_stop"), tr("Stop"), QKeySequence(Qt::Key_F6),
         &QAnimationsEditor::stop);
 }
 
@@ -211,6 +220,7 @@ void QAnimationsEditor::setCurrentAction(int position)
 void QAnimationsEditor::actionChanged()
 {
     const int position = currentAction();
+    m_frameRow = -1;
     m_model->setAction(position);
     if (position >= 0 && m_project)
         m_project->animations()->setCurrentIndex(uint(position));
@@ -299,21 +309,27 @@ void QAnimationsEditor::removeFrame()
 void QAnimationsEditor::copyBoxesToAll()
 {
     QAnimation* action = m_model->action();
-    const QAnimationFrame* source = action ? action->frame(m_frames->currentIndex().row()) : nullptr;
+    const int sourceRow = m_frames->currentIndex().row();
+    const QAnimationFrame* source = action ? action->frame(sourceRow) : nullptr;
     if (!source)
         return;
+    // The rectangles are taken first: each box written re-reads the text, and the frames with it.
+    QList<QRect> rects[2];
+    for (QCollisionBoxType type : { cbtClsn1, cbtClsn2 })
+        if (const QCollisionBoxes* boxes = source->collisionBoxes(type))
+            for (const QCollisionBox* box : boxes->boxes())
+                rects[type].append(box->rect());
     QAnimationEdit edit(m_project->animationText());
-    for (QAnimationFrame* target : action->frames()) {
-        if (target == source)
+    for (int row = 0; row < action->frameCount(); ++row) {
+        if (row == sourceRow)
             continue;
         for (QCollisionBoxType type : { cbtClsn1, cbtClsn2 }) {
-            const QCollisionBoxes* boxes = source->collisionBoxes(type);
-            if (!boxes)
+            if (rects[type].isEmpty())
                 continue;
-            if (QCollisionBoxes* old = target->collisionBoxes(type))
+            if (QCollisionBoxes* old = action->frame(row)->collisionBoxes(type))
                 old->clear();
-            for (const QCollisionBox* box : boxes->boxes())
-                target->insertBox(type, box->rect());
+            for (const QRect& rect : rects[type])
+                action->frame(row)->insertBox(type, rect);
         }
     }
 }

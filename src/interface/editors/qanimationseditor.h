@@ -78,4 +78,6 @@ private:
     QListView* m_list;
     QTableView* m_frames;
     QVBoxLayout* m_viewSlot;
+    /// The frame row kept across a reread of the table.
+    int m_frameRow = -1;
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QPointer>
 
 class QAnimation;
 class QAnimations;
@@ -34,6 +33,6 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    QPointer<QAnimations> m_animations;
+    QAnimations* m_animations = nullptr;
     int m_action = -1;
 };

@@ -173,27 +173,27 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
 
 void QSpritesEditor::buildToolBar()
 {
-    auto add = [this](const QString& name, const QString& text, const QString& icon, const QKeySequence& keys,
+    auto add = [this](const QString& name, const QString& text, const QKeySequence& keys,
                       void (QSpritesEditor::*slot)()) {
-        QAction* action = m_toolBar->addAction(QIcon::fromTheme(icon), text, this, slot);
+        QAction* action = m_toolBar->addAction(text, this, slot);
         action->setObjectName(name);
         action->setShortcut(keys);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         action->setToolTip(keys.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
         view()->addAction(action);
     };
-    add(QStringLiteral("sprites_add"), tr("Add pictures..."), QStringLiteral("list-add"), QKeySequence(Qt::Key_Insert),
+    add(QStringLiteral("sprites_add"), tr("Add pictures..."), QKeySequence(Qt::Key_Insert),
         &QSpritesEditor::addImages);
-    add(QStringLiteral("sprites_add_series"), tr("Add numbered series..."), QStringLiteral("document-import"),
+    add(QStringLiteral("sprites_add_series"), tr("Add numbered series..."),
         QKeySequence(Qt::SHIFT | Qt::Key_Insert), &QSpritesEditor::addSeries);
-    add(QStringLiteral("sprites_duplicate"), tr("Duplicate"), QStringLiteral("edit-copy"),
+    add(QStringLiteral("sprites_duplicate"), tr("Duplicate"),
         QKeySequence(Qt::CTRL | Qt::Key_D), &QSpritesEditor::duplicateSelection);
-    add(QStringLiteral("sprites_delete"), tr("Delete"), QStringLiteral("edit-delete"), QKeySequence(Qt::Key_Delete),
+    add(QStringLiteral("sprites_delete"), tr("Delete"), QKeySequence(Qt::Key_Delete),
         &QSpritesEditor::removeSelection);
     m_toolBar->addSeparator();
-    add(QStringLiteral("sprites_crop"), tr("Crop borders"), QStringLiteral("transform-crop"),
+    add(QStringLiteral("sprites_crop"), tr("Crop borders"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), &QSpritesEditor::cropSelection);
-    add(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom centre"), QStringLiteral("go-bottom"),
+    add(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom centre"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QSpritesEditor::axisToBottomCentre);
     m_toolBar->addSeparator();
     m_toolBar->addWidget(m_goto);

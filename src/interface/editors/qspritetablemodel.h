@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <QPointer>
 
 class QSprites;
 
@@ -34,5 +33,5 @@ public:
 private:
     void sourceChanged(const QModelIndex& first, const QModelIndex& last);
 
-    QPointer<QSprites> m_sprites;
+    QSprites* m_sprites = nullptr;
 };
