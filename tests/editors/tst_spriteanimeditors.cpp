@@ -314,6 +314,35 @@ private slots:
         QCOMPARE(bytes(m_work.filePath(QStringLiteral("undone.sff"))), bytes(baseSff));
         QCOMPARE(bytes(m_work.filePath(QStringLiteral("undone.air"))), bytes(baseAir));
     }
+
+    /// With PF_SHOTS_DIR set (run under Xvfb), pictures of both editors on kfm for review.
+    void picturesForReview()
+    {
+        const QString shots = qEnvironmentVariable("PF_SHOTS_DIR");
+        if (shots.isEmpty())
+            QSKIP("PF_SHOTS_DIR names no folder for pictures");
+        PF_REQUIRE_REALDATA();
+        QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
+        intf->switchEditor(ieSprites);
+        auto* spritesEditor = static_cast<QSpritesEditor*>(intf->editor(ieSprites));
+        QVERIFY(spritesEditor->goTo(QStringLiteral("200,1")));
+        QTest::qWait(200);
+        QVERIFY(m_window->grab().save(shots + QStringLiteral("/sprites.png")));
+
+        intf->switchEditor(ieAnimations);
+        auto* animEditor = static_cast<QAnimationsEditor*>(intf->editor(ieAnimations));
+        QProject* project = intf->currentProject();
+        animEditor->setCurrentAction(project->animations()->find(0, 200));
+        auto* view = m_window->findChild<QRenderWidget*>();
+        FakeClock clock;
+        QAnimationPlayer player(static_cast<QSprRender*>(view->renderer()), &clock);
+        player.begin(project->animations()->at(animEditor->currentAction()), 0);
+        for (int tick = 0; tick < 6; ++tick)
+            player.tick();
+        view->repaint();
+        QTest::qWait(200);
+        QVERIFY(m_window->grab().save(shots + QStringLiteral("/animations.png")));
+    }
 };
 
 QTEST_MAIN(TestSpriteAnimEditors)

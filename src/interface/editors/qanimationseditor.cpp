@@ -92,6 +92,9 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     right->addWidget(m_frames);
     right->setStretchFactor(0, 3);
     right->setStretchFactor(1, 1);
+    // The view arrives only when the editor is first shown: its place is held open.
+    viewHost->setMinimumHeight(240);
+    right->setSizes({ 520, 180 });
 
     auto* splitter = new QSplitter(page);
     splitter->addWidget(left);

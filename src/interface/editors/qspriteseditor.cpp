@@ -74,7 +74,7 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     , m_view(view)
     , m_model(new QSpriteTableModel(this))
     , m_toolBar(new QToolBar(this->view()))
-    , m_goto(new QLineEdit(this->view()))
+    , m_goto(new QLineEdit)
     , m_table(new QTableView)
     , m_viewSlot(new QVBoxLayout)
     , m_status(new QLabel)
@@ -84,9 +84,8 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     m_toolBar->setObjectName(QStringLiteral("spritesToolBar"));
     m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_goto->setObjectName(QStringLiteral("spritesGoTo"));
-    m_goto->setPlaceholderText(tr("Go to group,index"));
+    m_goto->setPlaceholderText(tr("Go to group,index (Enter)"));
     m_goto->setClearButtonEnabled(true);
-    m_goto->setMaximumWidth(180);
     connect(m_goto, &QLineEdit::returnPressed, this, [this] {
         if (!goTo(m_goto->text()))
             m_status->setText(tr("No sprite %1.").arg(m_goto->text()));
@@ -148,8 +147,14 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     rightLayout->addLayout(m_viewSlot, 1);
     rightLayout->addLayout(properties);
 
+    auto* left = new QWidget;
+    auto* leftLayout = new QVBoxLayout(left);
+    leftLayout->setContentsMargins(0, 0, 0, 0);
+    leftLayout->setSpacing(2);
+    leftLayout->addWidget(m_goto);
+    leftLayout->addWidget(m_table, 1);
     auto* splitter = new QSplitter(page);
-    splitter->addWidget(m_table);
+    splitter->addWidget(left);
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({ 400, 800 });
@@ -182,21 +187,19 @@ void QSpritesEditor::buildToolBar()
         action->setToolTip(keys.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
         view()->addAction(action);
     };
-    add(QStringLiteral("sprites_add"), tr("Add pictures..."), QKeySequence(Qt::Key_Insert),
+    add(QStringLiteral("sprites_add"), tr("Add..."), QKeySequence(Qt::Key_Insert),
         &QSpritesEditor::addImages);
-    add(QStringLiteral("sprites_add_series"), tr("Add numbered series..."),
+    add(QStringLiteral("sprites_add_series"), tr("Add series..."),
         QKeySequence(Qt::SHIFT | Qt::Key_Insert), &QSpritesEditor::addSeries);
     add(QStringLiteral("sprites_duplicate"), tr("Duplicate"),
         QKeySequence(Qt::CTRL | Qt::Key_D), &QSpritesEditor::duplicateSelection);
     add(QStringLiteral("sprites_delete"), tr("Delete"), QKeySequence(Qt::Key_Delete),
         &QSpritesEditor::removeSelection);
     m_toolBar->addSeparator();
-    add(QStringLiteral("sprites_crop"), tr("Crop borders"),
+    add(QStringLiteral("sprites_crop"), tr("Crop"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), &QSpritesEditor::cropSelection);
-    add(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom centre"),
+    add(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QSpritesEditor::axisToBottomCentre);
-    m_toolBar->addSeparator();
-    m_toolBar->addWidget(m_goto);
 }
 
 void QSpritesEditor::initialized(QToolBarItems* items, QWidget* leftPage)
