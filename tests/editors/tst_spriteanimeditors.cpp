@@ -27,6 +27,7 @@
 #include "render/qplaybackclock.h"
 #include "render/qsprrender.h"
 #include "syntax/qsyntaxtexteditor.h"
+#include "qfakeplaybackclock.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 
@@ -41,22 +42,6 @@
 
 namespace {
 
-/// Time that passes only when the player sleeps.
-class FakeClock : public QPlaybackClock
-{
-public:
-    qint64 now = 0;
-    qint64 mark = 0;
-    void start() override { mark = now; }
-    qint64 elapsed() const override { return now - mark; }
-    qint64 restart() override
-    {
-        const qint64 e = now - mark;
-        mark = now;
-        return e;
-    }
-    void sleep(int milliseconds) override { now += milliseconds; }
-};
 
 void mouse(QWidget* widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons)
 {
@@ -274,7 +259,7 @@ private slots:
         }
 
         // Thirty ticks of playback: each frame shows for its five ticks, then the action starts over.
-        FakeClock clock;
+        QFakePlaybackClock clock;
         QAnimationPlayer player(renderer, &clock);
         player.begin(action, 0);
         for (int pass = 1; pass <= 30; ++pass) {
@@ -356,7 +341,7 @@ private slots:
         QProject* project = intf->currentProject();
         animEditor->setCurrentAction(project->animations()->find(0, 200));
         auto* view = m_window->findChild<QRenderWidget*>();
-        FakeClock clock;
+        QFakePlaybackClock clock;
         QAnimationPlayer player(static_cast<QSprRender*>(view->renderer()), &clock);
         player.begin(project->animations()->at(animEditor->currentAction()), 0);
         for (int tick = 0; tick < 6; ++tick)

@@ -8,6 +8,7 @@
 #include "model/qanimations.h"
 #include "model/qcollisionbox.h"
 #include "model/qcollisionboxes.h"
+#include "qeditorpage.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
 #include "model/qsprites.h"
@@ -40,7 +41,6 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     QWidget* page = this->view();
     page->setObjectName(QStringLiteral("animationsView"));
     m_toolBar->setObjectName(QStringLiteral("animationsToolBar"));
-    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
 
     m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
     m_search->setObjectName(QStringLiteral("actionsSearch"));
@@ -77,13 +77,6 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
         m_frames->setCurrentIndex(m_model->index(position, 0));
     });
 
-    auto* left = new QWidget;
-    auto* leftLayout = new QVBoxLayout(left);
-    leftLayout->setContentsMargins(0, 0, 0, 0);
-    leftLayout->setSpacing(2);
-    leftLayout->addWidget(m_search);
-    leftLayout->addWidget(m_list, 1);
-
     auto* viewHost = new QWidget;
     viewHost->setLayout(m_viewSlot);
     m_viewSlot->setContentsMargins(0, 0, 0, 0);
@@ -96,17 +89,7 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     viewHost->setMinimumHeight(240);
     right->setSizes({ 520, 180 });
 
-    auto* splitter = new QSplitter(page);
-    splitter->addWidget(left);
-    splitter->addWidget(right);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({ 240, 900 });
-
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_toolBar);
-    layout->addWidget(splitter, 1);
+    QEditorPage::layOut(page, m_toolBar, m_search, m_list, right, 240);
     buildToolBar();
 }
 
@@ -119,13 +102,7 @@ void QAnimationsEditor::buildToolBar()
 {
     auto add = [this](const QString& name, const QString& text, const QKeySequence& keys,
                       void (QAnimationsEditor::*slot)()) {
-        QAction* action = m_toolBar->addAction(text, this, slot);
-        action->setObjectName(name);
-        action->setShortcut(keys);
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
-        view()->addAction(action);
-        return action;
+        connect(QEditorPage::addAction(view(), m_toolBar, name, text, keys), &QAction::triggered, this, slot);
     };
     add(QStringLiteral("anim_new"), tr("New action"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), &QAnimationsEditor::newAction);

@@ -2,6 +2,7 @@
 
 #include "qspritefileimport.h"
 #include "qspritetablemodel.h"
+#include "qeditorpage.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
 #include "model/qsprites.h"
@@ -82,7 +83,6 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     QWidget* page = this->view();
     page->setObjectName(QStringLiteral("spritesView"));
     m_toolBar->setObjectName(QStringLiteral("spritesToolBar"));
-    m_toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_goto->setObjectName(QStringLiteral("spritesGoTo"));
     m_goto->setPlaceholderText(tr("Go to group,index (Enter)"));
     m_goto->setClearButtonEnabled(true);
@@ -147,23 +147,7 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     rightLayout->addLayout(m_viewSlot, 1);
     rightLayout->addLayout(properties);
 
-    auto* left = new QWidget;
-    auto* leftLayout = new QVBoxLayout(left);
-    leftLayout->setContentsMargins(0, 0, 0, 0);
-    leftLayout->setSpacing(2);
-    leftLayout->addWidget(m_goto);
-    leftLayout->addWidget(m_table, 1);
-    auto* splitter = new QSplitter(page);
-    splitter->addWidget(left);
-    splitter->addWidget(right);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({ 400, 800 });
-
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_toolBar);
-    layout->addWidget(splitter, 1);
+    QEditorPage::layOut(page, m_toolBar, m_goto, m_table, right, 400);
     buildToolBar();
 
     connect(m_view->renderer(), &QSprRender::axisChanged, this, [this](const QPoint& axis) {
@@ -180,12 +164,7 @@ void QSpritesEditor::buildToolBar()
 {
     auto add = [this](const QString& name, const QString& text, const QKeySequence& keys,
                       void (QSpritesEditor::*slot)()) {
-        QAction* action = m_toolBar->addAction(text, this, slot);
-        action->setObjectName(name);
-        action->setShortcut(keys);
-        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        action->setToolTip(keys.isEmpty() ? text : QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
-        view()->addAction(action);
+        connect(QEditorPage::addAction(view(), m_toolBar, name, text, keys), &QAction::triggered, this, slot);
     };
     add(QStringLiteral("sprites_add"), tr("Add..."), QKeySequence(Qt::Key_Insert),
         &QSpritesEditor::addImages);
