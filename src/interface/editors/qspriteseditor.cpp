@@ -320,64 +320,54 @@ void QSpritesEditor::addSeries()
         addFiles(files, group, index, step);
 }
 
+int QSpritesEditor::editSelection(const QString& name, const std::function<void(QSprite*)>& edit)
+{
+    // Sprites rather than rows: deleting and duplicating move the rows that follow.
+    QList<QSprite*> selected;
+    const QList<int> rows = selectedRows();
+    for (int i = rows.size() - 1; i >= 0; --i)
+        selected.append(sprites()->at(rows.at(i)));
+    if (selected.isEmpty())
+        return 0;
+    sprites()->beginMacro(name);
+    for (QSprite* sprite : selected)
+        edit(sprite);
+    sprites()->endMacro();
+    return selected.size();
+}
+
 void QSpritesEditor::removeSelection()
 {
-    const QList<int> rows = selectedRows();
-    if (rows.isEmpty())
-        return;
-    sprites()->beginMacro(tr("delete sprites"));
-    for (int i = rows.size() - 1; i >= 0; --i)
-        sprites()->remove(rows.at(i));
-    sprites()->endMacro();
-    m_status->setText(tr("%n sprite(s) deleted.", nullptr, rows.size()));
+    const int count = editSelection(tr("delete sprites"),
+                                    [this](QSprite* sprite) { sprites()->remove(sprites()->indexOf(sprite)); });
+    if (count > 0)
+        m_status->setText(tr("%n sprite(s) deleted.", nullptr, count));
 }
 
 void QSpritesEditor::duplicateSelection()
 {
-    const QList<int> rows = selectedRows();
-    if (rows.isEmpty())
-        return;
-    sprites()->beginMacro(tr("duplicate sprites"));
-    for (int row : rows)
-        sprites()->at(row)->duplicate();
-    sprites()->endMacro();
+    editSelection(tr("duplicate sprites"), [](QSprite* sprite) { sprite->duplicate(); });
 }
 
 void QSpritesEditor::cropSelection()
 {
-    const QList<int> rows = selectedRows();
-    if (rows.isEmpty())
-        return;
-    sprites()->beginMacro(tr("crop sprites"));
-    for (int row : rows)
-        sprites()->at(row)->crop();
-    sprites()->endMacro();
+    editSelection(tr("crop sprites"), [](QSprite* sprite) { sprite->crop(); });
 }
 
 void QSpritesEditor::axisToBottomCentre()
 {
-    const QList<int> rows = selectedRows();
-    if (rows.isEmpty())
-        return;
-    sprites()->beginMacro(tr("axis to bottom centre"));
-    for (int row : rows) {
-        QSprite* sprite = sprites()->at(row);
+    editSelection(tr("axis to bottom centre"), [](QSprite* sprite) {
         const QImageInfo info = sprite->imageInfo();
         sprite->setOffset(QPoint(info.width / 2, info.height));
-    }
-    sprites()->endMacro();
+    });
 }
 
 void QSpritesEditor::setSelectionAxis(int x, int y)
 {
-    const QList<int> rows = selectedRows();
-    if (rows.isEmpty())
-        return;
-    sprites()->beginMacro(tr("set axis"));
-    for (int row : rows)
-        if (sprites()->at(row)->offset() != QPoint(x, y))
-            sprites()->at(row)->setOffset(QPoint(x, y));
-    sprites()->endMacro();
+    editSelection(tr("set axis"), [x, y](QSprite* sprite) {
+        if (sprite->offset() != QPoint(x, y))
+            sprite->setOffset(QPoint(x, y));
+    });
 }
 
 void QSpritesEditor::applyItem()

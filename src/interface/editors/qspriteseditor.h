@@ -2,11 +2,14 @@
 
 #include "qvieweditor.h"
 
+#include <functional>
+
 class QAction;
 class QAnimSpriteWorkspace;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
+class QSprite;
 class QSpriteTableModel;
 class QSprites;
 class QTableView;
@@ -57,6 +60,8 @@ public:
 
 private:
     void buildToolBar();
+    /// Applies `edit` to each selected sprite, last first, as one undo step `name`; how many there were.
+    int editSelection(const QString& name, const std::function<void(QSprite*)>& edit);
     void addImages();
     void addSeries();
     void removeSelection();
