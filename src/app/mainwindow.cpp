@@ -2,6 +2,7 @@
 #include "ui_mainwindow.h"
 
 #include "appglobals.h"
+#include "interface/editors/qanimationseditor.h"
 #include "interface/editors/qdefinitionseditor.h"
 #include "interface/editors/qspriteseditor.h"
 #include "interface/editors/qstateseditor.h"
@@ -11,6 +12,7 @@
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextworkspace.h"
 #include "interface/workspaces/qviewworkspace.h"
+#include "render/gui/qanimspriteworkspace.h"
 #include "managers/qconfigmanager.h"
 #include "managers/qlanguagemanager.h"
 #include "managers/qprogramdirectory.h"
@@ -25,8 +27,6 @@
 
 namespace {
 
-const QTextFileViewer::Kind animations{ieAnimations, "animations", "editor_air",
-                                       QT_TRANSLATE_NOOP("QTextFileViewer", "Animations"), 0xEF, 3};
 const QTextFileViewer::Kind commands{ieCommands, "commands", "editor_cmd",
                                      QT_TRANSLATE_NOOP("QTextFileViewer", "Commands"), 2, 3};
 
@@ -48,8 +48,9 @@ MainWindow::MainWindow(QWidget* parent)
     intf->registerWorkspace(text);
     intf->registerWorkspace(views);
     intf->registerEditor(new QDefinitionsEditor(text));
-    intf->registerEditor(new QSpritesEditor(views));
-    intf->registerEditor(new QTextFileViewer(animations, text));
+    m_animSprites = new QAnimSpriteWorkspace(configMan);
+    intf->registerEditor(new QSpritesEditor(views, m_animSprites));
+    intf->registerEditor(new QAnimationsEditor(views, m_animSprites));
     intf->registerEditor(new QTextFileViewer(commands, text));
     intf->registerEditor(new QStatesEditor(text));
     intf->registerEditor(new QSoundsEditor(views));
@@ -65,6 +66,7 @@ MainWindow::~MainWindow()
     // and the configuration is written here and only here: a process that
     // dies earlier keeps the configuration it started with.
     delete intf;
+    delete m_animSprites;
     configMan->toFile(programDirectory() + QStringLiteral("/config.xml"));
     releaseCommonElements();
     QTextElementReg::release();

@@ -25,4 +25,6 @@ protected:
 
 private:
     std::unique_ptr<Ui::MainWindow> m_ui;
+    /// The one sprite view the sprites and animations editors share.
+    class QAnimSpriteWorkspace* m_animSprites = nullptr;
 };

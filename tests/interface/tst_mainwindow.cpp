@@ -33,6 +33,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QTabBar>
+#include <QTableView>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <QToolBar>
@@ -210,7 +211,7 @@ private slots:
         QCOMPARE(textView()->document(), second->definitions()->document());
 
         intf->switchEditor(ieSprites);
-        auto* list = m_window->findChild<QListView*>(QStringLiteral("spritesList"));
+        auto* list = m_window->findChild<QTableView*>(QStringLiteral("spritesList"));
         QVERIFY(list && list->isVisible());
         QCOMPARE(list->model()->rowCount(), second->sprites()->count());
 

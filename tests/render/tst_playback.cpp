@@ -14,33 +14,14 @@
 #include "render/qsprrender.h"
 #include "syntax/qsyntaxtexteditor.h"
 
+#include "qfakeplaybackclock.h"
+
 #include <QTextDocument>
 #include <QtTest>
 
 namespace {
 
-/// Time that passes only when asked: each sleep, and `work` per tick.
-class FakeClock : public QPlaybackClock
-{
-public:
-    qint64 now = 0;
-    qint64 mark = 0;
-    qint64 sleptTotal = 0;
-
-    void start() override { mark = now; }
-    qint64 elapsed() const override { return now - mark; }
-    qint64 restart() override
-    {
-        const qint64 e = now - mark;
-        mark = now;
-        return e;
-    }
-    void sleep(int milliseconds) override
-    {
-        now += milliseconds;
-        sleptTotal += milliseconds;
-    }
-};
+using FakeClock = QFakePlaybackClock;
 
 /**
  * The frames shown pass by pass, from the rules as an author reads them: a

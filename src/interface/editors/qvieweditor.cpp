@@ -1,6 +1,9 @@
 #include "qvieweditor.h"
 
 #include "interface/workspaces/qviewworkspace.h"
+#include "managers/qiconmanager.h"
+
+#include <QAction>
 
 #include <QWidget>
 
@@ -27,5 +30,9 @@ void QViewEditor::activate(bool switched)
     QInterfaceEditor::activate(switched);
     if (switched)
         m_workspace->showView(m_view);
+    // The view's own tool bar takes its icons from the set in use, which may have changed since.
+    for (QAction* action : m_view->actions())
+        if (iconMan)
+            action->setIcon(iconMan->icon(action->objectName()));
     emit undoStackChanged(undoStack());
 }
