@@ -218,7 +218,7 @@ private slots:
         // Back to the first tab: the views follow the project.
         intf->tabs()->setCurrentIndex(0);
         QCOMPARE(intf->currentProject(), ember);
-        QCOMPARE(list->model()->rowCount(), 0);
+        QCOMPARE(list->model()->rowCount(), ember->sprites()->count());
         intf->switchEditor(ieDefinitions);
         QCOMPARE(textView()->document(), ember->definitions()->document());
     }

@@ -7,6 +7,7 @@
 #include "qrecordingprompt.h"
 #include "realdata.h"
 
+#include "model/qanimations.h"
 #include "model/qcommand.h"
 #include "model/qcommands.h"
 #include "model/qdefinitions.h"
@@ -30,6 +31,9 @@ QStringList census(QProject& project)
                  .arg(project.sprites()->count())
                  .arg(project.sprites()->paletteCount())
                  .arg(project.sprites()->messages()->count());
+    lines << QStringLiteral("actions %1 messages %2")
+                 .arg(project.animations()->animations().size())
+                 .arg(project.animationText()->messages()->count());
     lines << QStringLiteral("sounds %1 messages %2")
                  .arg(project.sounds()->count())
                  .arg(project.sounds()->messages()->count());
@@ -72,6 +76,7 @@ void answerWithDefNames(QProject& project, const QString& directory)
     QObject::connect(&project, &QProject::saveFileName, &project,
         [files, states, directory, statesAsked](QProjectFileType type, const QString&) {
             const QString name = type == pftSprites ? files.sprites
+                : type == pftAnimations             ? files.animations
                 : type == pftCommands               ? files.commands
                 : type == pftSounds                 ? files.sounds
                 : type == pftStates                 ? states.value((*statesAsked)++)
