@@ -21,6 +21,7 @@
 #include "managers/qlanguagemanager.h"
 #include "managers/qpresetmanager.h"
 #include "managers/qstylesheetmanager.h"
+#include "model/gui/qmultimediasoundplayer.h"
 #include "text/qcodecs.h"
 
 #include <QApplication>
@@ -73,6 +74,8 @@ int main(int argc, char** argv)
 
     QMessageBoxPrompt boxPrompt;
     QPrompt::install(&boxPrompt);
+    // Sounds play through the system's audio in the window; the core has no audio of its own.
+    QMultimediaSoundPlayer::install();
 
     presetMan = new QPresetManager(programDir + QStringLiteral("/presets"));
     iconMan = new QIconManager(programDir + QStringLiteral("/iconsets"));

@@ -1,9 +1,13 @@
-// pugilforge-cli info FILE.def: what a DEF makes of its project.
+// pugilforge-cli info FILE.def: what a DEF makes of its project, and every
+// file of it as the project opens it.
 #include "qclicommand.h"
 
+#include "model/qcommands.h"
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
+#include "model/qsounds.h"
 #include "model/qsprites.h"
+#include "syntax/qsyntaxtexteditor.h"
 #include "text/qcodecs.h"
 #include "util/qengineversion.h"
 #include "util/qpathresolver.h"
@@ -11,32 +15,70 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QTextDocument>
 
 namespace {
 
-/// One file of the file set: what it is for, the name the DEF gives, and where it leads.
+/// One file of the file set: what it is for, the name the DEF gives, where it
+/// leads, and what the project made of it: how many items (sprites, sounds,
+/// commands, lines of a state file; -1 when it has no model here) and its messages.
 struct NamedFile
 {
     QString role;
     QString name;
     QResolvedPath resolved;
+    int count = -1;
+    const char* unit = "";
+    const QMessages* messages = nullptr;
 };
 
-QList<NamedFile> namedFiles(const QProjectFiles& files)
+/// The state file of the project read from `path`, or null.
+const QSyntaxTextEditor* statesAt(const QProject& project, const QString& path)
+{
+    for (int i = 0; i < project.statesCount(); ++i) {
+        if (QFileInfo(project.states(i)->fileName()) == QFileInfo(path))
+            return project.states(i);
+    }
+    return nullptr;
+}
+
+QList<NamedFile> namedFiles(const QProject& project, const QProjectFiles& files)
 {
     QList<NamedFile> list;
-    auto add = [&](const QString& role, const QString& name) {
+    auto add = [&](const QString& role, const QString& name, int count, const char* unit,
+                   const QMessages* messages) {
         if (!name.isEmpty())
-            list.append(NamedFile{role, name, resolvePath(files.baseDir, name)});
+            list.append(NamedFile{role, name, resolvePath(files.baseDir, name), count, unit, messages});
     };
-    add(QStringLiteral("sprites"), files.sprites);
-    add(QStringLiteral("animations"), files.animations);
-    add(QStringLiteral("sounds"), files.sounds);
-    add(QStringLiteral("commands"), files.commands);
-    for (const QString& states : files.states)
-        add(QStringLiteral("states"), states);
-    for (int i = 0; i < QProjectFiles::paletteCount; ++i)
-        add(QStringLiteral("pal%1").arg(i + 1), files.palettes[i]);
+    add(QStringLiteral("sprites"), files.sprites, project.sprites()->count(), "sprites",
+        project.sprites()->messages());
+    add(QStringLiteral("animations"), files.animations, -1, "", nullptr);
+    add(QStringLiteral("sounds"), files.sounds, project.sounds()->count(), "sounds", project.sounds()->messages());
+    add(QStringLiteral("commands"), files.commands, project.commands()->count(), "commands",
+        project.commands()->messages());
+    for (const QString& name : files.states) {
+        const QSyntaxTextEditor* states = statesAt(project, resolvePath(files.baseDir, name).path);
+        add(QStringLiteral("states"), name, states ? states->document()->blockCount() : -1, "lines",
+            states ? states->messages() : nullptr);
+    }
+    for (int i = 0; i < QProjectFiles::paletteCount; ++i) {
+        const bool loaded = project.sprites()->findPalette(0, 1, i + 1) >= 0;
+        add(QStringLiteral("pal%1").arg(i + 1), files.palettes[i], loaded ? 1 : 0, "palettes", nullptr);
+    }
+    return list;
+}
+
+QJsonArray messagesJson(const QMessages* messages)
+{
+    QJsonArray list;
+    for (int i = 0; messages && i < messages->count(); ++i) {
+        const QMsg& msg = messages->at(i);
+        static const char* const kinds[] = {"error", "warning", "information"};
+        list.append(QJsonObject{{QStringLiteral("kind"), QLatin1String(kinds[msg.type])},
+                                {QStringLiteral("index"), msg.index},
+                                {QStringLiteral("line"), msg.line},
+                                {QStringLiteral("text"), msg.text}});
+    }
     return list;
 }
 
@@ -74,7 +116,12 @@ int runInfo(const QCliRun& run)
         return run.fail(fileName, QStringLiteral("can't read the file"));
     const QDefinitions* def = project.definitions();
     const QProjectFiles files = def->files();
-    const QList<NamedFile> named = namedFiles(files);
+    // The faults of the binary files; the text files' are the checker's (see "check").
+    if (!project.sprites()->isEmpty())
+        project.sprites()->checkErrors();
+    if (!project.sounds()->isEmpty())
+        project.sounds()->checkErrors();
+    const QList<NamedFile> named = namedFiles(project, files);
 
     if (run.json()) {
         QJsonArray list;
@@ -83,7 +130,9 @@ int runInfo(const QCliRun& run)
                                     {QStringLiteral("name"), file.name},
                                     {QStringLiteral("path"), file.resolved.path},
                                     {QStringLiteral("exists"), file.resolved.exists},
-                                    {QStringLiteral("caseDiffers"), file.resolved.caseDiffers}});
+                                    {QStringLiteral("caseDiffers"), file.resolved.caseDiffers},
+                                    {QStringLiteral("count"), file.count},
+                                    {QStringLiteral("messages"), messagesJson(file.messages)}});
         }
         run.printJson(QJsonObject{
             {QStringLiteral("file"), fileName},
@@ -96,6 +145,9 @@ int runInfo(const QCliRun& run)
             {QStringLiteral("baseDir"), files.baseDir},
             {QStringLiteral("spriteCount"), project.sprites()->count()},
             {QStringLiteral("paletteCount"), project.sprites()->paletteCount()},
+            {QStringLiteral("soundCount"), project.sounds()->count()},
+            {QStringLiteral("commandCount"), project.commands()->count()},
+            {QStringLiteral("stateFileCount"), project.statesCount()},
             {QStringLiteral("files"), list}});
         return 0;
     }
@@ -111,14 +163,18 @@ int runInfo(const QCliRun& run)
         const QString state = !file.resolved.exists     ? QStringLiteral("missing")
                               : file.resolved.caseDiffers ? QStringLiteral("found, letter case differs")
                                                           : QStringLiteral("found");
-        run.print(QStringLiteral("%1: %2 -> %3 (%4)").arg(file.role, file.name, file.resolved.path, state));
+        const QString count =
+            file.count >= 0 ? QStringLiteral(", %1 %2").arg(file.count).arg(QLatin1String(file.unit)) : QString();
+        run.print(QStringLiteral("%1: %2 -> %3 (%4)%5").arg(file.role, file.name, file.resolved.path, state, count));
+        for (int i = 0; file.messages && i < file.messages->count(); ++i)
+            run.print(QStringLiteral("  %1").arg(QMessages::format(file.messages->at(i))));
     }
     return 0;
 }
 
 const QCliCommand command("info", "info FILE.def",
                           "print what a DEF makes of its project: type, name, engine version, localcoord and "
-                          "the files it names, resolved as the engine finds them",
+                          "every file it names, resolved as the engine finds them, with its count and messages",
                           runInfo);
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "qdefinitions.h"
 
+#include "qcommands.h"
 #include "qproject.h"
 #include "text/paramreg.h"
 #include "text/qcommonelements.h"
@@ -8,6 +9,7 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QTextDocument>
 
 namespace {
 
@@ -192,8 +194,41 @@ void QDefinitions::verTimeOut()
 {
     setSyntaxVersion(m_version);
     if (QProject* owner = project()) {
+        owner->commands()->setSyntaxVersion(m_version);
         for (int i = 0; i < owner->statesCount(); ++i)
             owner->states(i)->setSyntaxVersion(m_version);
+    }
+}
+
+namespace {
+
+/// The groups that make a DEF other than a character's; the order settles a
+/// text with several of them.
+const struct
+{
+    const char* group;
+    const char* header;
+    QProjectType type;
+} kinds[] = {{"bgdef", "[BGdef]", ptStage},         {"scenedef", "[SceneDef]", ptStoryboard},
+             {"def", "[Def]", ptFont},              {"titlebgdef", "[TitleBGdef]", ptMotif},
+             {"lifebar", "[Lifebar]", ptFightFx}};
+
+} // namespace
+
+void QDefinitions::setType(QProjectType type)
+{
+    if (type == m_type || m_type != ptCharacter)
+        return;
+    for (const auto& kind : kinds) {
+        if (kind.type != type)
+            continue;
+        const bool lastLineEmpty = document()->lastBlock().text().isEmpty();
+        QElementTextCursor& edit = cursor();
+        edit.setPosition(document()->characterCount() - 1);
+        edit.insertText((lastLineEmpty ? QString() : QStringLiteral("\n")) + QLatin1String(kind.header)
+                        + QLatin1Char('\n'));
+        updateHierarchy();
+        return;
     }
 }
 
@@ -201,13 +236,6 @@ void QDefinitions::hierarchyUpdateEnd()
 {
     const QProjectType previous = m_type;
     m_type = ptCharacter;
-    // The order settles a text with several of these groups.
-    static const struct
-    {
-        const char* group;
-        QProjectType type;
-    } kinds[] = {{"bgdef", ptStage}, {"scenedef", ptStoryboard}, {"def", ptFont},
-                 {"titlebgdef", ptMotif}, {"lifebar", ptFightFx}};
     for (const auto& kind : kinds) {
         if (sectionExists(QLatin1String(kind.group))) {
             m_type = kind.type;

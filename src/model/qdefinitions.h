@@ -69,6 +69,13 @@ public:
     static void init();
 
     QProjectType type() const { return m_type; }
+    /**
+     * Makes the text a project of that kind where it can: a DEF whose groups
+     * don't decide another kind gets the group that decides this one at its
+     * end ("[BGdef]" for a stage...). A character is what no such group
+     * makes, so the kind of a DEF that has one stays. type() follows at once.
+     */
+    void setType(QProjectType type);
     QString name() const { return m_name; }
     /// Writes the name into [Info], adding the group at the top if it is missing.
     void setName(const QString& name);

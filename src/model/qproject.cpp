@@ -2,16 +2,18 @@
 
 #include "formats/qrgbpalette.h"
 #include "managers/qconfigmanager.h"
+#include "qcommands.h"
 #include "qdefinitions.h"
+#include "qsounds.h"
 #include "qsprites.h"
 #include "text/qcommonelements.h"
 #include "util/qpathresolver.h"
+#include "util/qsavebytes.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -23,28 +25,23 @@ constexpr uint fixedFileSteps = 16;
 /// Progress steps of a save besides the state files.
 constexpr uint fixedSaveSteps = 4;
 
-QString backupStamp()
-{
-    return QDateTime::currentDateTime().toString(QStringLiteral("dd-MM-yyyy h-m-s ap"));
-}
-
-/// Copies a file for a backup; a backup that fails is no reason to stop loading.
-void backupCopy(const QString& source, const QString& target)
-{
-    QFile in(source);
-    if (!forcePath(target) || !in.open(QIODevice::ReadOnly))
-        return;
-    QSaveFile out(target);
-    if (out.open(QIODevice::WriteOnly) && out.write(in.readAll()) >= 0)
-        out.commit();
-}
-
 bool saveOnlyModified()
 {
     return configMan && configMan->value(QStringLiteral("save_only_modified")).toBool();
 }
 
 } // namespace
+
+QString QProject::backupStamp()
+{
+    return QDateTime::currentDateTime().toString(QStringLiteral("dd-MM-yyyy h-m-s ap"));
+}
+
+bool QProject::backupCopy(const QString& source, const QString& target)
+{
+    QFile in(source);
+    return forcePath(target) && in.open(QIODevice::ReadOnly) && saveBytes(target, in.readAll());
+}
 
 void QProject::init()
 {
@@ -54,6 +51,7 @@ void QProject::init()
     done = true;
     // The models' own element kinds come before the common ones, which would claim their lines.
     QDefinitions::init();
+    QCommands::init();
     initCommonElements();
     QSprites::init();
 }
@@ -85,11 +83,16 @@ QProject::QProject(QStreamCacheType cacheType, bool compression, QObject* parent
     // Long work the sprites do (caching textures when the kind of project changes) shows as the project's.
     connect(m_sprites, &QSprites::progress, this, &QProject::progress);
     connect(m_sprites, &QSprites::charPalette, this, &QProject::giveCharacterPalette, Qt::DirectConnection);
+    m_commands = new QCommands(this);
+    m_sounds = new QSounds(this, cacheType, compression, -1);
+    connect(m_sounds, &QSounds::progress, this, &QProject::progress);
 }
 
 QProject::~QProject()
 {
     delete m_definitions;
+    delete m_sounds;
+    delete m_commands;
     delete m_sprites;
     qDeleteAll(m_states);
 }
@@ -99,9 +102,15 @@ QProjectType QProject::type() const
     return m_definitions->type();
 }
 
+void QProject::setType(QProjectType type)
+{
+    m_definitions->setType(type);
+}
+
 bool QProject::isEmpty() const
 {
-    return m_definitions->isEmpty() && m_sprites->isEmpty() && m_states.isEmpty();
+    return m_definitions->isEmpty() && m_sprites->isEmpty() && m_commands->isEmpty() && m_sounds->isEmpty()
+        && m_states.isEmpty();
 }
 
 bool QProject::canDiscard() const
@@ -110,7 +119,8 @@ bool QProject::canDiscard() const
     bool discard = true;
     for (QSyntaxTextEditor* states : m_states)
         discard = states->canDiscard() && discard;
-    return discard && m_definitions->canDiscard() && m_sprites->canDiscard();
+    return discard && m_definitions->canDiscard() && m_sprites->canDiscard() && m_commands->canDiscard()
+        && m_sounds->canDiscard();
 }
 
 QSyntaxTextEditor* QProject::newStates()
@@ -154,70 +164,126 @@ void QProject::renumberStates()
 bool QProject::open(const QString& fileName, unsigned int codec, bool backup, bool keepNames)
 {
     const QFileInfo def(fileName);
-    QString backupDir;
+    OpenRun run;
+    run.codec = codec;
+    run.keepNames = keepNames;
     if (backup && def.isFile()) {
-        backupDir = def.canonicalPath() + QStringLiteral("/backup/") + backupStamp() + QLatin1Char('/');
-        QDir().mkpath(backupDir);
-        backupCopy(fileName, backupDir + def.fileName());
+        run.backupDir = def.canonicalPath() + QStringLiteral("/backup/") + backupStamp() + QLatin1Char('/');
+        QDir().mkpath(run.backupDir);
+        backupCopy(fileName, run.backupDir + def.fileName());
     }
     if (!m_definitions->fromFile(fileName, codec, keepNames)) {
-        if (!backupDir.isEmpty())
-            removeDir(backupDir);
+        if (!run.backupDir.isEmpty())
+            removeDir(run.backupDir);
         return false;
     }
 
-    const QProjectFiles files = m_definitions->files();
-    const uint maximum = uint(files.states.size()) + fixedFileSteps;
-    uint position = 0;
+    run.files = m_definitions->files();
+    run.maximum = uint(run.files.states.size()) + fixedFileSteps;
     bool allow = true;
-    emit progress(position, maximum, allow);
+    emit progress(0, run.maximum, allow);
+    // The order is fixed: palettes before sprites, so that a version 1 SFF
+    // finds the character's palette among them and adds its own after them.
+    // A character's animations (AIR) are read between the sprites and the sounds.
+    const bool complete = allow && openPalettes(run) && openSprites(run) && openSounds(run)
+        && openCommands(run) && openStates(run);
+    if (!complete)
+        discardOpen(run.backupDir);
+    return complete;
+}
 
-    // The DEF's palettes go in before the sprites: a version 1 SFF then finds
-    // the character's palette among them and adds its own after them.
+QResolvedPath QProject::openFile(const OpenRun& run, const QString& name) const
+{
+    const QResolvedPath path = resolvePath(run.files.baseDir, name);
+    if (path.exists && !name.isEmpty() && !run.backupDir.isEmpty())
+        backupCopy(path.path, run.backupDir + name);
+    return path;
+}
+
+bool QProject::step(OpenRun& run)
+{
+    bool allow = true;
+    emit progress(++run.position, run.maximum, allow);
+    return allow;
+}
+
+bool QProject::openPalettes(OpenRun& run)
+{
     for (int i = 0; i < QProjectFiles::paletteCount; ++i) {
-        const QResolvedPath path = resolvePath(files.baseDir, files.palettes.at(size_t(i)));
+        const QResolvedPath path = openFile(run, run.files.palettes.at(size_t(i)));
         if (!path.exists)
             continue;
-        if (!backupDir.isEmpty())
-            backupCopy(path.path, backupDir + files.palettes.at(size_t(i)));
         loadPalette(path.path, i + 1);
-        emit progress(++position, maximum, allow);
-        if (!allow)
+        if (!step(run))
             return false;
     }
+    return true;
+}
 
+bool QProject::openSprites(OpenRun& run)
+{
     // A missing or unreadable SFF is no failure: the sprites stay empty.
-    const QResolvedPath sprites = resolvePath(files.baseDir, files.sprites);
-    if (sprites.exists) {
-        if (!backupDir.isEmpty())
-            backupCopy(sprites.path, backupDir + files.sprites);
-        m_sprites->fromFile(sprites.path, keepNames);
-    }
-    emit progress(++position, maximum, allow);
-    if (!allow)
-        return false;
+    const QResolvedPath path = openFile(run, run.files.sprites);
+    if (path.exists)
+        m_sprites->fromFile(path.path, run.keepNames);
+    return step(run);
+}
 
-    // Animations, sounds and commands join here as their models do.
+bool QProject::openSounds(OpenRun& run)
+{
+    const QResolvedPath path = openFile(run, run.files.sounds);
+    if (path.exists && !m_sounds->fromFile(path.path, run.keepNames))
+        m_sounds->messages()->add(mtError, tr("The sound file %1 can't be read.").arg(path.path), -1, -1);
+    return step(run);
+}
 
+bool QProject::openCommands(OpenRun& run)
+{
+    const QResolvedPath path = openFile(run, run.files.commands);
+    m_commands->setSyntaxVersion(m_definitions->version());
+    if (path.exists && !m_commands->fromFile(path.path, run.codec, run.keepNames))
+        m_commands->messages()->add(mtError, tr("The command file %1 can't be read.").arg(path.path), -1, -1);
+    return step(run);
+}
+
+bool QProject::openStates(OpenRun& run)
+{
     int index = 0;
-    for (const QString& name : files.states) {
-        const QResolvedPath path = resolvePath(files.baseDir, name);
-        if (!path.exists)
+    for (const QString& name : std::as_const(run.files.states)) {
+        const QResolvedPath path = openFile(run, name);
+        if (!path.exists || name.endsWith(QLatin1Char('/')))
             continue;
-        if (!backupDir.isEmpty())
-            backupCopy(path.path, backupDir + name);
-        QSyntaxTextEditor* states = keepNames && index < statesCount() ? m_states.at(index) : nullptr;
+        QSyntaxTextEditor* states = run.keepNames && index < statesCount() ? m_states.at(index) : nullptr;
         if (!states) {
             states = newStates();
             m_states.append(states);
         }
-        states->fromFile(path.path, codec, keepNames);
+        states->fromFile(path.path, run.codec, run.keepNames);
         ++index;
-        emit progress(++position, maximum, allow);
-        if (!allow)
+        if (!step(run))
             return false;
     }
     return true;
+}
+
+void QProject::discardOpen(const QString& backupDir)
+{
+    m_definitions->clear();
+    {
+        QSprites::ChangeLock lock(m_sprites);
+        m_sprites->clear();
+        m_sprites->clearPalettes();
+    }
+    m_sprites->undoStack()->clear();
+    m_sprites->setModified(false);
+    m_sounds->clear();
+    m_sounds->setModified(false);
+    m_commands->clear();
+    qDeleteAll(m_states);
+    m_states.clear();
+    m_messages.update();
+    if (!backupDir.isEmpty())
+        removeDir(backupDir);
 }
 
 void QProject::loadPalette(const QString& path, int index)
@@ -284,6 +350,24 @@ bool QProject::saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned
     return text->toFile(text->fileName(), false, false);
 }
 
+bool QProject::saveSounds(bool onlyModified)
+{
+    if (!QFileInfo(m_sounds->fileName()).isFile())
+        return m_sounds->count() == 0 || saveSoundsAs();
+    if (onlyModified && !m_sounds->isModified())
+        return true;
+    return m_sounds->canSave(m_definitions->version()) && m_sounds->toFile(m_sounds->fileName(), false);
+}
+
+bool QProject::saveSoundsAs()
+{
+    // An empty SND is never written: the engine would not open it.
+    if (m_sounds->count() == 0 || !m_sounds->canSave(0))
+        return false;
+    const QString fileName = emit saveFileName(pftSounds, m_paths.value(QStringLiteral("proj_path")));
+    return !fileName.isEmpty() && m_sounds->toFile(fileName, false);
+}
+
 bool QProject::save()
 {
     bool saved = saveText(m_definitions, pftDefinitions, 0, false);
@@ -293,12 +377,17 @@ bool QProject::save()
     emit progress(0, maximum, allow);
     saved = saveSprites(onlyModified) && saved;
     emit progress(1, maximum, allow);
+    // Only a character has further files of its own; the others keep theirs in the DEF.
     if (type() != ptCharacter)
         return saved;
+    // A character's animations (AIR) are saved here, as step 2.
+    saved = saveText(m_commands, pftCommands, 0, onlyModified) && saved;
+    emit progress(3, maximum, allow);
     for (int i = 0; i < statesCount(); ++i) {
         saved = saveText(m_states.at(i), pftStates, unsigned(i), onlyModified) && saved;
         emit progress(uint(i) + fixedSaveSteps, maximum, allow);
     }
+    saved = saveSounds(onlyModified) && saved;
     emit progress(maximum, maximum, allow);
     return saved;
 }
@@ -313,10 +402,14 @@ bool QProject::saveAs(const QString& fileName, bool unicode)
     emit progress(1, maximum, allow);
     if (type() != ptCharacter)
         return saved;
+    // A character's animations (AIR) are saved here, as step 2.
+    saved = (m_commands->isEmpty() || saveAs(pftCommands, unicode, 0)) && saved;
+    emit progress(3, maximum, allow);
     for (int i = 0; i < statesCount(); ++i) {
         saved = saveAs(pftStates, unicode, unsigned(i)) && saved;
         emit progress(uint(i) + fixedSaveSteps, maximum, allow);
     }
+    saved = (m_sounds->count() == 0 || saveSoundsAs()) && saved;
     emit progress(maximum, maximum, allow);
     return saved;
 }
@@ -325,8 +418,11 @@ bool QProject::saveAs(QProjectFileType file, bool unicode, unsigned int index)
 {
     if (file == pftSprites)
         return saveSpritesAs();
+    if (file == pftSounds)
+        return saveSoundsAs();
     QSyntaxTextEditor* text = file == pftDefinitions ? m_definitions
-                              : file == pftStates    ? states(int(index))
+        : file == pftCommands                        ? m_commands
+        : file == pftStates                          ? states(int(index))
                                                      : nullptr;
     if (!text || text->isEmpty() || !text->canSave(0))
         return false;

@@ -1,16 +1,20 @@
 #pragma once
 
 #include "formats/qrgba.h"
+#include "qprojectfiles.h"
 #include "qprojecttypes.h"
 #include "qstreamcacheitem.h"
 #include "util/qmessages.h"
+#include "util/qpathresolver.h"
 #include "util/qpaths.h"
 
 #include <QList>
 #include <QObject>
 #include <QString>
 
+class QCommands;
 class QDefinitions;
+class QSounds;
 class QSprites;
 class QSyntaxTextEditor;
 
@@ -46,9 +50,14 @@ public:
 
     QDefinitions* definitions() const { return m_definitions; }
     QSprites* sprites() const { return m_sprites; }
+    QSounds* sounds() const { return m_sounds; }
+    QCommands* commands() const { return m_commands; }
     int statesCount() const { return int(m_states.size()); }
     QSyntaxTextEditor* states(int index) const { return m_states.value(index); }
     QProjectType type() const;
+    /// Gives the DEF the group that makes a project of that kind, when its
+    /// text doesn't decide the kind already (see QDefinitions::setType).
+    void setType(QProjectType type);
 
     /// Nothing in any file and no state file.
     bool isEmpty() const;
@@ -62,11 +71,15 @@ public:
     void moveStates(int from, int to);
 
     /**
-     * Reads the DEF and then the files it names. With `backup` every file read
-     * is first copied into "backup/<stamp>/" beside the DEF; with `keepNames`
-     * the models take the contents only and keep their file names (loading a
-     * backup over the open project). False, with the project untouched, when
-     * the DEF can't be read; false when the receiver of progress() cancels.
+     * Reads the DEF and then the files it names, in this order: palettes,
+     * sprites, animations (characters), sounds, commands, state files, one
+     * progress() step each. With `backup` every file read is first copied
+     * into "backup/<stamp>/" beside the DEF; with `keepNames` the models take
+     * the contents only and keep their file names (loading a backup over the
+     * open project). A file that is missing leaves its model empty; one that
+     * can't be read says so in its model's messages. False, with the project
+     * untouched, when the DEF can't be read; false, with every model emptied
+     * and the backup folder removed, when the receiver of progress() cancels.
      * Files named in another letter case or with backslashes are found as the
      * engine finds them; a state file that isn't there is skipped.
      */
@@ -78,6 +91,23 @@ public:
     /// Asks for a name for one file and writes it there; false when skipped or failed.
     /// An empty file is never written: the engine would not open it.
     bool saveAs(QProjectFileType file, bool unicode, unsigned int index);
+    /**
+     * Writes the DEF, the palettes of the DEF and the sprites into
+     * "backup/<stamp>/" beside the DEF, without touching the models' names.
+     * False when the DEF's folder is gone or progress() cancels, and then
+     * the backup folder goes too.
+     */
+    bool backup();
+    /**
+     * Writes the whole project, unsaved edits included, as `name`.def into
+     * `directory` for a run of the engine: every file under the name the DEF
+     * gives it, a file without edits copied from disk. The models keep their
+     * names and the author's files are not touched. A stage's DEF is
+     * rewritten to name its sprites `name`.sff; files that must be removed
+     * one by one after the run are added to `created`. False when a file
+     * could not be written.
+     */
+    bool saveToRun(const QString& directory, const QString& name, QStringList& created);
 
 signals:
     /// Asks where to save a file; an empty answer skips it.
@@ -88,7 +118,33 @@ signals:
     void progress(uint position, uint maximum, bool& allow);
 
 private:
+    /// Where an open stands: the files of the DEF, the backup folder and the progress.
+    struct OpenRun
+    {
+        QProjectFiles files;
+        QString backupDir;
+        uint position = 0;
+        uint maximum = 0;
+        unsigned int codec = 0;
+        bool keepNames = false;
+    };
+
+    /// The name of a backup folder: the time of the backup.
+    static QString backupStamp();
+    /// Copies a file whole, making its folder; a failed copy leaves the target as it was.
+    static bool backupCopy(const QString& source, const QString& target);
     QSyntaxTextEditor* newStates();
+    /// Where a file of the DEF is on disk, copied into the backup folder of the run when it exists.
+    QResolvedPath openFile(const OpenRun& run, const QString& name) const;
+    /// One step of the open's progress; false when the receiver cancels.
+    bool step(OpenRun& run);
+    bool openPalettes(OpenRun& run);
+    bool openSprites(OpenRun& run);
+    bool openSounds(OpenRun& run);
+    bool openCommands(OpenRun& run);
+    bool openStates(OpenRun& run);
+    /// Empties every model after a cancelled open.
+    void discardOpen(const QString& backupDir);
     /// Adds a palette file of the DEF as the character's palette `index` (group 1).
     void loadPalette(const QString& path, int index);
     /// Answers the sprites' request for the character's colours with the
@@ -99,11 +155,21 @@ private:
     bool saveSpritesAs();
     /// Writes a text file to its own name, or asks for one when it has none on disk.
     bool saveText(QSyntaxTextEditor* text, QProjectFileType file, unsigned int index, bool onlyModified);
+    /// Writes the sounds to their own name, or asks for one when they have none on disk.
+    bool saveSounds(bool onlyModified);
+    bool saveSoundsAs();
+    /// Copies a file of the DEF from its folder to `target`; true when there is none.
+    static bool copyFromBase(const QProjectFiles& files, const QString& name, const QString& target);
+    /// Writes the palettes of the DEF into `directory`: as the sprites hold
+    /// them, or copied from the DEF's folder when the sprites have none.
+    bool copyPalettes(const QProjectFiles& files, const QString& directory);
     void renumberStates();
 
     QPaths m_paths;
     QMessageList m_messages;
     QDefinitions* m_definitions;
     QSprites* m_sprites;
+    QCommands* m_commands;
+    QSounds* m_sounds;
     QList<QSyntaxTextEditor*> m_states;
 };

@@ -3,28 +3,16 @@
 #include "formats/qimagefiles.h"
 #include "model/qspriteimagedata.h"
 #include "model/qsprites.h"
+#include "util/qsavebytes.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
 bool usesPalette(const QSprite* sprite)
 {
     return sprite->palette() && sprite->imageData() && sprite->imageData()->format == QImage::Format_Indexed8;
-}
-
-bool saveText(const QString& path, const QByteArray& text)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    if (file.write(text) != text.size()) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
 }
 
 } // namespace
@@ -42,8 +30,8 @@ bool QSpriteExporter::write(const QString& path, const QList<QSprite*>& sprites,
     if (!writeFiles(sprites, palettes))
         return false;
     if (target.suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) == 0)
-        return saveText(path, compilerScript(target.completeBaseName(), sprites, palettes).toLatin1());
-    return saveText(path, ownExport(sprites, palettes).toUtf8());
+        return saveBytes(path, compilerScript(target.completeBaseName(), sprites, palettes).toLatin1());
+    return saveBytes(path, ownExport(sprites, palettes).toUtf8());
 }
 
 QString QSpriteExporter::freeName(qint32 group, qint32 index, const char* suffix)

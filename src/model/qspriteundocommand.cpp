@@ -5,26 +5,9 @@
 #include <cstring>
 
 SpriteUndoCommand::SpriteUndoCommand(QSprites* sprites)
-    : m_sprites(sprites)
+    : QModelUndoCommand(sprites)
+    , m_sprites(sprites)
 {
-}
-
-void SpriteUndoCommand::redo()
-{
-    if (m_first) {
-        m_first = false;
-        return;
-    }
-    QSprites::ChangeLock lock(m_sprites);
-    doRedo();
-    m_sprites->setModified(true);
-}
-
-void SpriteUndoCommand::undo()
-{
-    QSprites::ChangeLock lock(m_sprites);
-    doUndo();
-    m_sprites->setModified(true);
 }
 
 QStreamCache& SpriteUndoCommand::undoCache()

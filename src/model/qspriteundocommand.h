@@ -1,39 +1,27 @@
 #pragma once
 
+#include "model/qmodelundocommand.h"
+#include "model/qsprites.h"
 #include "model/qstreamcache.h"
 
 #include <QImage>
-#include <QUndoCommand>
 
-class QSprites;
 
 /**
- * Base of the undo commands of a sprite file. A command is pushed after (or
- * around) the change it stands for, which the caller has already made, so
- * the first redo() that QUndoStack::push runs does nothing; later ones
- * replay the change through doRedo(). Both directions run under the file's
- * change lock, so that the edits they replay make no commands of their own.
+ * Base of the undo commands of a sprite file (see QModelUndoCommand): the
+ * first redo() does nothing, both directions run under the file's change lock.
  */
-class SpriteUndoCommand : public QUndoCommand
+class SpriteUndoCommand : public QModelUndoCommand<QSprites>
 {
 public:
     explicit SpriteUndoCommand(QSprites* sprites);
-
-    void redo() final;
-    void undo() final;
 
     /// Where commands keep pixels off the model: one process-wide cache on
     /// disk, zlib-compressed, holding decoded images.
     static QStreamCache& undoCache();
 
 protected:
-    virtual void doRedo() = 0;
-    virtual void doUndo() = 0;
-
-    QSprites* m_sprites;
-
-private:
-    bool m_first = true;
+    QSprites* const m_sprites;
 };
 
 /**

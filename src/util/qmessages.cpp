@@ -99,7 +99,9 @@ QString QMessages::format(const QMsg& msg)
     case pftStates:
         return QStringLiteral("ST %1(%2): %3").arg(msg.fileIndex).arg(humanLine).arg(msg.text);
     case pftSounds:
-        return QStringLiteral("SND%1: %2").arg(QStringLiteral("(%1)").arg(msg.index), msg.text);
+        // A message about the whole file names no sound.
+        return QStringLiteral("SND%1: %2")
+            .arg(msg.index >= 0 ? QStringLiteral("(%1)").arg(msg.index) : QString(), msg.text);
     }
     return msg.text;
 }

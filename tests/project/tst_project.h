@@ -51,6 +51,14 @@ private slots:
     void saveWritesChangedSprites();
     void newCharacterAsksForSpriteFile();
 
+    // tst_projectwhole.cpp
+    void everyRealCharacterOpensWholeAndSaves();
+    void cancelledOpenLeavesNothingHalfDone();
+    void failedSaveKeepsEveryFile();
+    void saveToRunAndBackupWriteCopies();
+    void infoCommandListsEveryFile();
+    void saveWritesSoundsAndCommands();
+
     // tst_projectcli.cpp
     void infoCommandDescribesProject();
     void checkCommandChecksProjectAndNames();

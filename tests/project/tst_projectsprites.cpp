@@ -170,7 +170,7 @@ void TestProject::defPalettesComeBeforeSprites()
     blankProgress.connectTo(&blank);
     QVERIFY(blank.open(dir.filePath(QStringLiteral("blank.def")), 0, false, false));
     QCOMPARE(blank.sprites()->paletteCount(), 0);
-    QCOMPARE(blankProgress.calls, 2); // the start and the (missing) sprites
+    QCOMPARE(blankProgress.calls, 4); // the start and the (missing) sprites, sounds and commands
     QCOMPARE(prompt.entries().size(), 0);
 }
 
