@@ -129,7 +129,9 @@ private slots:
         QCOMPARE(sounds->count(), 0);
         auto* table = m_window->findChild<QTableView*>(QStringLiteral("soundsTable"));
         QVERIFY(table && table->isVisible());
-        QVERIFY(!tool("soundPlay")->isEnabled()); // nothing to play yet
+        QVERIFY(!tool("sound_play")->isEnabled()); // nothing to play yet
+        for (const QAction* each : m_window->findChild<QToolBar*>(QStringLiteral("soundsToolBar"))->actions())
+            QVERIFY2(each->isSeparator() || !each->icon().isNull(), qPrintable(each->objectName()));
 
         const QByteArray hit = wav::make(1, 22050, 16, 2205);
         const QByteArray voice = wav::make(2, 11025, 8, 5512, true);
@@ -154,14 +156,14 @@ private slots:
 
         // The author moves it to the top with the tool bar, then plays it.
         editor()->setCurrentPosition(1);
-        tool("soundUp")->trigger();
+        tool("sound_up")->trigger();
         QCOMPARE(sounds->info(0), QSoundInfo(5, 3));
         QCOMPARE(editor()->currentPosition(), 0);
         QSignalSpy stopped(sounds, &QSounds::stopped);
-        tool("soundPlay")->trigger();
+        tool("sound_play")->trigger();
         QVERIFY(stopped.wait(3000)); // heard or not, the play ends and the window goes on
-        tool("soundLoop")->trigger();
-        tool("soundStop")->trigger();
+        tool("sound_loop")->trigger();
+        tool("sound_stop")->trigger();
         QVERIFY(!sounds->isPlaying());
         QVERIFY(table->isEnabled());
 
@@ -209,9 +211,11 @@ private slots:
         QVERIFY(intf->openProject(copyOfEmber(QStringLiteral("broken"))));
         intf->switchEditor(ieSounds);
         QSounds* sounds = intf->currentProject()->sounds();
+        const QByteArray whole = wav::make(1, 22050, 16, 2205);
+        QVERIFY(writeAll(path(QStringLiteral("hit.wav")), whole));
+        QVERIFY(writeAll(path(QStringLiteral("voice.wav")), wav::make(2, 11025, 8, 5512, true)));
         QVERIFY(editor()->addFiles({ path(QStringLiteral("hit.wav")) }));
         const int undoSteps = sounds->undoStack()->count();
-        const QByteArray whole = wav::make(1, 22050, 16, 2205);
         QVERIFY(writeAll(path(QStringLiteral("cut.wav")), whole.left(whole.size() - 1000)));
         QVERIFY(writeAll(path(QStringLiteral("text.wav")), QByteArray("not a sound at all")));
 

@@ -4,6 +4,7 @@
 #include "qwaveformview.h"
 
 #include "model/qproject.h"
+#include "managers/qiconmanager.h"
 #include "model/qsounds.h"
 
 #include <QAction>
@@ -12,7 +13,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QSplitter>
-#include <QStyle>
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -37,6 +37,8 @@ QSoundsEditor::QSoundsEditor(QViewWorkspace* workspace, QObject* parent)
     m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->hide();
+    // Compact rows: a character has dozens of sounds, and more of them should fit beside the waveform.
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 8);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     m_waveform->setObjectName(QStringLiteral("soundsWaveform"));
 
@@ -76,57 +78,49 @@ QSoundsEditor::QSoundsEditor(QViewWorkspace* workspace, QObject* parent)
 
 void QSoundsEditor::buildToolBar()
 {
-    const QStyle* style = view()->style();
-    auto themed = [](const char* name, QStyle::StandardPixmap fallback, const QStyle* style) {
-        return QIcon::fromTheme(QLatin1String(name), style->standardIcon(fallback));
-    };
-    m_needCurrent << addAction(QStringLiteral("soundPlay"), style->standardIcon(QStyle::SP_MediaPlay),
-        tr("Play"), [this] { play(false); });
-    m_needCurrent << addAction(QStringLiteral("soundLoop"),
-        themed("media-playlist-repeat", QStyle::SP_BrowserReload, style), tr("Play in a loop"),
-        [this] { play(true); });
-    addAction(QStringLiteral("soundStop"), style->standardIcon(QStyle::SP_MediaStop), tr("Stop"),
-        [this] { stop(); });
+    m_needCurrent << addAction(QStringLiteral("sound_play"), tr("Play"), [this] { play(false); });
+    m_needCurrent << addAction(QStringLiteral("sound_loop"), tr("Play in a loop"), [this] { play(true); });
+    addAction(QStringLiteral("sound_stop"), tr("Stop"), [this] { stop(); });
     m_toolBar->addSeparator();
-    addAction(QStringLiteral("soundAdd"), themed("list-add", QStyle::SP_FileIcon, style),
-        tr("Add WAV files..."), [this] { askAddFiles(); });
-    addAction(QStringLiteral("soundAddBatch"), themed("folder-new", QStyle::SP_FileDialogNewFolder, style),
-        tr("Add WAV files as a numbered group..."), [this] { askAddBatch(); });
-    m_needCurrent << addAction(QStringLiteral("soundReplace"),
-        themed("document-revert", QStyle::SP_BrowserReload, style), tr("Replace with a WAV file..."),
-        [this] { askReplace(); });
-    m_needCurrent << addAction(QStringLiteral("soundDelete"),
-        themed("edit-delete", QStyle::SP_TrashIcon, style), tr("Delete"), [this] { removeSelected(); });
-    m_needCurrent << addAction(QStringLiteral("soundUp"), style->standardIcon(QStyle::SP_ArrowUp),
-        tr("Move up"), [this] { moveCurrent(-1); });
-    m_needCurrent << addAction(QStringLiteral("soundDown"), style->standardIcon(QStyle::SP_ArrowDown),
-        tr("Move down"), [this] { moveCurrent(1); });
-    m_needCurrent << addAction(QStringLiteral("soundRenameGroup"),
-        themed("edit-rename", QStyle::SP_FileDialogDetailedView, style),
+    addAction(QStringLiteral("sound_add"), tr("Add WAV files..."), [this] { askAddFiles(); });
+    addAction(QStringLiteral("sound_add_batch"), tr("Add WAV files as a numbered group..."),
+        [this] { askAddBatch(); });
+    m_needCurrent << addAction(
+        QStringLiteral("sound_replace"), tr("Replace with a WAV file..."), [this] { askReplace(); });
+    m_needCurrent << addAction(QStringLiteral("sound_delete"), tr("Delete"), [this] { removeSelected(); });
+    m_needCurrent << addAction(QStringLiteral("sound_up"), tr("Move up"), [this] { moveCurrent(-1); });
+    m_needCurrent << addAction(QStringLiteral("sound_down"), tr("Move down"), [this] { moveCurrent(1); });
+    m_needCurrent << addAction(QStringLiteral("sound_rename_group"),
         tr("Move the group to another number..."), [this] { askRenameGroup(); });
-    m_needCurrent << addAction(QStringLiteral("soundRemoveGroup"),
-        themed("edit-clear", QStyle::SP_DialogDiscardButton, style), tr("Delete the whole group"),
-        [this] { removeCurrentGroup(); });
+    m_needCurrent << addAction(
+        QStringLiteral("sound_remove_group"), tr("Delete the whole group"), [this] { removeCurrentGroup(); });
     m_toolBar->addSeparator();
-    m_needCurrent << addAction(QStringLiteral("soundExportSelection"),
-        themed("document-save-as", QStyle::SP_DialogSaveButton, style), tr("Export the selected sounds..."),
+    m_needCurrent << addAction(QStringLiteral("sound_export_selection"), tr("Export the selected sounds..."),
         [this] { askExportSelection(); });
-    m_needCurrent << addAction(QStringLiteral("soundExportGroup"),
-        themed("document-export", QStyle::SP_DriveFDIcon, style), tr("Export the group..."),
-        [this] { askExportGroup(); });
-    addAction(QStringLiteral("soundImport"), themed("document-import", QStyle::SP_DialogOpenButton, style),
-        tr("Import an export of sounds..."), [this] { askImport(); });
+    m_needCurrent << addAction(
+        QStringLiteral("sound_export_group"), tr("Export the group..."), [this] { askExportGroup(); });
+    addAction(QStringLiteral("sound_import"), tr("Import an export of sounds..."), [this] { askImport(); });
+    reconfig();
     updateActions();
 }
 
 QAction* QSoundsEditor::addAction(
-    const QString& objectName, const QIcon& icon, const QString& text, const std::function<void()>& run)
+    const QString& objectName, const QString& text, const std::function<void()>& run)
 {
-    QAction* action = m_toolBar->addAction(icon, text);
+    QAction* action = m_toolBar->addAction(text);
     action->setObjectName(objectName);
     action->setToolTip(text);
     connect(action, &QAction::triggered, this, run);
     return action;
+}
+
+void QSoundsEditor::reconfig()
+{
+    // The icons follow the window's icon set, by the actions' names.
+    for (QAction* action : m_toolBar->actions()) {
+        if (!action->isSeparator() && iconMan)
+            action->setIcon(iconMan->icon(action->objectName()));
+    }
 }
 
 void QSoundsEditor::initialized(QToolBarItems* items, QWidget* leftPage)

@@ -44,6 +44,7 @@ public:
     void initialized(QToolBarItems* items, QWidget* leftPage) override;
     void setProject(QProject* project) override;
     void deactivate() override;
+    void reconfig() override;
     void retranslate() override { updateSummary(); }
     void navigateTo(int fileIndex, int index, int line) override;
     QUndoStack* undoStack() const override;
@@ -76,8 +77,7 @@ public:
 
 private:
     void buildToolBar();
-    QAction* addAction(
-        const QString& objectName, const QIcon& icon, const QString& text, const std::function<void()>& run);
+    QAction* addAction(const QString& objectName, const QString& text, const std::function<void()>& run);
     QSounds* sounds() const;
     /// Reads the WAV files, or warns naming the first bad one; empty list then.
     QList<QByteArray> readWAVs(const QStringList& files) const;

@@ -11,7 +11,7 @@ constexpr int margin = 6;
 QWaveformView::QWaveformView(QWidget* parent)
     : QWidget(parent)
 {
-    setMinimumHeight(100);
+    setMinimumHeight(160);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 

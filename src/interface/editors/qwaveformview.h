@@ -20,7 +20,7 @@ public:
     void setSound(const QByteArray& data, const QString& caption);
     const QList<QWAVPeak>& peaks() const { return m_peaks; }
 
-    QSize sizeHint() const override { return QSize(480, 140); }
+    QSize sizeHint() const override { return QSize(480, 200); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
