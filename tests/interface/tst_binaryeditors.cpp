@@ -1,11 +1,14 @@
-// The sounds editor on the real main window, used as an author uses it: add
-// WAV files to a character that has none, move and play one, export a group
-// and import it back, undo, save and reload; a broken WAV changes nothing.
-// PF_SHOT_DIR, when set, receives a picture of the editor with the engine's
-// kfm loaded (the screenshot check runs this under Xvfb).
+// The editors of a character's binary files on the real main window, used as
+// an author uses them. Sounds: add WAV files to a character that has none,
+// move and play one, export a group and import it back, undo, save and
+// reload; a broken WAV changes nothing. Palettes: change a colour of the
+// engine's kfm, undo it, load and save palette files; a palette file of the
+// wrong size changes nothing. PF_SHOT_DIR, when set, receives pictures of
+// the editors with kfm loaded (the screenshot check runs this under Xvfb).
 #include "app/mainwindow.h"
 #include "interface/editors/qsoundseditor.h"
 #include "interface/editors/qwaveformview.h"
+#include "interface/extras/qpaletteseditor.h"
 #include "interface/qinterface.h"
 #include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
@@ -17,12 +20,15 @@
 #include "model/gui/qmultimediasoundplayer.h"
 #include "model/qproject.h"
 #include "model/qsounds.h"
+#include "model/qspritepalette.h"
+#include "model/qsprites.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "wavmaker.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QToolBar>
@@ -44,7 +50,7 @@ bool writeAll(const QString& path, const QByteArray& bytes)
 
 } // namespace
 
-class TestSoundsEditor : public QObject
+class TestBinaryEditors : public QObject
 {
     Q_OBJECT
 
@@ -247,7 +253,62 @@ private slots:
         intf->fileCloseAll();
     }
 
-    void pictureOfKfm()
+    void paletteColourEditLoadAndSave()
+    {
+        PF_REQUIRE_REALDATA();
+        QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
+        intf->switchEditor(ieSprites);
+        auto* palettes = static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes));
+        auto* choice = m_window->findChild<QComboBox*>(QStringLiteral("paletteChoice"));
+        QVERIFY(choice && choice->isVisible());
+        QSprites* sprites = intf->currentProject()->sprites();
+        QVERIFY(sprites->paletteCount() > 0);
+        QCOMPARE(choice->count(), sprites->paletteCount());
+        palettes->setCurrentPalette(0);
+        QSpritePalette* palette = sprites->paletteAt(0);
+        const QRGBA before = palette->colors()[5];
+
+        // Colour 5 becomes pure red through the numbers, and undo brings it back.
+        palettes->selectIndex(5);
+        palettes->setColor(5, QColor(255, 0, 0));
+        QCOMPARE(palette->colors()[5], QRGBA(255, 0, 0, before.a));
+        sprites->undoStack()->undo();
+        QCOMPARE(palette->colors()[5], before);
+        sprites->undoStack()->redo();
+        QCOMPARE(palette->colors()[5].r, quint8(255));
+
+        // Saved as ACT and loaded back after another change: the same colours.
+        const QString act = path(QStringLiteral("red.act"));
+        QVERIFY(palettes->savePalette(act));
+        QCOMPARE(QFileInfo(act).size(), 768);
+        palettes->setColor(5, QColor(0, 0, 255));
+        QVERIFY(palettes->loadPalette(act));
+        QCOMPARE(palette->colors()[5].r, quint8(255));
+        QCOMPARE(palette->colors()[5].b, quint8(0));
+
+        // A JASC palette is read as well.
+        QByteArray jasc("JASC-PAL\r\n0100\r\n256\r\n");
+        for (int i = 0; i < 256; ++i)
+            jasc += QByteArray::number(i) + " 10 20\r\n";
+        QVERIFY(writeAll(path(QStringLiteral("ramp.pal")), jasc));
+        QVERIFY(palettes->loadPalette(path(QStringLiteral("ramp.pal"))));
+        QCOMPARE(palette->colors()[200], QRGBA(200, 10, 20, 255));
+
+        // An ACT of the wrong size is refused in one line, and nothing changes.
+        m_prompt->clear();
+        const int steps = sprites->undoStack()->count();
+        QVERIFY(writeAll(path(QStringLiteral("short.act")), QByteArray(700, 'x')));
+        QVERIFY(!palettes->loadPalette(path(QStringLiteral("short.act"))));
+        QCOMPARE(m_prompt->count(QStringLiteral("warning")), 1);
+        QVERIFY(m_prompt->entries().first().text.contains(QStringLiteral("short.act")));
+        QVERIFY(!m_prompt->entries().first().text.contains(QLatin1Char('\n')));
+        QCOMPARE(sprites->undoStack()->count(), steps);
+        QCOMPARE(palette->colors()[200], QRGBA(200, 10, 20, 255));
+        m_prompt->script({ QPrompt::Yes });
+        intf->fileCloseAll();
+    }
+
+    void picturesOfKfm()
     {
         const QString shots = qEnvironmentVariable("PF_SHOT_DIR");
         if (shots.isEmpty())
@@ -259,8 +320,12 @@ private slots:
         editor()->setCurrentPosition(3);
         QTest::qWait(200);
         QVERIFY(m_window->grab().save(shots + QStringLiteral("/sounds-editor.png")));
+        intf->switchEditor(ieSprites);
+        static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes))->selectIndex(37);
+        QTest::qWait(200);
+        QVERIFY(m_window->grab().save(shots + QStringLiteral("/palettes-panel.png")));
     }
 };
 
-QTEST_MAIN(TestSoundsEditor)
-#include "tst_soundseditor.moc"
+QTEST_MAIN(TestBinaryEditors)
+#include "tst_binaryeditors.moc"
