@@ -10,13 +10,6 @@
 #include "interface/editors/qwaveformview.h"
 #include "interface/extras/qpaletteseditor.h"
 #include "interface/qinterface.h"
-#include "managers/qcolorsetmanager.h"
-#include "managers/qconfigmanager.h"
-#include "managers/qiconmanager.h"
-#include "managers/qlanguagemanager.h"
-#include "managers/qpresetmanager.h"
-#include "managers/qprogramdirectory.h"
-#include "managers/qstylesheetmanager.h"
 #include "model/gui/qmultimediasoundplayer.h"
 #include "model/qproject.h"
 #include "model/qsounds.h"
@@ -24,6 +17,7 @@
 #include "model/qsprites.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "windowmanagers.h"
 #include "wavmaker.h"
 
 #include <QAction>
@@ -91,21 +85,8 @@ private:
 private slots:
     void initTestCase()
     {
-        const QDir bin(qEnvironmentVariable("PF_BIN_DIR"));
-        QDir().mkpath(path(QStringLiteral("program")));
-        for (const char* name : { "syntax_mugen.xml", "syntax_lua.xml", "iconsets", "styles", "colorsets",
-                 "presets", "languages" })
-            QVERIFY(QFile::link(bin.absoluteFilePath(QLatin1String(name)),
-                path(QStringLiteral("program/") + QLatin1String(name))));
-        const QString program = path(QStringLiteral("program"));
-        setProgramDirectory(program);
-        presetMan = new QPresetManager(program + QStringLiteral("/presets"));
-        iconMan = new QIconManager(program + QStringLiteral("/iconsets"));
-        styleMan = new QStylesheetManager(program + QStringLiteral("/styles"));
-        langMan = new QLanguageManager(qApp, program + QStringLiteral("/languages"));
-        colorMan = new QColorsetManager(program + QStringLiteral("/colorsets"));
-        configMan = new QConfigManager;
-        (*configMan)[QStringLiteral("confirm_close")] = false;
+        QVERIFY(QDir().mkpath(path(QStringLiteral("program"))));
+        QVERIFY(windowManagers::create(path(QStringLiteral("program"))));
         m_prompt = new QRecordingPrompt;
         // The real player: without an audio device it must fail quietly.
         QMultimediaSoundPlayer::install();
@@ -119,12 +100,7 @@ private slots:
     {
         delete m_window;
         delete m_prompt;
-        delete configMan;
-        delete colorMan;
-        delete styleMan;
-        delete iconMan;
-        delete presetMan;
-        configMan = nullptr;
+        windowManagers::destroy();
     }
 
     void addMovePlayExportImportSaveReload()
