@@ -66,6 +66,7 @@ public:
     QInterfaceEditors currentEditor() const { return m_currentEditor; }
     QInterfaceEditor* editor(QInterfaceEditors id) const { return m_editors.value(id); }
     QAction* editorAction(QInterfaceEditors id) const { return m_editorActions.value(id); }
+    QInterfaceExtraEditor* extraEditor(QInterfaceExtraEditors id) const { return m_extraEditors.value(id); }
     QActionManager* actions() const { return m_actions; }
     QUndoGroup* undoGroup() const { return m_undoGroup; }
     ErrorDlg* errorDialog() const { return m_errorDlg; }

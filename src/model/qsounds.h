@@ -112,6 +112,8 @@ public:
     /// program's export for any other suffix. False when a file failed.
     bool exportAll(const QString& path);
     bool exportGroup(qint32 group, const QString& path);
+    /// As exportAll, for the sounds at the given positions.
+    bool exportSamples(const QList<int>& positions, const QString& path);
     /// Adds the sounds of this program's export at `at` (the end for a
     /// negative position) as one undoable edit; the number added.
     int import(const QString& path, int at = -1);
@@ -157,7 +159,6 @@ signals:
     void progress(uint position, uint maximum, bool& allow);
 
 private:
-    bool exportSamples(const QList<int>& positions, const QString& path);
     QList<int> positionsOf(qint32 group, bool wholeGroup, qint32 first, qint32 last) const;
     qint32 nextNumber(qint32 group) const;
 

@@ -1,5 +1,6 @@
 #include "qwavinfo.h"
 
+#include <QCoreApplication>
 #include <QtEndian>
 
 namespace {
@@ -85,9 +86,9 @@ bool searchData(const QByteArray& data, WaveFormat& format, qsizetype& dataStart
 
 } // namespace
 
-bool getWAVInfoFromData(const QByteArray& data, QWAVInfo& info)
+bool locateWAVData(const QByteArray& data, QWAVLayout& layout)
 {
-    info = QWAVInfo();
+    layout = QWAVLayout();
     if (data.size() < riffHeaderSize || !nameIs(data.constData(), "RIFF")
         || !nameIs(data.constData() + 8, "WAVE"))
         return false;
@@ -96,12 +97,36 @@ bool getWAVInfoFromData(const QByteArray& data, QWAVInfo& info)
     quint32 dataSize = 0;
     if (!walkChunks(data, format, dataStart, dataSize) && !searchData(data, format, dataStart, dataSize))
         return false;
-    if (format.tag != formatPCM)
-        return false;
-    info.channels = format.channels;
-    info.rate = format.rate;
-    info.bits = quint8(format.bits);
-    const qint64 present = qMin<qint64>(dataSize, data.size() - dataStart);
-    info.duration = format.bytesPerSecond ? float(double(present) / format.bytesPerSecond) : 0.0f;
+    layout = QWAVLayout { format.tag, format.channels, format.rate, format.bytesPerSecond, format.blockAlign,
+        format.bits, dataStart, dataSize };
     return true;
+}
+
+bool getWAVInfoFromData(const QByteArray& data, QWAVInfo& info)
+{
+    info = QWAVInfo();
+    QWAVLayout layout;
+    if (!locateWAVData(data, layout) || layout.tag != formatPCM)
+        return false;
+    info.channels = layout.channels;
+    info.rate = layout.rate;
+    info.bits = quint8(layout.bits);
+    const qint64 present = qMin<qint64>(layout.dataSize, data.size() - layout.dataStart);
+    info.duration = layout.bytesPerSecond ? float(double(present) / layout.bytesPerSecond) : 0.0f;
+    return true;
+}
+
+QString wavFault(const QByteArray& data)
+{
+    QWAVLayout layout;
+    if (data.isEmpty())
+        return QCoreApplication::translate("QWAVInfo", "the file is empty");
+    if (!locateWAVData(data, layout))
+        return QCoreApplication::translate("QWAVInfo", "no readable RIFF WAVE header with a \"data\" chunk");
+    const qint64 present = data.size() - layout.dataStart;
+    if (present < qint64(layout.dataSize))
+        return QCoreApplication::translate("QWAVInfo", "truncated: the samples need %1 bytes, %2 are there")
+            .arg(layout.dataSize)
+            .arg(present);
+    return QString();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 #include <QtGlobal>
 
 /**
@@ -32,3 +33,26 @@ struct QWAVInfo
  * that are there. False, with `info` all zero, when the bytes are no PCM WAV.
  */
 bool getWAVInfoFromData(const QByteArray& data, QWAVInfo& info);
+
+/// Where the samples of a WAV file lie and how they are laid out.
+struct QWAVLayout
+{
+    quint16 tag = 0; ///< 1 for PCM
+    quint16 channels = 0;
+    quint32 rate = 0;
+    quint32 bytesPerSecond = 0;
+    quint16 blockAlign = 0; ///< bytes per frame
+    quint16 bits = 0;
+    qsizetype dataStart = 0;
+    quint32 dataSize = 0; ///< as the "data" chunk says; may run past the end of a truncated file
+};
+
+/// Finds the format and the samples as getWAVInfoFromData does; false when the bytes are no WAV.
+bool locateWAVData(const QByteArray& data, QWAVLayout& layout);
+
+/**
+ * Why the bytes can't stand as a sound of an SND file, in a few words
+ * ("no RIFF WAVE header", "truncated: ..."); empty when they can. A file
+ * that is not PCM is accepted: the engine plays what it can.
+ */
+QString wavFault(const QByteArray& data);

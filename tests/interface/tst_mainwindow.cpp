@@ -26,6 +26,7 @@
 #include "model/qsprites.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "windowmanagers.h"
 
 #include <QAction>
 #include <QApplication>
@@ -114,20 +115,8 @@ private:
 private slots:
     void initTestCase()
     {
-        const QDir bin(qEnvironmentVariable("PF_BIN_DIR"));
-        for (const char* name : {"syntax_mugen.xml", "syntax_lua.xml", "iconsets", "styles", "colorsets", "presets",
-                                 "languages"})
-            QVERIFY(QFile::link(bin.absoluteFilePath(QLatin1String(name)), m_programDir.filePath(QLatin1String(name))));
-        setProgramDirectory(m_programDir.path());
+        QVERIFY(windowManagers::create(m_programDir.path()));
         qRegisterMetaType<QProject*>();
-        const QString dir = m_programDir.path();
-        presetMan = new QPresetManager(dir + QStringLiteral("/presets"));
-        iconMan = new QIconManager(dir + QStringLiteral("/iconsets"));
-        styleMan = new QStylesheetManager(dir + QStringLiteral("/styles"));
-        langMan = new QLanguageManager(qApp, dir + QStringLiteral("/languages"));
-        colorMan = new QColorsetManager(dir + QStringLiteral("/colorsets"));
-        configMan = new QConfigManager;
-        (*configMan)[QStringLiteral("confirm_close")] = false;
         // Broken files of an earlier run: the window starts with defaults and says so.
         const QByteArray broken = "<shortcuts><shortcut action=\"file_open\" keys=\"Ctrl+K\"/><shortcut";
         QFile shortcuts(m_programDir.filePath(QStringLiteral("shortcuts.xml")));
@@ -156,12 +145,7 @@ private slots:
     {
         delete m_window;
         delete m_prompt;
-        delete configMan;
-        delete colorMan;
-        delete styleMan;
-        delete iconMan;
-        delete presetMan;
-        configMan = nullptr;
+        windowManagers::destroy();
         // The window wrote its files into its own folder as it closed.
         QVERIFY(QFile::exists(m_programDir.filePath(QStringLiteral("config.xml"))));
         QVERIFY(QFile::exists(m_programDir.filePath(QStringLiteral("history.xml"))));

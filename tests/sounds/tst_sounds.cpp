@@ -9,6 +9,7 @@
 #include "model/gui/qmultimediasoundplayer.h"
 #include "model/qsoundplayer.h"
 #include "model/qsounds.h"
+#include "model/qwavpeaks.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -61,6 +62,7 @@ class TestSounds : public QObject
 
 private slots:
     void wavHeadersAreMeasured();
+    void waveformPeaksAndFaults();
     void realSoundFilesRoundTrip();
     void realSamplesMatchPythonWave();
     void brokenFilesLeaveModelEmpty();
@@ -108,6 +110,51 @@ void TestSounds::wavHeadersAreMeasured()
     // Samples cut short count only what is there.
     QVERIFY(getWAVInfoFromData(wav::make(1, 8000, 8, 800).left(44 + 400), info));
     QCOMPARE(info.duration, 0.05f);
+}
+
+void TestSounds::waveformPeaksAndFaults()
+{
+    // 16-bit mono, four frames into two columns: the extremes of each pair.
+    QByteArray mono = wav::make(1, 8000, 16, 4);
+    for (const auto& [frame, value] : { std::pair { 0, -32768 }, { 1, 32767 }, { 2, 0 }, { 3, 16384 } })
+        qToLittleEndian<qint16>(qint16(value), mono.data() + 44 + 2 * frame);
+    QList<QWAVPeak> peaks = wavPeaks(mono, 2);
+    QCOMPARE(peaks.size(), 2);
+    QCOMPARE(peaks.at(0).low, -1.0f);
+    QVERIFY(peaks.at(0).high > 0.999f);
+    QCOMPARE(peaks.at(1).low, 0.0f);
+    QCOMPARE(peaks.at(1).high, 0.5f);
+    // More columns than frames: each column shows its nearest frame, none is empty.
+    peaks = wavPeaks(mono, 8);
+    QCOMPARE(peaks.size(), 8);
+    QCOMPARE(peaks.at(7).high, 0.5f);
+
+    // 8-bit is unsigned around 128; stereo columns take both channels.
+    QByteArray stereo = wav::make(2, 8000, 8, 1);
+    stereo[44] = char(0);
+    stereo[45] = char(192);
+    peaks = wavPeaks(stereo, 1);
+    QCOMPARE(peaks.at(0).low, -1.0f);
+    QCOMPARE(peaks.at(0).high, 0.5f);
+
+    // 24-bit keeps its sign.
+    QByteArray wide = wav::make(1, 8000, 24, 1);
+    wide[44] = char(0x00);
+    wide[45] = char(0x00);
+    wide[46] = char(0xC0);
+    QCOMPARE(wavPeaks(wide, 1).at(0).low, -0.5f);
+
+    // Nothing to draw for no columns, no PCM, or no frame; a cut file shows what is there.
+    QVERIFY(wavPeaks(mono, 0).isEmpty());
+    QVERIFY(wavPeaks(QByteArray("not a wav"), 10).isEmpty());
+    QVERIFY(wavPeaks(mono.left(44 + 1), 10).isEmpty());
+    QCOMPARE(wavPeaks(mono.left(44 + 4), 1).at(0).low, -1.0f);
+
+    // Faults: a whole WAV has none; a cut or foreign file is told in a few words.
+    QVERIFY(wavFault(wav::make(2, 22050, 16, 100, true)).isEmpty());
+    QVERIFY(wavFault(mono.left(50)).startsWith(QStringLiteral("truncated")));
+    QVERIFY(!wavFault(QByteArray("RIFF")).isEmpty());
+    QVERIFY(!wavFault(QByteArray()).isEmpty());
 }
 
 void TestSounds::realSoundFilesRoundTrip()
