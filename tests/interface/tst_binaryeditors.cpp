@@ -62,12 +62,15 @@ private:
     QString path(const QString& name) const { return m_dir.filePath(name); }
 
     /// The sample character ember in a folder of its own; it has no SND.
+    /// The sample without its SND, so the sessions start from an empty sounds file.
     QString copyOfEmber(const QString& folder)
     {
         QDir().mkpath(path(folder));
         const QDir source(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/samples/ember"));
-        for (const QString& name : source.entryList(QDir::Files))
-            QFile::copy(source.filePath(name), path(folder + QLatin1Char('/') + name));
+        for (const QString& name : source.entryList(QDir::Files)) {
+            if (!name.endsWith(QStringLiteral(".snd")))
+                QFile::copy(source.filePath(name), path(folder + QLatin1Char('/') + name));
+        }
         return path(folder + QStringLiteral("/ember.def"));
     }
 
