@@ -25,6 +25,8 @@ QCommands::QCommands(QProject* project, QObject* parent)
     enableElement(true, QUnknownGroup::unknownGroupType, 0);
     enableElement(true, ParamRegBase::paramType, QStringParam::paramSubType);
     enableElement(true, ParamRegBase::paramType, QCommandParam::paramSubType);
+    // A CMD saved unchanged stays byte for byte what it was, line ends included.
+    setKeepLineEnds(true);
 }
 
 void QCommands::init()

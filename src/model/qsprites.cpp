@@ -222,14 +222,6 @@ int QSprites::findBaseSprite(const QSpriteImageData* data, int upTo) const
     return -1;
 }
 
-int QSprites::findBaseSprite(const QSpriteImageData* data, const QSpritePalette* palette, int upTo) const
-{
-    for (int i = 0; i <= upTo && i < m_sprites.size(); ++i)
-        if (m_sprites.at(i)->imageData() == data && m_sprites.at(i)->palette() == palette)
-            return i;
-    return -1;
-}
-
 int QSprites::findBasePalette(const QSpritePaletteData* data, int upTo) const
 {
     for (int i = 0; i <= upTo && i < m_palettes.size(); ++i)

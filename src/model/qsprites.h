@@ -139,9 +139,8 @@ public:
     void clearUnusedPalettes();
 
     // Helpers
-    /// First position at or before `upTo` whose sprite uses `data` (and `palette`); -1 if none.
+    /// First position at or before `upTo` whose sprite uses `data`; -1 if none.
     int findBaseSprite(const QSpriteImageData* data, int upTo) const;
-    int findBaseSprite(const QSpriteImageData* data, const QSpritePalette* palette, int upTo) const;
     /// First position at or before `upTo` whose palette uses `data`; -1 if none.
     int findBasePalette(const QSpritePaletteData* data, int upTo) const;
     /// Order of autoOrganize for this file's version: negative when `a` goes first.
