@@ -4,6 +4,12 @@
 // in the view and copied to every frame, played tick by tick, saved, opened
 // again, and everything undone back to the files as they were.
 #include "app/mainwindow.h"
+#include "image/gui/imgedit.h"
+#include "image/gui/imgedittoolbar.h"
+#include "image/gui/imgeditview.h"
+#include "image/qimagecanvas.h"
+#include "image/qimagerender.h"
+#include "image/qtableimagepalette.h"
 #include "interface/editors/qanimationseditor.h"
 #include "interface/editors/qspritefileimport.h"
 #include "interface/editors/qspriteseditor.h"
@@ -34,6 +40,7 @@
 #include <QApplication>
 #include <QListView>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QTableView>
 #include <QTextDocument>
 #include <QTemporaryDir>
@@ -320,6 +327,50 @@ private slots:
                 for (int x = 0; x < picture.width(); x += 3)
                     QCOMPARE(back.pixelIndex(x, y), picture.pixelIndex(x, y));
         }
+    }
+
+    void imageEditorFromTheSpritesEditor()
+    {
+        PF_REQUIRE_REALDATA();
+        QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
+        QSprites* sprites = intf->currentProject()->sprites();
+        intf->switchEditor(ieSprites);
+        auto* spritesEditor = static_cast<QSpritesEditor*>(intf->editor(ieSprites));
+        QVERIFY(spritesEditor->goTo(QStringLiteral("0,0")));
+        const int position = sprites->find(0, 0, 0);
+        const QImage before = sprites->at(position)->image(sipOwn);
+        const int steps = sprites->undoStack()->count();
+
+        // The tool-bar action opens the editor on the current sprite; a pen stroke of entry 3, then apply.
+        QAction* edit = m_window->findChild<QAction*>(QStringLiteral("sprites_edit_image"));
+        QVERIFY(edit && !edit->icon().isNull());
+        ImgEdit* editor = spritesEditor->editImage();
+        QVERIFY(editor && editor->isVisible());
+        QPointer<ImgEdit> guard(editor);
+        editor->imagePalette()->setForeground(3);
+        editor->toolBar()->toolAction(itPen)->trigger();
+        const double zoom = editor->canvas()->zoomLevel();
+        auto at = [&](int x, int y) {
+            return editor->render()->zoomedRect().topLeft()
+                + QPoint(int(x * zoom + zoom / 2), int(y * zoom + zoom / 2));
+        };
+        QTest::mousePress(editor->view(), Qt::LeftButton, Qt::NoModifier, at(2, 2));
+        QTest::mouseMove(editor->view(), at(8, 2));
+        QTest::mouseRelease(editor->view(), Qt::LeftButton, Qt::NoModifier, at(8, 2));
+        QVERIFY(editor->applyToSprite());
+
+        // One undo step of the sprite file holds it, and the sprites editor shows the sprite that changed.
+        const QImage after = sprites->at(position)->image(sipOwn);
+        QCOMPARE(after.pixelIndex(5, 2), 3);
+        QCOMPARE(after.colorTable(), before.colorTable());
+        QCOMPARE(sprites->undoStack()->count(), steps + 1);
+        QCOMPARE(spritesEditor->table()->currentIndex().row(), position);
+        sprites->undoStack()->undo();
+        QCOMPARE(sprites->at(position)->image(sipOwn), before);
+        editor->close();
+        QTRY_VERIFY(guard.isNull());
+        m_prompt->script({ QPrompt::No });
+        intf->fileCloseAll();
     }
 
     /// With PF_SHOTS_DIR set (run under Xvfb), pictures of both editors on kfm for review.

@@ -3,6 +3,7 @@
 #include "qspritefileimport.h"
 #include "qspritetablemodel.h"
 #include "qeditorpage.h"
+#include "image/gui/imgedit.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
 #include "model/qsprites.h"
@@ -179,6 +180,25 @@ void QSpritesEditor::buildToolBar()
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), &QSpritesEditor::cropSelection);
     add(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QSpritesEditor::axisToBottomCentre);
+    add(QStringLiteral("sprites_edit_image"), tr("Edit image..."), QKeySequence(Qt::CTRL | Qt::Key_E),
+        &QSpritesEditor::openImageEditor);
+}
+
+ImgEdit* QSpritesEditor::editImage()
+{
+    const int row = m_table->currentIndex().row();
+    if (!sprites() || row < 0)
+        return nullptr;
+    auto* editor = new ImgEdit(m_table->window());
+    // A window of its own over the main one; it goes when the author closes it.
+    editor->setWindowFlag(Qt::Window);
+    editor->setAttribute(Qt::WA_DeleteOnClose);
+    if (!editor->editSprite(sprites(), row)) {
+        delete editor;
+        return nullptr;
+    }
+    editor->show();
+    return editor;
 }
 
 void QSpritesEditor::initialized(QToolBarItems* items, QWidget* leftPage)

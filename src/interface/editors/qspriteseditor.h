@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class ImgEdit;
 class QAction;
 class QAnimSpriteWorkspace;
 class QLabel;
@@ -57,6 +58,10 @@ public:
     void setSelectionAxis(int x, int y);
     /// Rows of the selection, in ascending order.
     QList<int> selectedRows() const;
+    /// Opens the image editor on the current sprite, in a window of its own
+    /// that writes back with one undo step of the sprite file; null when no
+    /// sprite with a picture is current.
+    ImgEdit* editImage();
 
 private:
     void buildToolBar();
@@ -67,6 +72,7 @@ private:
     void removeSelection();
     void duplicateSelection();
     void cropSelection();
+    void openImageEditor() { editImage(); }
     void axisToBottomCentre();
     void currentChanged();
     void applyItem();
