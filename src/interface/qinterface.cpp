@@ -283,8 +283,12 @@ void QInterface::loadConfig()
     QConfigManager& config = *configMan;
     const int width = config[QStringLiteral("window_width")].toInt();
     const int height = config[QStringLiteral("window_height")].toInt();
+    // The editors of sprites and animations need a table, a view and two
+    // panels side by side: the window opens at least that wide, within the screen.
+    const QSize screen = m_window->screen()->availableGeometry().size();
     if (width > 200 && height > 200)
-        m_window->resize(qMax(width, 960), qMax(height, 640));
+        m_window->resize(qBound(qMin(1240, screen.width()), width, screen.width()),
+                         qBound(qMin(760, screen.height()), height, screen.height()));
     m_window->restoreState(QByteArray::fromBase64(config[QStringLiteral("window_state")].toByteArray()));
     const bool showActions = config[QStringLiteral("show_action_list")].toBool();
     const struct { const char* action; bool on; } views[] = {
