@@ -14,13 +14,6 @@
 #include "interface/editors/qspritefileimport.h"
 #include "interface/editors/qspriteseditor.h"
 #include "interface/qinterface.h"
-#include "managers/qcolorsetmanager.h"
-#include "managers/qconfigmanager.h"
-#include "managers/qiconmanager.h"
-#include "managers/qlanguagemanager.h"
-#include "managers/qpresetmanager.h"
-#include "managers/qprogramdirectory.h"
-#include "managers/qstylesheetmanager.h"
 #include "model/qanimation.h"
 #include "model/qanimationframe.h"
 #include "model/qanimations.h"
@@ -36,6 +29,7 @@
 #include "qfakeplaybackclock.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "windowmanagers.h"
 
 #include <QApplication>
 #include <QListView>
@@ -99,19 +93,7 @@ private:
 private slots:
     void initTestCase()
     {
-        const QDir bin(qEnvironmentVariable("PF_BIN_DIR"));
-        for (const char* name : { "syntax_mugen.xml", "syntax_lua.xml", "iconsets", "styles", "colorsets", "presets",
-                                  "languages" })
-            QVERIFY(QFile::link(bin.absoluteFilePath(QLatin1String(name)), m_programDir.filePath(QLatin1String(name))));
-        setProgramDirectory(m_programDir.path());
-        const QString dir = m_programDir.path();
-        presetMan = new QPresetManager(dir + QStringLiteral("/presets"));
-        iconMan = new QIconManager(dir + QStringLiteral("/iconsets"));
-        styleMan = new QStylesheetManager(dir + QStringLiteral("/styles"));
-        langMan = new QLanguageManager(qApp, dir + QStringLiteral("/languages"));
-        colorMan = new QColorsetManager(dir + QStringLiteral("/colorsets"));
-        configMan = new QConfigManager;
-        (*configMan)[QStringLiteral("confirm_close")] = false;
+        QVERIFY(windowManagers::create(m_programDir.path()));
         m_prompt = new QRecordingPrompt;
         m_window = new MainWindow;
         m_window->resize(1200, 760);
@@ -123,12 +105,7 @@ private slots:
     {
         delete m_window;
         delete m_prompt;
-        delete configMan;
-        delete colorMan;
-        delete styleMan;
-        delete iconMan;
-        delete presetMan;
-        configMan = nullptr;
+        windowManagers::destroy();
     }
 
     void numberedSeriesAndBadPictures()

@@ -10,16 +10,10 @@
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextoutline.h"
 #include "interface/workspaces/qtextview.h"
-#include "managers/qcolorsetmanager.h"
-#include "managers/qconfigmanager.h"
-#include "managers/qiconmanager.h"
-#include "managers/qlanguagemanager.h"
-#include "managers/qpresetmanager.h"
-#include "managers/qprogramdirectory.h"
-#include "managers/qstylesheetmanager.h"
 #include "model/qproject.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "windowmanagers.h"
 #include "syntax/qsyntaxtexteditor.h"
 
 #include <QAbstractItemView>
@@ -71,20 +65,8 @@ private slots:
     void initTestCase()
     {
         PF_REQUIRE_REALDATA();
-        const QDir bin(qEnvironmentVariable("PF_BIN_DIR"));
-        for (const char* name : {"syntax_mugen.xml", "syntax_lua.xml", "iconsets", "styles", "colorsets", "presets",
-                                 "languages"})
-            QVERIFY(QFile::link(bin.absoluteFilePath(QLatin1String(name)), m_programDir.filePath(QLatin1String(name))));
-        setProgramDirectory(m_programDir.path());
+        QVERIFY(windowManagers::create(m_programDir.path()));
         qRegisterMetaType<QProject*>();
-        const QString dir = m_programDir.path();
-        presetMan = new QPresetManager(dir + QStringLiteral("/presets"));
-        iconMan = new QIconManager(dir + QStringLiteral("/iconsets"));
-        styleMan = new QStylesheetManager(dir + QStringLiteral("/styles"));
-        langMan = new QLanguageManager(qApp, dir + QStringLiteral("/languages"));
-        colorMan = new QColorsetManager(dir + QStringLiteral("/colorsets"));
-        configMan = new QConfigManager;
-        (*configMan)[QStringLiteral("confirm_close")] = false;
         m_prompt = new QRecordingPrompt;
         m_window = new MainWindow;
         m_window->resize(1280, 800);
@@ -100,8 +82,7 @@ private slots:
         m_prompt->script(QList<QPrompt::Button>(32, QPrompt::No));
         delete m_window;
         delete m_prompt;
-        delete configMan;
-        configMan = nullptr;
+        windowManagers::destroy();
     }
 
     void misspelledControllerIsShownAndCompleted()
