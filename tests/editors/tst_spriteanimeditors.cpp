@@ -29,6 +29,7 @@
 #include "qfakeplaybackclock.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "screenshots.h"
 #include "windowmanagers.h"
 
 #include <QApplication>
@@ -350,19 +351,18 @@ private slots:
         intf->fileCloseAll();
     }
 
-    /// With PF_SHOTS_DIR set (run under Xvfb), pictures of both editors on kfm for review.
+    /// With PF_SHOT_DIR set (run under Xvfb), pictures of both editors on kfm for review.
     void picturesForReview()
     {
-        const QString shots = qEnvironmentVariable("PF_SHOTS_DIR");
-        if (shots.isEmpty())
-            QSKIP("PF_SHOTS_DIR names no folder for pictures");
+        if (screenshots::folder().isEmpty())
+            QSKIP("PF_SHOT_DIR names no folder for pictures");
         PF_REQUIRE_REALDATA();
         QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
         intf->switchEditor(ieSprites);
         auto* spritesEditor = static_cast<QSpritesEditor*>(intf->editor(ieSprites));
         QVERIFY(spritesEditor->goTo(QStringLiteral("200,1")));
         QTest::qWait(200);
-        QVERIFY(m_window->grab().save(shots + QStringLiteral("/sprites.png")));
+        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("sprites.png")));
 
         intf->switchEditor(ieAnimations);
         auto* animEditor = static_cast<QAnimationsEditor*>(intf->editor(ieAnimations));
@@ -376,7 +376,7 @@ private slots:
             player.tick();
         view->repaint();
         QTest::qWait(200);
-        QVERIFY(m_window->grab().save(shots + QStringLiteral("/animations.png")));
+        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("animations.png")));
     }
 };
 

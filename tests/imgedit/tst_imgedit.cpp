@@ -7,6 +7,7 @@
 #include "model/qsprites.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "screenshots.h"
 
 #include <QAction>
 #include <QApplication>
@@ -63,14 +64,13 @@ QList<QPoint> differences(const QImage& a, const QImage& b)
     return out;
 }
 
-/// Saves a picture of the window when PF_SCREENSHOT_DIR names a folder (for runs under Xvfb).
+/// Saves a picture of the window when one is wanted (see screenshots.h).
 void screenshot(QWidget* window, const QString& name)
 {
-    const QString dir = qEnvironmentVariable("PF_SCREENSHOT_DIR");
-    if (dir.isEmpty())
+    if (screenshots::folder().isEmpty())
         return;
     QTest::qWait(50); // tool bars lay out their option widgets on the next events
-    window->grab().save(dir + QLatin1Char('/') + name);
+    screenshots::save(window->grab(), name);
 }
 
 } // namespace

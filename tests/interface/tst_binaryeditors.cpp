@@ -17,6 +17,7 @@
 #include "model/qsprites.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "screenshots.h"
 #include "windowmanagers.h"
 #include "wavmaker.h"
 
@@ -289,8 +290,7 @@ private slots:
 
     void picturesOfKfm()
     {
-        const QString shots = qEnvironmentVariable("PF_SHOT_DIR");
-        if (shots.isEmpty())
+        if (screenshots::folder().isEmpty())
             QSKIP("PF_SHOT_DIR is not set: no picture wanted");
         PF_REQUIRE_REALDATA();
         QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
@@ -298,11 +298,11 @@ private slots:
         QVERIFY(intf->currentProject()->sounds()->count() > 10);
         editor()->setCurrentPosition(3);
         QTest::qWait(200);
-        QVERIFY(m_window->grab().save(shots + QStringLiteral("/sounds-editor.png")));
+        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("sounds-editor.png")));
         intf->switchEditor(ieSprites);
         static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes))->selectIndex(37);
         QTest::qWait(200);
-        QVERIFY(m_window->grab().save(shots + QStringLiteral("/palettes-panel.png")));
+        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("palettes-panel.png")));
     }
 };
 

@@ -13,6 +13,7 @@
 #include "model/qproject.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
+#include "screenshots.h"
 #include "windowmanagers.h"
 #include "syntax/qsyntaxtexteditor.h"
 
@@ -41,8 +42,7 @@ class TestTextEditorWindow : public QObject
     /// The window as the author sees it, the completion list included, when pictures are asked for.
     void shoot(const QString& name)
     {
-        const QString dir = qEnvironmentVariable("PF_SHOT_DIR");
-        if (dir.isEmpty())
+        if (screenshots::folder().isEmpty())
             return;
         QPixmap picture = m_window->grab();
         QAbstractItemView* popup = view()->completer()->popup();
@@ -50,7 +50,7 @@ class TestTextEditorWindow : public QObject
             QPainter painter(&picture);
             painter.drawPixmap(m_window->mapFromGlobal(popup->mapToGlobal(QPoint(0, 0))), popup->grab());
         }
-        QVERIFY(picture.save(dir + QLatin1Char('/') + name + QStringLiteral(".png")));
+        QVERIFY(screenshots::save(picture, name + QStringLiteral(".png")));
     }
 
     void openKfmStates()

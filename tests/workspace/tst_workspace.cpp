@@ -1,8 +1,9 @@
 // The sprite and animation workspace in a window: the host widgets, the
 // switch between them while running, the View actions and their settings,
-// mouse input through the real widget, playback; with PF_SHOTS_DIR set it
+// mouse input through the real widget, playback; with PF_SHOT_DIR set it
 // also saves pictures of the view for a person to look at.
 #include "realdata.h"
+#include "screenshots.h"
 
 #include "managers/qconfigmanager.h"
 #include "model/qanimations.h"
@@ -168,7 +169,6 @@ void TestWorkspace::playsAndShowsKfm()
     workspace.setProject(&project);
     QVERIFY(shown.show());
     QSprRender* view = workspace.renderer();
-    const QString shots = qEnvironmentVariable("PF_SHOTS_DIR");
 
     // A sprite with rulers and crosshairs, zoomed in.
     view->pause(true);
@@ -178,8 +178,7 @@ void TestWorkspace::playsAndShowsKfm()
     view->setCrossPos(320, 300);
     view->pause(false);
     view->updatePos();
-    if (!shots.isEmpty())
-        QVERIFY(workspace.view()->grab().save(QDir(shots).filePath(QStringLiteral("sprite-rulers.png"))));
+    QVERIFY(screenshots::save(workspace.view()->grab(), QStringLiteral("sprite-rulers.png")));
 
     // A frame of the punch with its boxes, one of them selected.
     view->pause(true);
@@ -194,8 +193,7 @@ void TestWorkspace::playsAndShowsKfm()
     view->selectCLSN(0);
     view->pause(false);
     view->updatePos();
-    if (!shots.isEmpty())
-        QVERIFY(shown.window.grab().save(QDir(shots).filePath(QStringLiteral("frame-boxes.png"))));
+    QVERIFY(screenshots::save(shown.window.grab(), QStringLiteral("frame-boxes.png")));
 
     // Playback in the window until a stop from the event loop.
     view->setFrame(0);
