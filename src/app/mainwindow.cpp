@@ -3,19 +3,22 @@
 
 #include "appglobals.h"
 #include "interface/editors/qanimationseditor.h"
+#include "interface/editors/qcommandseditor.h"
 #include "interface/editors/qdefinitionseditor.h"
 #include "interface/editors/qspriteseditor.h"
 #include "interface/editors/qstateseditor.h"
 #include "interface/editors/qsoundseditor.h"
-#include "interface/editors/qtextfileviewer.h"
 #include "interface/extras/qpaletteseditor.h"
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextworkspace.h"
 #include "interface/workspaces/qviewworkspace.h"
 #include "render/gui/qanimspriteworkspace.h"
 #include "managers/qconfigmanager.h"
+#include "managers/qfilewatchermanager.h"
 #include "managers/qlanguagemanager.h"
 #include "managers/qprogramdirectory.h"
+#include "managers/qsctrlmanager.h"
+#include "managers/qsnippetmanager.h"
 #include "model/qproject.h"
 #include "syntax/qsyntaxtexteditor.h"
 #include "text/qcommonelements.h"
@@ -24,13 +27,6 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QMessageBox>
-
-namespace {
-
-const QTextFileViewer::Kind commands{ieCommands, "commands", "editor_cmd",
-                                     QT_TRANSLATE_NOOP("QTextFileViewer", "Commands"), 2, 3};
-
-} // namespace
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
@@ -42,6 +38,12 @@ MainWindow::MainWindow(QWidget* parent)
     QProject::init();
     connect(langMan, &QLanguageManager::langChanged, this, &MainWindow::retranslate);
 
+    // The managers of the editors, in the order the rest relies on: the
+    // scripts come between the controller templates and the snippets.
+    sctrlsMan = new QSCtrlManager(programDirectory() + QStringLiteral("/sctrls"));
+    snipMan = new QSnippetManager(this, programDirectory() + QStringLiteral("/snippets"));
+    watchMan = new QFileWatcherManager;
+
     intf = new QInterface(this, m_ui->actions, m_ui->actList);
     auto* text = new QTextWorkspace;
     auto* views = new QViewWorkspace;
@@ -51,7 +53,7 @@ MainWindow::MainWindow(QWidget* parent)
     m_animSprites = new QAnimSpriteWorkspace(configMan);
     intf->registerEditor(new QSpritesEditor(views, m_animSprites));
     intf->registerEditor(new QAnimationsEditor(views, m_animSprites));
-    intf->registerEditor(new QTextFileViewer(commands, text));
+    intf->registerEditor(new QCommandsEditor(text));
     intf->registerEditor(new QStatesEditor(text));
     intf->registerEditor(new QSoundsEditor(views));
     intf->registerExtraEditor(new QPalettesEditor);
@@ -66,8 +68,15 @@ MainWindow::~MainWindow()
     // and the configuration is written here and only here: a process that
     // dies earlier keeps the configuration it started with.
     delete intf;
+    intf = nullptr;
     delete m_animSprites;
     configMan->toFile(programDirectory() + QStringLiteral("/config.xml"));
+    delete watchMan;
+    watchMan = nullptr;
+    delete snipMan;
+    snipMan = nullptr;
+    delete sctrlsMan;
+    sctrlsMan = nullptr;
     releaseCommonElements();
     QTextElementReg::release();
 }
@@ -82,6 +91,8 @@ void MainWindow::retranslate()
     m_ui->actions->setWindowTitle(QCoreApplication::translate("MainWindow", "Action list"));
     if (intf)
         intf->retranslate();
+    if (snipMan)
+        snipMan->update();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

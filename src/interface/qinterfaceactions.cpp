@@ -62,6 +62,32 @@ void QInterface::initMenus()
     edit->addAction(add(editors, "editor_save", QT_TRANSLATE_NOOP("QActionManager", "Save the editor's file"), SLOT(editorSave())));
     edit->addAction(add(editors, "editor_saveas", QT_TRANSLATE_NOOP("QActionManager", "Save the editor's file as..."), SLOT(editorSaveAs())));
 
+    // Find and replace in the text editors: the current one searches what it
+    // shows; the last finds in every text file of the project.
+    edit->addSeparator();
+    const struct {
+        const char* name;
+        const char* text;
+        QInterfaceEditor::FindCommand command;
+        QKeySequence keys;
+    } finds[] = {
+        {"edit_find_replace", QT_TRANSLATE_NOOP("QActionManager", "&Find..."), QInterfaceEditor::FindStart, QKeySequence::Find},
+        {"edit_replace", QT_TRANSLATE_NOOP("QActionManager", "R&eplace..."), QInterfaceEditor::FindReplace, QKeySequence(Qt::CTRL | Qt::Key_H)},
+        {"edit_find_next", QT_TRANSLATE_NOOP("QActionManager", "Find &next"), QInterfaceEditor::FindNext, QKeySequence(Qt::Key_F3)},
+        {"edit_find_previous", QT_TRANSLATE_NOOP("QActionManager", "Find pre&vious"), QInterfaceEditor::FindPrevious, QKeySequence(Qt::SHIFT | Qt::Key_F3)},
+        {"edit_find_replace_multi", QT_TRANSLATE_NOOP("QActionManager", "Find and replace in &all files..."), QInterfaceEditor::FindInFiles, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
+    };
+    for (const auto& find : finds) {
+        QAction* action = m_actions->add({ieDefinitions, ieCommands, ieStates}, QLatin1String(find.name), find.text);
+        const QInterfaceEditor::FindCommand command = find.command;
+        connect(action, &QAction::triggered, this, [this, command] {
+            if (QInterfaceEditor* current = m_editors.value(m_currentEditor))
+                current->find(command);
+        });
+        m_actions->setShortcut(action, find.keys);
+        edit->addAction(action);
+    }
+
     QMenu* view = menu("menuView");
     view->addAction(add({everywhere}, "view_left_panel", QT_TRANSLATE_NOOP("QActionManager", "&Left panel"), SLOT(viewLeftPanel(bool)), true));
     view->addAction(add({everywhere}, "view_right_panel", QT_TRANSLATE_NOOP("QActionManager", "&Right panel"), SLOT(viewRightPanel(bool)), true));

@@ -55,6 +55,15 @@ public:
         TextBar = 8, ///< a search bar of text editors
     };
 
+    /// The Edit menu's find commands.
+    enum FindCommand {
+        FindStart,    ///< the find bar, on the selection
+        FindReplace,  ///< the find bar with its replace field in front
+        FindNext,
+        FindPrevious,
+        FindInFiles,  ///< find and replace in every text file of the project
+    };
+
     explicit QInterfaceEditor(QObject* parent = nullptr);
 
     virtual QInterfaceEditors id() const = 0;
@@ -94,6 +103,8 @@ public:
     virtual void cut() {}
     virtual void copy() {}
     virtual void paste() {}
+    /// Runs a find command on what the editor shows.
+    virtual void find(FindCommand) {}
 
     bool isActive() const { return m_active; }
 

@@ -19,7 +19,8 @@ bool create(const QString& programDir)
     const QDir bin(qEnvironmentVariable("PF_BIN_DIR"));
     const QDir program(programDir);
     for (const char* name :
-        { "syntax_mugen.xml", "syntax_lua.xml", "iconsets", "styles", "colorsets", "presets", "languages" }) {
+        { "syntax_mugen.xml", "syntax_lua.xml", "iconsets", "styles", "colorsets", "presets", "languages",
+          "sctrls", "snippets" }) {
         if (!QFile::link(bin.absoluteFilePath(QLatin1String(name)), program.filePath(QLatin1String(name))))
             return false;
     }

@@ -1,7 +1,7 @@
 // The text editors in the real main window, as an author works in them on
 // kfm: a misspelled controller shows in the error list, under the text and in
 // the margin; "type = " completes to a controller; sections fold; a trigger
-// is replaced in every state file and the replace undone. With PF_SHOT_DIR
+// is replaced in every state file of a copy of kfm and the replace undone. With PF_SHOT_DIR
 // set, the window is also saved as a picture at those moments.
 #include "app/mainwindow.h"
 #include "interface/dialogs/errordlg.h"
@@ -9,6 +9,7 @@
 #include "interface/qclickablelabel.h"
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextoutline.h"
+#include "managers/qactionmanager.h"
 #include "interface/workspaces/qtextview.h"
 #include "model/qproject.h"
 #include "qrecordingprompt.h"
@@ -23,6 +24,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTextBlock>
@@ -34,6 +36,7 @@ class TestTextEditorWindow : public QObject
     Q_OBJECT
 
     QTemporaryDir m_programDir;
+    QTemporaryDir m_work; ///< a copy of kfm the replace may change
     QRecordingPrompt* m_prompt = nullptr;
     MainWindow* m_window = nullptr;
 
@@ -53,9 +56,9 @@ class TestTextEditorWindow : public QObject
         QVERIFY(screenshots::save(picture, name + QStringLiteral(".png")));
     }
 
-    void openKfmStates()
+    void openKfmStates(const QString& def = realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def"))
     {
-        QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
+        QVERIFY(intf->openProject(def));
         intf->switchEditor(ieStates);
         QVERIFY(intf->currentProject()->statesCount() >= 1);
         QCOMPARE(view()->document(), intf->currentProject()->states(0)->document());
@@ -166,7 +169,11 @@ private slots:
 
     void replacesATriggerInEveryStateFileAndUndoes()
     {
-        openKfmStates();
+        // On a copy: the replace is real text editing of the author's files.
+        const QDir source(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm"));
+        for (const QString& name : source.entryList({QStringLiteral("kfm.*")}, QDir::Files))
+            QVERIFY(QFile::copy(source.filePath(name), m_work.filePath(name)));
+        openKfmStates(m_work.filePath(QStringLiteral("kfm.def")));
         QProject* kfm = intf->currentProject();
         QStringList before;
         for (int i = 0; i < kfm->statesCount(); ++i)
@@ -174,13 +181,12 @@ private slots:
 
         FindDlgMlt* find = m_window->findChild<FindDlgMlt*>();
         QVERIFY(find);
-        // The workspace's Ctrl+Shift+F opens it.
-        const QKeySequence keys(Qt::CTRL | Qt::SHIFT | Qt::Key_F);
-        QWidget* workspace = m_window->findChild<QWidget*>(QStringLiteral("textWorkspace"));
-        for (QAction* action : workspace->actions()) {
-            if (action->shortcut() == keys)
-                action->trigger();
-        }
+        // The Edit menu's "Find and replace in all files" (Ctrl+Shift+F) opens it.
+        QAction* findInFiles = intf->actions()->fromName(QStringLiteral("edit_find_replace_multi"));
+        QVERIFY(findInFiles);
+        QCOMPARE(intf->actions()->shortcut(findInFiles), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
+        QVERIFY(m_window->findChild<QMenu*>(QStringLiteral("menuEdit"))->actions().contains(findInFiles));
+        findInFiles->trigger();
         QVERIFY(find->isVisible());
         find->findField()->setText(QStringLiteral("AnimTime"));
         find->replaceField()->setText(QStringLiteral("AnimElemTime(1)"));

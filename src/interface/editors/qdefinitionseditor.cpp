@@ -5,7 +5,28 @@
 
 #include "util/qpathresolver.h"
 
+#include "interface/qinterface.h"
+#include "syntax/qmugensyntaxhierarchy.h"
+#include "syntax/qsyntaxtexteditor.h"
+
+#include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextCursor>
+
+namespace {
+
+/// A "key = file" line of [Files] that names one of the editors' files.
+const QRegularExpression& fileLine()
+{
+    static const QRegularExpression line(
+        QStringLiteral("^\\s*(sprite|anim|cmd|sound|cns|st\\d*|stcommon)\\s*=\\s*([^;\\s][^;]*?)\\s*(;|$)"),
+        QRegularExpression::CaseInsensitiveOption);
+    return line;
+}
+
+} // namespace
 
 int QDefinitionsEditor::documentCount() const
 {
@@ -63,4 +84,45 @@ QString QDefinitionsEditor::panelNote() const
     if (note.contains(tr("not here")))
         note += QStringLiteral("<p><i>%1</i></p>").arg(tr("\"not here\": the engine also looks in its data folder."));
     return note;
+}
+
+QString QDefinitionsEditor::linkAt(const QTextCursor& cursor) const
+{
+    const QRegularExpressionMatch match = fileLine().match(cursor.block().text());
+    const int column = cursor.positionInBlock();
+    if (!match.hasMatch() || column < match.capturedStart(2) || column > match.capturedEnd(2))
+        return QString();
+    // Only the lines of [Files] name the project's files.
+    for (QTextBlock block = cursor.block().previous(); block.isValid(); block = block.previous()) {
+        const QString group = QMugenSyntaxHierarchy::groupName(block.text());
+        if (!group.isNull())
+            return group.compare(QLatin1String("files"), Qt::CaseInsensitive) == 0 ? match.captured(1).toLower()
+                                                                                  : QString();
+    }
+    return QString();
+}
+
+void QDefinitionsEditor::openLink(const QString& key)
+{
+    if (!intf || !project())
+        return;
+    if (key == QLatin1String("sprite")) {
+        intf->switchEditor(ieSprites);
+    } else if (key == QLatin1String("anim")) {
+        intf->switchEditor(ieAnimations);
+    } else if (key == QLatin1String("cmd")) {
+        intf->switchEditor(ieCommands);
+    } else if (key == QLatin1String("sound")) {
+        intf->switchEditor(ieSounds);
+    } else if (key.startsWith(QLatin1String("st")) || key == QLatin1String("cns")) {
+        // The state file the line names, by where it lies; the common one follows the project's own.
+        const QString named = project()->definitions()->findValue(QStringLiteral("Files"), key);
+        const QString path = resolvePath(project()->definitions()->baseDirectory(), QString(named).remove(QLatin1Char('"'))).path;
+        int index = project()->statesCount();
+        for (int i = 0; i < project()->statesCount(); ++i) {
+            if (QFileInfo(project()->states(i)->fileName()) == QFileInfo(path))
+                index = i;
+        }
+        intf->navigateTo(pftStates, index, 0, 0);
+    }
 }

@@ -2,7 +2,11 @@
 
 #include "qtextdocumenteditor.h"
 
-/// The text of the project's DEF, the file that says what the project is.
+/**
+ * The text of the project's DEF, the file that says what the project is.
+ * The files it names are links: Ctrl+click on a name opens the editor of
+ * that file (the state file itself among several).
+ */
 class QDefinitionsEditor : public QTextDocumentEditor
 {
     Q_OBJECT
@@ -23,4 +27,7 @@ protected:
     QProjectFile* projectFileAt(int index) const override;
     QString panelNote() const override;
     void retranslate() override { refreshList(); }
+    /// The key of a [Files] line ("sprite", "st2"...) when the cursor is on its file name.
+    QString linkAt(const QTextCursor& cursor) const override;
+    void openLink(const QString& key) override;
 };

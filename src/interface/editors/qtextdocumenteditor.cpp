@@ -1,14 +1,26 @@
 #include "qtextdocumenteditor.h"
 
+#include "interface/dialogs/finddlgmlt.h"
+#include "interface/qinterface.h"
+#include "interface/qquickfind.h"
 #include "interface/workspaces/qtextoutline.h"
 #include "interface/workspaces/qtextundostack.h"
 #include "interface/workspaces/qtextview.h"
 #include "interface/workspaces/qtextworkspace.h"
+#include "managers/gui/qtoolbaritems.h"
+#include "managers/qactionmanager.h"
+#include "managers/qsctrlmanager.h"
+#include "managers/qsnippetmanager.h"
 #include "model/qprojectfile.h"
 #include "syntax/qsyntaxtexteditor.h"
 
+#include <QAction>
+#include <QCursor>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QTabBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QVBoxLayout>
@@ -22,8 +34,30 @@ QTextDocumentEditor::QTextDocumentEditor(QTextWorkspace* workspace, QObject* par
     connect(&m_checkTimer, &QTimer::timeout, this, &QTextDocumentEditor::checkCurrent);
 }
 
-void QTextDocumentEditor::initialized(QToolBarItems*, QWidget* leftPage)
+QAction* QTextDocumentEditor::addToolAction(QToolBarItems* items, const QString& name, const char* text)
 {
+    QAction* action = intf->actions()->add({int(id())}, name, text);
+    items->addAction(action);
+    return action;
+}
+
+void QTextDocumentEditor::initialized(QToolBarItems* items, QWidget* leftPage)
+{
+    if (intf && items && !snippetKind().isEmpty()) {
+        // The snippets and the controller templates, each a menu on the tool bar.
+        for (const bool controllers : {false, true}) {
+            QAction* insert = controllers
+                ? addToolAction(items, name() + QStringLiteral("_controller"), QT_TRANSLATE_NOOP("QActionManager", "Insert controller"))
+                : addToolAction(items, name() + QStringLiteral("_snippet"), QT_TRANSLATE_NOOP("QActionManager", "Insert snippet"));
+            auto* menu = new QMenu;
+            menu->setObjectName(insert->objectName() + QStringLiteral("Menu"));
+            connect(this, &QObject::destroyed, menu, &QObject::deleteLater);
+            connect(menu, &QMenu::aboutToShow, this, [this, menu, controllers] { fillInsertMenu(menu, controllers); });
+            insert->setMenu(menu);
+            connect(insert, &QAction::triggered, menu, [menu] { menu->popup(QCursor::pos()); });
+        }
+    }
+
     auto* layout = new QVBoxLayout(leftPage);
     layout->setContentsMargins(4, 4, 4, 4);
     m_list = new QListWidget(leftPage);
@@ -86,12 +120,95 @@ void QTextDocumentEditor::refreshList()
     m_list->setFixedHeight(rows * qMax(18, m_list->sizeHintForRow(0)) + 2 * m_list->frameWidth() + 4);
     m_note->setText(panelNote());
     m_note->setVisible(!m_note->text().isEmpty());
+    refreshTabs();
+}
+
+void QTextDocumentEditor::fillInsertMenu(QMenu* menu, bool controllers)
+{
+    menu->clear();
+    QTextView* view = m_workspace->view();
+    const bool editable = m_shown && !view->isReadOnly();
+    if (controllers) {
+        if (!sctrlsMan)
+            return;
+        for (const QString& controller : sctrlsMan->controllers()) {
+            QAction* action = menu->addAction(controller);
+            action->setToolTip(sctrlsMan->description(controller));
+            action->setEnabled(editable);
+            connect(action, &QAction::triggered, view, [view, controller] { view->insertController(controller); });
+        }
+    } else if (snipMan) {
+        for (const QSnippetManager::Snippet& snippet : snipMan->snippetsFor(snippetKind())) {
+            QAction* action = menu->addAction(snippet.title);
+            action->setToolTip(snippet.description);
+            action->setEnabled(editable);
+            const QString text = snippet.text;
+            connect(action, &QAction::triggered, view, [view, text] { view->insertSnippet(text); });
+        }
+    }
+    menu->setToolTipsVisible(true);
+    if (menu->isEmpty())
+        menu->addAction(tr("(none)"))->setEnabled(false);
+}
+
+void QTextDocumentEditor::find(FindCommand command)
+{
+    QQuickFind* bar = m_workspace->quickFind();
+    switch (command) {
+    case FindStart:
+        bar->start();
+        break;
+    case FindReplace:
+        bar->start();
+        bar->replaceField()->setFocus();
+        break;
+    case FindNext:
+    case FindPrevious:
+        if (bar->findField()->text().isEmpty())
+            bar->start();
+        else
+            bar->findNext(command == FindPrevious);
+        break;
+    case FindInFiles:
+        m_workspace->findInFiles()->show();
+        m_workspace->findInFiles()->raise();
+        m_workspace->findInFiles()->findField()->setFocus();
+        break;
+    }
+}
+
+void QTextDocumentEditor::refreshTabs()
+{
+    if (!isActive())
+        return;
+    QTabBar* tabs = m_workspace->tabs();
+    const QSignalBlocker blocker(tabs);
+    while (tabs->count() > documentCount())
+        tabs->removeTab(tabs->count() - 1);
+    for (int i = 0; i < documentCount(); ++i) {
+        QTextDocument* document = documentAt(i);
+        const QString title = documentTitle(i) + (document && document->isModified() ? QStringLiteral("*") : QString());
+        if (i < tabs->count())
+            tabs->setTabText(i, title);
+        else
+            tabs->addTab(title);
+    }
+    tabs->setCurrentIndex(m_current);
+    tabs->setVisible(documentCount() > 1 || (alwaysTabs() && documentCount() > 0));
 }
 
 void QTextDocumentEditor::activate(bool switched)
 {
     QInterfaceEditor::activate(switched);
     if (switched) {
+        disconnect(m_tabsConnection);
+        m_tabsConnection = connect(m_workspace->tabs(), &QTabBar::currentChanged, this, [this](int index) {
+            if (index != m_current)
+                showDocument(index);
+        });
+        disconnect(m_linkConnection);
+        m_linkConnection = connect(m_workspace->view(), &QTextView::linkActivated, this, &QTextDocumentEditor::openLink);
+        m_workspace->view()->setLinkFinder([this](const QTextCursor& cursor) { return linkAt(cursor); });
         showDocument(m_current < 0 && documentCount() > 0 ? 0 : m_current);
         if (m_note) // the files may have changed while the editor was away
             m_note->setText(panelNote());
@@ -101,6 +218,9 @@ void QTextDocumentEditor::activate(bool switched)
 void QTextDocumentEditor::deactivate()
 {
     QInterfaceEditor::deactivate();
+    disconnect(m_tabsConnection);
+    disconnect(m_linkConnection);
+    m_workspace->view()->setLinkFinder(nullptr);
     if (m_checkTimer.isActive()) { // the author's last edit is still checked
         m_checkTimer.stop();
         checkCurrent();
@@ -120,8 +240,11 @@ void QTextDocumentEditor::showDocument(int index)
         stackOf(document); // from its first edit on
         connect(document, &QTextDocument::contentsChanged, this, &QTextDocumentEditor::documentEdited);
         connect(document, &QTextDocument::modificationChanged, this, &QInterfaceEditor::modifiedChanged);
+        connect(document, &QTextDocument::modificationChanged, this, &QTextDocumentEditor::refreshTabs);
     }
     m_workspace->view()->showDocument(document, !projectFileAt(m_current));
+    m_workspace->view()->setSnippetKind(snippetKind());
+    refreshTabs();
     if (m_outline)
         m_outline->setTextDocument(document);
     if (m_list) {

@@ -6,13 +6,17 @@
 #include <QPointer>
 #include <QTimer>
 
+class QAction;
 class QLabel;
+class QMenu;
 class QListWidget;
 class QProjectFile;
 class QTextDocument;
+class QTextCursor;
 class QTextOutline;
 class QTextUndoStack;
 class QTextWorkspace;
+class QToolBarItems;
 
 /**
  * Base of the editors of text files: they show one of their documents in
@@ -44,6 +48,7 @@ public:
     void cut() override;
     void copy() override;
     void paste() override;
+    void find(FindCommand command) override;
 
     /// The document shown now; -1 when there is none.
     int currentDocument() const { return m_current; }
@@ -58,12 +63,27 @@ protected:
     /// Rich text shown under the list of documents: what the author should
     /// know about them. Empty hides it.
     virtual QString panelNote() const { return QString(); }
+    /// The kind of snippets its texts take ("states", "commands"); empty offers none.
+    virtual QString snippetKind() const { return QString(); }
+    /// What the place of the shown text links to (a key the editor understands); empty for nothing.
+    virtual QString linkAt(const QTextCursor&) const { return QString(); }
+    /// Follows a link that linkAt() gave, Ctrl+clicked by the author.
+    virtual void openLink(const QString&) {}
+    /// Whether the files show as tabs over the text even when there is only one.
+    virtual bool alwaysTabs() const { return false; }
     /// Rebuilds the list of documents (after the project or its files changed).
     void refreshList();
+    QTextWorkspace* textWorkspace() const { return m_workspace; }
+    /// An action of the editor's tool bar, in the window's list of actions
+    /// (so named for its icon and its keys); `text` is untranslated, context "QActionManager".
+    QAction* addToolAction(QToolBarItems* items, const QString& name, const char* text);
 
     QProject* project() const { return m_project; }
 
 private:
+    void refreshTabs();
+    /// Fills a tool-bar action's menu with the snippets (and controllers) the shown text takes.
+    void fillInsertMenu(QMenu* menu, bool controllers);
     void documentEdited();
     void checkCurrent();
     QTextUndoStack* stackOf(QTextDocument* document) const;
@@ -77,4 +97,6 @@ private:
     QPointer<QTextDocument> m_shown;
     mutable QHash<QTextDocument*, QTextUndoStack*> m_stacks;
     QTimer m_checkTimer;
+    QMetaObject::Connection m_tabsConnection; ///< while the editor is in front
+    QMetaObject::Connection m_linkConnection; ///< likewise
 };

@@ -1,11 +1,13 @@
 #include "qtextview.h"
 
 #include "managers/qsctrlmanager.h"
+#include "managers/qsnippetmanager.h"
 
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPlainTextDocumentLayout>
 #include <QRegularExpression>
 #include <QTextBlock>
@@ -62,6 +64,16 @@ void QTextView::contextMenuEvent(QContextMenuEvent* event)
     const QList<QAction*> actions = menu->actions();
     for (int i = 0; i < 2 && i < actions.size(); ++i)
         menu->removeAction(actions.at(i));
+    if (!isReadOnly() && snipMan && !m_snippetKind.isEmpty()) {
+        QMenu* insert = menu->addMenu(tr("Insert snippet"));
+        insert->setToolTipsVisible(true);
+        for (const QSnippetManager::Snippet& snippet : snipMan->snippetsFor(m_snippetKind)) {
+            QAction* action = insert->addAction(snippet.title);
+            action->setToolTip(snippet.description);
+            const QString text = snippet.text;
+            connect(action, &QAction::triggered, this, [this, text] { insertSnippet(text); });
+        }
+    }
     if (!isReadOnly() && sctrlsMan && !sctrlsMan->controllers().isEmpty()) {
         QMenu* insert = menu->addMenu(tr("Insert controller"));
         for (const QString& name : sctrlsMan->controllers()) {
@@ -72,6 +84,29 @@ void QTextView::contextMenuEvent(QContextMenuEvent* event)
     }
     menu->exec(event->globalPos());
     delete menu;
+}
+
+QString QTextView::linkAt(const QPoint& pos) const
+{
+    return m_linkFinder ? m_linkFinder(cursorForPosition(pos)) : QString();
+}
+
+void QTextView::mouseMoveEvent(QMouseEvent* event)
+{
+    QTextEditor::mouseMoveEvent(event);
+    // With Ctrl held, a link shows the hand, as in a browser.
+    const bool link = (event->modifiers() & Qt::ControlModifier) && !linkAt(event->position().toPoint()).isEmpty();
+    viewport()->setCursor(link ? Qt::PointingHandCursor : Qt::IBeamCursor);
+}
+
+void QTextView::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTextEditor::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton || !(event->modifiers() & Qt::ControlModifier) || textCursor().hasSelection())
+        return;
+    const QString target = linkAt(event->position().toPoint());
+    if (!target.isEmpty())
+        emit linkActivated(target);
 }
 
 void QTextView::insertController(const QString& name)
@@ -87,8 +122,17 @@ void QTextView::insertController(const QString& name)
             break;
         }
     }
+    insertSnippet(sctrlsMan->templateFor(name, state));
+}
+
+void QTextView::insertSnippet(const QString& text)
+{
+    // Whole lines go in above the cursor's line, so a section is never split.
     QTextCursor cursor = textCursor();
+    cursor.clearSelection();
     cursor.movePosition(QTextCursor::StartOfBlock);
-    cursor.insertText(sctrlsMan->templateFor(name, state));
+    cursor.beginEditBlock();
+    cursor.insertText(text);
+    cursor.endEditBlock();
     setTextCursor(cursor);
 }

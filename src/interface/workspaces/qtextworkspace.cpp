@@ -6,20 +6,21 @@
 #include "managers/qcolorsetmanager.h"
 #include "managers/qconfigmanager.h"
 #include "managers/qfilewatchermanager.h"
-#include "managers/qprogramdirectory.h"
 #include "managers/qsctrlmanager.h"
 #include "qtextcompletions.h"
 #include "model/qdefinitions.h"
+#include "model/qcommands.h"
 #include "model/qproject.h"
 #include "qtextview.h"
 
-#include <QAction>
 #include <QFont>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 QTextWorkspace::QTextWorkspace(QObject* parent)
     : QInterfaceWorkspace(parent)
     , m_widget(new QWidget)
+    , m_tabs(new QTabBar(m_widget))
     , m_view(new QTextView(m_widget))
     , m_quickFind(new QQuickFind(m_view, m_widget))
     , m_findInFiles(new FindDlgMlt(m_widget))
@@ -28,47 +29,28 @@ QTextWorkspace::QTextWorkspace(QObject* parent)
     auto* layout = new QVBoxLayout(m_widget);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    m_tabs->setObjectName(QStringLiteral("textTabs"));
+    m_tabs->setDocumentMode(true);
+    m_tabs->setExpanding(false);
+    m_tabs->setUsesScrollButtons(true);
+    m_tabs->hide();
+    layout->addWidget(m_tabs);
     layout->addWidget(m_view, 1);
     layout->addWidget(m_quickFind);
     m_quickFind->hide();
 
-    auto* find = new QAction(m_widget);
-    find->setShortcut(QKeySequence::Find);
-    find->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(find, &QAction::triggered, m_quickFind, &QQuickFind::start);
-    auto* findInFiles = new QAction(m_widget);
-    findInFiles->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F));
-    findInFiles->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(findInFiles, &QAction::triggered, m_findInFiles, [this] {
-        m_findInFiles->show();
-        m_findInFiles->raise();
-    });
-    m_widget->addActions({find, findInFiles});
     connect(m_findInFiles, &FindDlgMlt::navigate, this, [](int file, int fileIndex, int column, int line) {
         if (intf)
             intf->navigateTo(QProjectFileType(file), fileIndex, column, line);
     });
-    // The window makes the templates' manager; a workspace without one (in a
-    // test, say) reads the folder itself.
-    if (!sctrlsMan) {
-        m_sctrls = std::make_unique<QSCtrlManager>(programDirectory() + QStringLiteral("/sctrls"));
-        sctrlsMan = m_sctrls.get();
-    }
-    if (!watchMan) {
-        m_watcher = std::make_unique<QFileWatcherManager>();
-        watchMan = m_watcher.get();
-    }
-    QTextCompletions::setSpelling(sctrlsMan->triggerSpellings());
+    if (sctrlsMan)
+        QTextCompletions::setSpelling(sctrlsMan->triggerSpellings());
     m_view->setDescriber([](const QString& word) { return sctrlsMan ? sctrlsMan->description(word) : QString(); });
     reconfig();
 }
 
 QTextWorkspace::~QTextWorkspace()
 {
-    if (sctrlsMan == m_sctrls.get())
-        sctrlsMan = nullptr;
-    if (watchMan == m_watcher.get())
-        watchMan = nullptr;
     // The page belongs to the window's workspace stack once shown there.
     if (!m_widget->parent())
         delete m_widget;
@@ -86,10 +68,13 @@ void QTextWorkspace::setProject(QProject* project)
     QList<QSyntaxTextEditor*> texts;
     if (project) {
         texts.append(project->definitions());
+        texts.append(project->commands());
+        texts.append(project->animationText());
         for (int i = 0; i < project->statesCount(); ++i)
             texts.append(project->states(i));
     }
-    watchMan->watchOnly(texts);
+    if (watchMan)
+        watchMan->watchOnly(texts);
 }
 
 void QTextWorkspace::reconfig()

@@ -2,18 +2,16 @@
 
 #include "interface/qinterfaceworkspace.h"
 
-#include <memory>
-
 class FindDlgMlt;
 class QQuickFind;
-class QFileWatcherManager;
-class QSCtrlManager;
+class QTabBar;
 class QTextView;
 
 /**
  * The workspace of every text file: one text view that the text editors
- * fill, with the find bar under it (Ctrl+F) and the find and replace across
- * the project's files (Ctrl+Shift+F).
+ * fill, the tabs of the current editor's files above it, the find bar under
+ * it and the find and replace across the project's files. The window's Edit
+ * menu opens both finds.
  */
 class QTextWorkspace : public QInterfaceWorkspace
 {
@@ -29,14 +27,15 @@ public:
     void reconfig() override;
 
     QTextView* view() const { return m_view; }
+    /// The files of the current editor, one tab each; hidden for an editor of one file.
+    QTabBar* tabs() const { return m_tabs; }
     QQuickFind* quickFind() const { return m_quickFind; }
     FindDlgMlt* findInFiles() const { return m_findInFiles; }
 
 private:
     QWidget* m_widget;
+    QTabBar* m_tabs;
     QTextView* m_view;
     QQuickFind* m_quickFind;
     FindDlgMlt* m_findInFiles;
-    std::unique_ptr<QSCtrlManager> m_sctrls; ///< only while the window made none
-    std::unique_ptr<QFileWatcherManager> m_watcher; ///< likewise
 };
