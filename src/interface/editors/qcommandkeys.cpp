@@ -63,50 +63,63 @@ QStringList imagesOf(const QCommandElement& step)
     return images;
 }
 
-QPixmap draw(const QList<QCommandElement>& steps, int height)
+QPixmap draw(const QList<QCommandElement>& steps, int height, int maxWidth)
 {
     const int key = height;
     const int tag = height * 20 / 32;
     const int gap = qMax(2, height / 8);
-    const int stepGap = qMax(6, height / 3);
+    const int stepGap = qMax(8, height / 2);
+    const int rowGap = qMax(3, height / 5);
     QFont timeFont;
-    timeFont.setPixelSize(qMax(8, height * 3 / 8));
+    timeFont.setPixelSize(qMax(8, height / 2));
     timeFont.setBold(true);
+    const QFontMetrics metrics(timeFont);
+    const auto timeText = [](const QCommandElement& step) { return QString::number(step.time); };
 
-    // Measure first, so the picture is exactly as wide as the sequence.
+    // Lay the steps out first, so the picture is exactly as big as the sequence.
     QList<QStringList> images;
+    QList<QPoint> origins;
+    int x = 0;
+    int y = 0;
     int width = 0;
     for (const QCommandElement& step : steps) {
         images.append(imagesOf(step));
+        int stepWidth = 0;
         for (const QString& image : images.last())
-            width += (isTag(image) ? tag : key) + gap;
-        if (step.time > 0)
-            width += QFontMetrics(timeFont).horizontalAdvance(QString::number(step.time)) + gap;
-        width += stepGap;
+            stepWidth += (isTag(image) ? tag : key) + gap;
+        if (step.time > 0 && (step.flags & QCommandElement::FlagRelease))
+            stepWidth += metrics.horizontalAdvance(timeText(step)) + gap;
+        if (maxWidth > 0 && x > 0 && x + stepWidth > maxWidth) {
+            x = 0;
+            y += height + rowGap;
+        }
+        origins.append(QPoint(x, y));
+        width = qMax(width, x + stepWidth - gap);
+        x += stepWidth + stepGap - gap;
     }
     const qreal ratio = 2.0; // sharp on high-density screens too
-    QPixmap picture(QSize(qMax(1, width), height) * ratio);
+    QPixmap picture(QSize(qMax(1, width), y + height) * ratio);
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(timeFont);
-    int x = 0;
     for (int i = 0; i < steps.size(); ++i) {
+        int left = origins.at(i).x();
+        const int top = origins.at(i).y();
         for (const QString& image : images.at(i)) {
             const int w = isTag(image) ? tag : key;
-            QIcon(image).paint(&painter, QRect(x, 0, w, height));
-            x += w + gap;
+            QIcon(image).paint(&painter, QRect(left, top, w, height));
+            left += w + gap;
             // The time of a release stands right behind its tag.
             if (image.endsWith(QLatin1String("mod_release.svg")) && steps.at(i).time > 0) {
-                const QString time = QString::number(steps.at(i).time);
-                const int tw = painter.fontMetrics().horizontalAdvance(time);
+                const QString time = timeText(steps.at(i));
+                const int tw = metrics.horizontalAdvance(time);
                 painter.setPen(QColor(0x7b, 0x1f, 0xa2));
-                painter.drawText(QRect(x - gap, 0, tw + gap, height), Qt::AlignCenter, time);
-                x += tw + gap;
+                painter.drawText(QRect(left, top, tw, height), Qt::AlignCenter, time);
+                left += tw + gap;
             }
         }
-        x += stepGap;
     }
     return picture;
 }

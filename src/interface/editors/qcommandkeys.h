@@ -18,7 +18,11 @@ namespace QCommandKeys {
 
 /// The images of one step, in drawing order (resource paths).
 QStringList imagesOf(const QCommandElement& step);
-/// The whole sequence drawn on one row `height` pixels high, transparent behind.
-QPixmap draw(const QList<QCommandElement>& steps, int height);
+/**
+ * The whole sequence drawn in rows of keys `height` pixels high, on a
+ * transparent ground. A sequence wider than `maxWidth` (0 for no limit)
+ * goes on in another row, breaking between steps only.
+ */
+QPixmap draw(const QList<QCommandElement>& steps, int height, int maxWidth = 0);
 
 } // namespace QCommandKeys

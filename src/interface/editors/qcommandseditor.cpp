@@ -11,6 +11,7 @@
 #include <QLayout>
 #include <QListWidget>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QStyledItemDelegate>
 #include <QTextDocument>
 
@@ -29,13 +30,14 @@ public:
         const QSize text = QStyledItemDelegate::sizeHint(option, index);
         const QPixmap keys = index.data(KeysRole).value<QPixmap>();
         const int width = qMax(text.width(), int(keys.width() / keys.devicePixelRatio()) + 8);
-        return QSize(width, text.height() + QCommandsEditor::keyHeight + 8);
+        return QSize(width, text.height() + int(keys.height() / keys.devicePixelRatio()) + 8);
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
+        const QPixmap keys = index.data(KeysRole).value<QPixmap>();
         QStyleOptionViewItem top(option);
-        top.rect.setHeight(option.rect.height() - QCommandsEditor::keyHeight - 6);
+        top.rect.setHeight(option.rect.height() - int(keys.height() / keys.devicePixelRatio()) - 6);
         // The selection spans the whole row, keys included.
         QStyleOptionViewItem whole(option);
         initStyleOption(&whole, index);
@@ -43,8 +45,10 @@ public:
         option.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &whole, painter, option.widget);
         top.font.setBold(true);
         QStyledItemDelegate::paint(painter, top, index);
-        const QPixmap keys = index.data(KeysRole).value<QPixmap>();
-        painter->drawPixmap(option.rect.left() + 6, option.rect.bottom() - QCommandsEditor::keyHeight - 3, keys);
+        painter->drawPixmap(option.rect.left() + 6, top.rect.bottom() + 2, keys);
+        // A faint rule between commands keeps each name with its keys.
+        painter->setPen(option.palette.color(QPalette::Mid));
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     }
 };
 
@@ -68,11 +72,17 @@ void QCommandsEditor::initialized(QToolBarItems* items, QWidget* leftPage)
     m_commands = new QListWidget(leftPage);
     m_commands->setObjectName(QStringLiteral("commandsList"));
     m_commands->setItemDelegate(new CommandDelegate(m_commands));
-    m_commands->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    m_commands->setMouseTracking(true);
+    // Long sequences wrap to the list's width rather than scroll.
+    m_commands->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_commands->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_commands->setUniformItemSizes(false);
+    m_commands->viewport()->installEventFilter(this);
     leftPage->layout()->addWidget(m_commands);
-    if (auto* box = qobject_cast<QBoxLayout*>(leftPage->layout()))
-        box->setStretchFactor(m_commands, 3);
+    if (auto* box = qobject_cast<QBoxLayout*>(leftPage->layout())) {
+        for (int i = 0; i < box->count(); ++i)
+            box->setStretch(i, 0);
+        box->setStretchFactor(m_commands, 1);
+    }
     connect(m_commands, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
         navigateTo(0, 0, item->data(LineRole).toInt());
     });
@@ -106,6 +116,7 @@ void QCommandsEditor::refreshCommands()
     QCommands* commands = project() ? project()->commands() : nullptr;
     if (!commands)
         return;
+    const int width = qMax(keyHeight * 4, m_commands->viewport()->width() - 14);
     for (int i = 0; i < commands->count(); ++i) {
         const QCommand* command = commands->at(i);
         const auto* sequence = static_cast<const QCommandParam*>(
@@ -116,11 +127,20 @@ void QCommandsEditor::refreshCommands()
         auto* item = new QListWidgetItem(name.isEmpty() ? tr("(no name)") : name, m_commands);
         item->setData(LineRole, command->line());
         if (sequence) {
-            item->setData(KeysRole, QCommandKeys::draw(sequence->elements(), keyHeight));
+            item->setData(KeysRole, QCommandKeys::draw(sequence->elements(), keyHeight, width));
             item->setToolTip(tr("command = %1\nLine %2").arg(sequence->toString()).arg(command->line() + 1));
         }
     }
     m_commands->setCurrentRow(qMin(scroll, m_commands->count() - 1));
+}
+
+bool QCommandsEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    // A wider or narrower list wraps the keys anew.
+    if (m_commands && watched == m_commands->viewport() && event->type() == QEvent::Resize
+        && static_cast<QResizeEvent*>(event)->oldSize().width() != static_cast<QResizeEvent*>(event)->size().width())
+        m_refresh.start();
+    return QTextDocumentEditor::eventFilter(watched, event);
 }
 
 int QCommandsEditor::documentCount() const

@@ -16,7 +16,7 @@ class QCommandsEditor : public QTextDocumentEditor
 {
     Q_OBJECT
 public:
-    static constexpr int keyHeight = 22;
+    static constexpr int keyHeight = 20;
 
     explicit QCommandsEditor(QTextWorkspace* workspace, QObject* parent = nullptr);
 
@@ -37,6 +37,7 @@ public:
     void refreshCommands();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     int documentCount() const override;
     QTextDocument* documentAt(int index) const override;
     QString documentTitle(int index) const override;

@@ -118,6 +118,7 @@ void QTextDocumentEditor::refreshList()
     // The list takes the room of its rows, the note the rest.
     const int rows = qMax(1, qMin(documentCount(), 12));
     m_list->setFixedHeight(rows * qMax(18, m_list->sizeHintForRow(0)) + 2 * m_list->frameWidth() + 4);
+    m_list->setVisible(!alwaysTabs()); // the tabs over the text list the files then
     m_note->setText(panelNote());
     m_note->setVisible(!m_note->text().isEmpty());
     refreshTabs();

@@ -471,12 +471,12 @@ void QTextEditor::complete()
         popup->hide();
         return;
     }
-    popup->setCurrentIndex(m_completer->completionModel()->index(0, 0));
-    if (popup->isVisible())
-        return; // the open list follows the prefix by itself
+    // Shown again on each key, so the list shrinks to the words still offered.
     QRect rect = cursorRect();
     rect.setWidth(popup->sizeHintForColumn(0) + popup->verticalScrollBar()->sizeHint().width() + 8);
+    rect.setHeight(rect.height() + 3); // the list leaves the line's underline in sight
     m_completer->complete(rect);
+    popup->setCurrentIndex(m_completer->completionModel()->index(0, 0));
 }
 
 void QTextEditor::insertCompletion(const QString& completion)
