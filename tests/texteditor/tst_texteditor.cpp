@@ -5,6 +5,8 @@
 #include "interface/workspaces/qtextoutline.h"
 #include "text/qtextsearch.h"
 #include "managers/qsctrlmanager.h"
+#include "managers/qsnippetmanager.h"
+#include "syntax/qluasyntaxhierarchy.h"
 #include "syntax/qmugensyntaxproperties.h"
 #include "syntax/qsyntaxprocessor.h"
 #include "interface/workspaces/qtextcompletions.h"
@@ -17,6 +19,7 @@
 #include <QCheckBox>
 #include <QCompleter>
 #include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTextBlock>
 #include <QToolTip>
 #include <QtTest>
@@ -373,6 +376,79 @@ private slots:
         QAbstractItemModel* offered = f.editor.completer()->completionModel();
         QCOMPARE(offered->index(0, 0).data().toString(), QStringLiteral("AnimElemTime"));
         QTextCompletions::setSpelling({});
+    }
+
+    void luaOutlineListsFunctions()
+    {
+        QTextDocument lua;
+        lua.setPlainText(QStringLiteral("-- a tool script\n"
+                                        "local helper = require(\"x\")\n"
+                                        "function main(project, arg)\n"
+                                        "  local function inner(a)\n"
+                                        "    if a then return 1 elseif b then return 2 end\n"
+                                        "    for i = 1, 3 do print(i) end\n"
+                                        "  end\n"
+                                        "  return inner(1)\n"
+                                        "end\n"
+                                        "--[[\n"
+                                        "function commented()\n"
+                                        "end\n"
+                                        "]]\n"
+                                        "M.make = function(x,  y) return x end\n"
+                                        "local s = \"function notme()\"\n"
+                                        "function template() end\n"));
+        QLuaSyntaxHierarchy hierarchy(&lua);
+        hierarchy.update();
+        const QList<QLuaSyntaxHierarchy::Item> items = hierarchy.outline();
+        QStringList labels;
+        for (const QLuaSyntaxHierarchy::Item& item : items)
+            labels.append(QStringLiteral("%1@%2/%3").arg(item.label).arg(item.line).arg(item.level));
+        QCOMPARE(labels, (QStringList{QStringLiteral("main(project, arg)@2/0"), QStringLiteral("inner(a)@3/1"),
+                                      QStringLiteral("M.make(x, y)@13/0"), QStringLiteral("template()@15/0")}));
+
+        // The outline panel picks the Lua outline by the text, and nests as it does for states.
+        QTextOutline outline;
+        outline.setTextDocument(&lua);
+        QCOMPARE(outline.topLevelItemCount(), 3);
+        QCOMPARE(outline.topLevelItem(0)->child(0)->text(0), QStringLiteral("inner(a)"));
+    }
+
+    void snippetsCheckCleanWhereTheyBelong()
+    {
+        QSnippetManager snippets(nullptr, qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data/snippets"));
+        QVERIFY(snippets.snippetsFor(QStringLiteral("states")).size() >= 6);
+        QVERIFY(snippets.snippetsFor(QStringLiteral("commands")).size() >= 2);
+        for (const QSnippetManager::Snippet& snippet : snippets.snippets()) {
+            QVERIFY2(!snippet.description.isEmpty() && !snippet.kinds.isEmpty(), qPrintable(snippet.title));
+            QVERIFY2(snippet.text.endsWith(QLatin1Char('\n')), qPrintable(snippet.title));
+            for (const QString& kind : snippet.kinds) {
+                // In a file of its kind, under a state definition as an author would put it.
+                const bool commands = kind == QLatin1String("commands");
+                QSyntaxTextEditor text(nullptr, commands ? pftCommands : pftStates, false, engineVersion::v1_0, true);
+                const QString above = snippet.text.startsWith(QLatin1String("[State")) ? QStringLiteral("[Statedef -1]\n") : QString();
+                text.document()->setPlainText(above + snippet.text);
+                text.checkErrors();
+                QString found;
+                for (int i = 0; i < text.messages()->count(); ++i)
+                    found += QMessages::format(text.messages()->at(i)) + QLatin1Char('\n');
+                QVERIFY2(text.messages()->count(mtError) == 0, qPrintable(snippet.title + QStringLiteral(": ") + found));
+            }
+        }
+        // A file without a title line is no snippet; a missing folder gives none.
+        QTemporaryDir dir;
+        QFile plain(dir.filePath(QStringLiteral("plain.txt")));
+        QVERIFY(plain.open(QIODevice::WriteOnly));
+        plain.write("[State 0, x]\ntype = Null\n");
+        plain.close();
+        QFile good(dir.filePath(QStringLiteral("good.txt")));
+        QVERIFY(good.open(QIODevice::WriteOnly));
+        good.write("; Mine | Says hello | states\r\n[State 0, Hello]\r\ntype = Null");
+        good.close();
+        QSnippetManager mine(nullptr, dir.path());
+        QCOMPARE(mine.snippets().size(), 1);
+        QCOMPARE(mine.snippet(QStringLiteral("Mine")).text, QStringLiteral("[State 0, Hello]\ntype = Null\n"));
+        QVERIFY(mine.snippet(QStringLiteral("plain")).title.isNull());
+        QVERIFY(QSnippetManager(nullptr, dir.filePath(QStringLiteral("none"))).snippets().isEmpty());
     }
 
     void zoomsAndTellsFindings()

@@ -81,6 +81,8 @@ QString QDefinitionsEditor::panelNote() const
                            : QStringLiteral("<table cellspacing='4'>%1</table>").arg(rows);
     if (palettes > 0)
         note += QStringLiteral("<p>%1</p>").arg(tr("%n palette(s)", nullptr, palettes));
+    if (!rows.isEmpty())
+        note += QStringLiteral("<p>%1</p>").arg(tr("Ctrl+click a file's name in the text to open its editor."));
     if (note.contains(tr("not here")))
         note += QStringLiteral("<p><i>%1</i></p>").arg(tr("\"not here\": the engine also looks in its data folder."));
     return note;

@@ -1,9 +1,25 @@
 #include "qtextoutline.h"
 
+#include "syntax/qluasyntaxhierarchy.h"
 #include "syntax/qmugensyntaxhierarchy.h"
+#include "syntax/qsyntaxtexteditor.h"
 
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocument>
+
+namespace {
+
+/// Whether the text is Lua, told from its start as a file's language is.
+bool isLua(const QTextDocument* document)
+{
+    QString start;
+    for (QTextBlock block = document->begin(); block.isValid() && start.size() < 65536; block = block.next())
+        start += block.text() + QLatin1Char('\n');
+    return QSyntaxTextEditor::detectLanguage(start) == sptLua;
+}
+
+} // namespace
 
 QTextOutline::QTextOutline(QWidget* parent)
     : QTreeWidget(parent)
@@ -27,7 +43,9 @@ void QTextOutline::setTextDocument(QTextDocument* document)
     if (m_document)
         disconnect(m_document, nullptr, this, nullptr);
     m_document = document;
-    m_hierarchy.reset(document ? new QMugenSyntaxHierarchy(document) : nullptr);
+    const bool lua = document && isLua(document);
+    m_hierarchy.reset(document && !lua ? new QMugenSyntaxHierarchy(document) : nullptr);
+    m_lua.reset(lua ? new QLuaSyntaxHierarchy(document) : nullptr);
     if (document)
         connect(document, &QTextDocument::contentsChanged, &m_timer, qOverload<>(&QTimer::start));
     rebuild();
@@ -45,11 +63,14 @@ void QTextOutline::rebuild()
     const int scroll = verticalScrollBar()->value();
     setUpdatesEnabled(false);
     clear();
-    if (m_document && m_hierarchy) {
-        m_hierarchy->update();
+    if (m_document && (m_hierarchy || m_lua)) {
+        if (m_hierarchy)
+            m_hierarchy->update();
+        else
+            m_lua->update();
         QList<QTreeWidgetItem*> top;
         QTreeWidgetItem* parent = nullptr;
-        for (const QMugenSyntaxHierarchy::Item& entry : m_hierarchy->outline()) {
+        for (const QMugenSyntaxHierarchy::Item& entry : m_hierarchy ? m_hierarchy->outline() : m_lua->outline()) {
             auto* item = new QTreeWidgetItem(QStringList{entry.label});
             item->setData(0, Qt::UserRole, entry.line);
             item->setToolTip(0, tr("Line %1").arg(entry.line + 1));

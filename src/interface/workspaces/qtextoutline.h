@@ -6,12 +6,14 @@
 
 #include <memory>
 
+class QLuaSyntaxHierarchy;
 class QMugenSyntaxHierarchy;
 class QTextDocument;
 
 /**
  * The outline of the text shown: states under their state definitions, the
- * actions of an AIR, the commands of a CMD, the groups of a DEF. It follows
+ * actions of an AIR, the commands of a CMD, the groups of a DEF, and the
+ * functions of a Lua file. It follows
  * edits a moment after the author stops typing, rather than on every key,
  * and a click on an entry asks to jump to its line.
  */
@@ -35,5 +37,6 @@ signals:
 private:
     QPointer<QTextDocument> m_document;
     std::unique_ptr<QMugenSyntaxHierarchy> m_hierarchy;
+    std::unique_ptr<QLuaSyntaxHierarchy> m_lua; ///< instead, for a Lua file
     QTimer m_timer;
 };
