@@ -69,7 +69,6 @@ void QTextWorkspace::setProject(QProject* project)
     if (project) {
         texts.append(project->definitions());
         texts.append(project->commands());
-        texts.append(project->animationText());
         for (int i = 0; i < project->statesCount(); ++i)
             texts.append(project->states(i));
     }
