@@ -417,6 +417,10 @@ void TestEngineRun::backupsHoldEditsAndLoadOverTheRealFiles()
     // Loaded over the project with the models' names kept, a save writes the real files.
     QVERIFY(hero->open(newest, 0, false, true));
     QCOMPARE(hero->definitions()->fileName(), def);
+    // What came from the backup differs from the project's own files until
+    // saved, also where only changed files are saved.
+    QVERIFY(hero->definitions()->isModified());
+    QVERIFY(!hero->states(0)->isModified()); // the backup holds no state file
     QVERIFY(hero->save());
     QCOMPARE(kit::readBytes(def), saved);
     QCOMPARE(kit::readBytes(newest), saved);
