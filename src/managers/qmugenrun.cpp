@@ -317,7 +317,9 @@ int QMugenRun::exec()
     m_launcherWords.clear();
     if (!QFileInfo(m_executable).isFile() || !prepare())
         return -1;
-    if (!checkTargets() || !writeCopies(m_engineDir)) {
+    const bool written = checkTargets() && writeCopies(m_engineDir);
+    emit copiesWritten(written);
+    if (!written) {
         prompt().critical(tr("Run in M.U.G.E.N."), m_error);
         return -1;
     }

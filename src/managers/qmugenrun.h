@@ -87,6 +87,8 @@ public slots:
     void cancel();
 
 signals:
+    /// The copies are written, or failed to be (the run then ends at once).
+    void copiesWritten(bool written);
     /// The engine is running and its copies are in place.
     void started();
 
