@@ -206,10 +206,11 @@ void QInterface::fileRunMugen()
     connect(&run, &QMugenRun::copiesWritten, this, [&saving] { saving.reset(); });
     connect(&run, &QMugenRun::started, this,
         [this] { setStatusText(tr("M.U.G.E.N. is running; the copies go when it ends.")); });
+    // The editor is refreshed before the engine's faults are told.
+    connect(&run, &QMugenRun::finished, this, &QInterface::mugenFinished);
     m_run = &run;
-    const int exitCode = run.exec();
+    run.exec();
     m_run = nullptr;
-    mugenFinished(exitCode);
     // The engine's first fault in a text file of the current project: the author lands on its line.
     for (const QMugenLogError& error : run.logErrors()) {
         QProjectFileType file;
@@ -223,7 +224,8 @@ void QInterface::fileRunMugen()
 
 void QInterface::mugenFinished(int exitCode)
 {
-    setStatusText(exitCode < 0 ? QString() : tr("M.U.G.E.N. ended with the code %1.").arg(exitCode));
+    setStatusText(
+        exitCode < 0 ? tr("M.U.G.E.N. has ended.") : tr("M.U.G.E.N. ended with the code %1.").arg(exitCode));
     // The author may have edited on while the engine ran: the editor shows the project afresh.
     if (QInterfaceEditor* editor = m_editors.value(m_currentEditor)) {
         editor->deactivate();

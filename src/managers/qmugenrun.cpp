@@ -343,6 +343,7 @@ int QMugenRun::exec()
         prompt().critical(tr("Run in M.U.G.E.N."), m_error);
         return -1;
     }
+    emit finished(process.exitStatus() == QProcess::NormalExit && !m_cancelled ? process.exitCode() : -1);
     readLogs();
     if (m_cancelled)
         return -1;

@@ -91,6 +91,9 @@ signals:
     void copiesWritten(bool written);
     /// The engine is running and its copies are in place.
     void started();
+    /// The engine has ended and its copies are gone; -1 for a crash or a
+    /// cancelled run. What it logged is read after this.
+    void finished(int exitCode);
 
 private:
     struct LogStamp

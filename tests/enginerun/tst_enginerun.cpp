@@ -152,7 +152,12 @@ void TestEngineRun::characterCopiesHoldUnsavedEditsAndGoAfterTheRun()
     const QMap<QString, QByteArray> engineBefore = enginekit::snapshot(engineDir());
 
     QMugenRun run(executable(), QStringLiteral("%0 %0"), { hero });
+    bool copiesGoneAtTheEnd = false;
+    connect(&run, &QMugenRun::finished, this, [&](int exitCode) {
+        copiesGoneAtTheEnd = exitCode == 0 && !QFileInfo::exists(engineDir() + QStringLiteral("/chars/pf3_0"));
+    });
     QCOMPARE(run.exec(), 0);
+    QVERIFY(copiesGoneAtTheEnd);
     QVERIFY(prompt.entries().isEmpty());
 
     const enginekit::Record seen = enginekit::readRecord(record());
