@@ -133,7 +133,8 @@ private slots:
     void initTestCase()
     {
         // Run by CTest, which names the sources and the built data.
-        if (!QFileInfo::exists(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/samples/ember/ember.def"))
+        if (!QFileInfo::exists(
+                qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/samples/ember/ember.def"))
             || qEnvironmentVariableIsEmpty("PF_BIN_DIR"))
             QSKIP("PF_SOURCE_DIR and PF_BIN_DIR must name the sources and the build's bin folder");
         QDir().mkpath(programDir());
