@@ -108,9 +108,11 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     intf->fileCloseAll();
     // A save question answered with Cancel keeps a project, and the window.
-    if (intf->projectCount() < 2 && intf->project(0)->isEmpty())
+    if (intf->projectCount() < 2 && intf->project(0)->isEmpty()) {
+        // An engine still running goes with the window; the run removes its copies as it ends.
+        intf->cancelRun();
         QMainWindow::closeEvent(event);
-    else
+    } else
         event->ignore();
 }
 

@@ -81,6 +81,7 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
     initStatus();
     initMenus();
     initToolBars(layout);
+    initRunActions();
     initPanels();
     initWorkspace(layout);
 

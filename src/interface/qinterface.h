@@ -23,6 +23,7 @@ class QLabel;
 class QListView;
 class QMainWindow;
 class QMenu;
+class QMugenRun;
 class QPanelWidget;
 class QProject;
 class QStackedLayout;
@@ -110,7 +111,22 @@ public slots:
     void fileCloseAllCurr();
     void fileSave();
     void fileSaveAs();
+    /// Every fault of every file of the current project, in the non-modal error list.
     void fileCheck();
+    /// A dated copy of the current project, unsaved edits included, in "backup" beside its DEF.
+    void fileBackup();
+    /// Loads a backup chosen in BakDlg over the current project; a save then writes its own files.
+    void fileLoadBackup();
+    /**
+     * Tests the current project in an engine: picks the engine (MugRunDlg
+     * with several), writes the copies, starts it and waits with the window
+     * alive, then removes the copies. A second run while one is active is refused.
+     */
+    void fileRunMugen();
+    /// The engine of the run has ended and its copies are gone: the editor shows the project afresh.
+    void mugenFinished(int exitCode);
+    /// Ends the engine of an active run; its copies go as after any run.
+    void cancelRun();
     void editorNew();
     void editorOpen();
     void editorSave();
@@ -152,6 +168,8 @@ private:
     void initStatus();
     void initMenus();
     void initToolBars(QVBoxLayout* layout);
+    /// The actions of backups and engine runs, in the Project menu and on the main tool bar.
+    void initRunActions();
     void initPanels();
     void initWorkspace(QVBoxLayout* layout);
     void setupProject(QProject* project);
@@ -201,6 +219,7 @@ private:
     QInterfaceWorkspaces m_currentWorkspace = iwNone;
     QMap<QInterfaceWorkspaces, QInterfaceWorkspace*> m_workspaces;
     int m_projectCounter = 0;
+    QMugenRun* m_run = nullptr; ///< the engine run under way, if any
     QString m_baseTitle; ///< the window's title without a project
 };
 

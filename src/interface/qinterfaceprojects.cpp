@@ -262,14 +262,6 @@ void QInterface::fileSaveAs()
     updateEditorName();
 }
 
-void QInterface::fileCheck()
-{
-    if (m_project)
-        checkProject(m_project);
-    m_errorDlg->show();
-    m_errorDlg->raise();
-}
-
 QString QInterface::saveFileName(QProjectFileType file, const QString& path)
 {
     static const char* const filters[] = {

@@ -61,6 +61,9 @@ QVariant QMugenModel::data(const QModelIndex& index, int role) const
     const QMugenInfo& info = m_mugens.at(index.row());
     if (role == Qt::DisplayRole)
         return info.name;
+    // Two installations may share a name: the tip tells them apart.
+    if (role == Qt::ToolTipRole)
+        return tr("%1\nParameters: %2").arg(info.executable, info.parameters);
     if (role == Qt::DecorationRole)
         return QIcon(info.icon.isEmpty() ? QStringLiteral(":/imgs/Imgs/mugen.png") : info.icon);
     return QVariant();

@@ -317,7 +317,9 @@ int QMugenRun::exec()
     m_launcherWords.clear();
     if (!QFileInfo(m_executable).isFile() || !prepare())
         return -1;
-    if (!checkTargets() || !writeCopies(m_engineDir)) {
+    const bool written = checkTargets() && writeCopies(m_engineDir);
+    emit copiesWritten(written);
+    if (!written) {
         prompt().critical(tr("Run in M.U.G.E.N."), m_error);
         return -1;
     }
@@ -341,6 +343,7 @@ int QMugenRun::exec()
         prompt().critical(tr("Run in M.U.G.E.N."), m_error);
         return -1;
     }
+    emit finished(process.exitStatus() == QProcess::NormalExit && !m_cancelled ? process.exitCode() : -1);
     readLogs();
     if (m_cancelled)
         return -1;

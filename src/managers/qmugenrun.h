@@ -87,8 +87,13 @@ public slots:
     void cancel();
 
 signals:
+    /// The copies are written, or failed to be (the run then ends at once).
+    void copiesWritten(bool written);
     /// The engine is running and its copies are in place.
     void started();
+    /// The engine has ended and its copies are gone; -1 for a crash or a
+    /// cancelled run. What it logged is read after this.
+    void finished(int exitCode);
 
 private:
     struct LogStamp

@@ -189,6 +189,10 @@ bool QProject::open(const QString& fileName, unsigned int codec, bool backup, bo
             removeDir(run.backupDir);
         return false;
     }
+    // Read over the project from elsewhere (a backup), a file differs from the
+    // project's own until it is saved, also where only changed files are saved.
+    if (keepNames)
+        m_definitions->document()->setModified(true);
 
     run.files = m_definitions->files();
     run.maximum = uint(run.files.states.size()) + fixedFileSteps;
@@ -235,8 +239,8 @@ bool QProject::openSprites(OpenRun& run)
 {
     // A missing or unreadable SFF is no failure: the sprites stay empty.
     const QResolvedPath path = openFile(run, run.files.sprites);
-    if (path.exists)
-        m_sprites->fromFile(path.path, run.keepNames);
+    if (path.exists && m_sprites->fromFile(path.path, run.keepNames) && run.keepNames)
+        m_sprites->setModified(true);
     return step(run);
 }
 
@@ -246,16 +250,20 @@ bool QProject::openAnimations(OpenRun& run)
     if (type() != ptCharacter)
         return true;
     const QResolvedPath path = openFile(run, run.files.animations);
-    if (path.exists)
-        m_animations->fromFile(path.path, run.codec, run.keepNames);
+    if (path.exists && m_animations->fromFile(path.path, run.codec, run.keepNames) && run.keepNames)
+        m_animationText->document()->setModified(true);
     return step(run);
 }
 
 bool QProject::openSounds(OpenRun& run)
 {
     const QResolvedPath path = openFile(run, run.files.sounds);
-    if (path.exists && !m_sounds->fromFile(path.path, run.keepNames))
+    if (!path.exists)
+        return step(run);
+    if (!m_sounds->fromFile(path.path, run.keepNames))
         m_sounds->messages()->add(mtError, tr("The sound file %1 can't be read.").arg(path.path), -1, -1);
+    else if (run.keepNames)
+        m_sounds->setModified(true);
     return step(run);
 }
 
@@ -263,8 +271,12 @@ bool QProject::openCommands(OpenRun& run)
 {
     const QResolvedPath path = openFile(run, run.files.commands);
     m_commands->setSyntaxVersion(m_definitions->version());
-    if (path.exists && !m_commands->fromFile(path.path, run.codec, run.keepNames))
+    if (!path.exists)
+        return step(run);
+    if (!m_commands->fromFile(path.path, run.codec, run.keepNames))
         m_commands->messages()->add(mtError, tr("The command file %1 can't be read.").arg(path.path), -1, -1);
+    else if (run.keepNames)
+        m_commands->document()->setModified(true);
     return step(run);
 }
 
@@ -280,7 +292,8 @@ bool QProject::openStates(OpenRun& run)
             states = newStates();
             m_states.append(states);
         }
-        states->fromFile(path.path, run.codec, run.keepNames);
+        if (states->fromFile(path.path, run.codec, run.keepNames) && run.keepNames)
+            states->document()->setModified(true);
         ++index;
         if (!step(run))
             return false;

@@ -18,6 +18,7 @@ const char* const launcherScript = R"sh(#!/bin/sh
     printf 'file:%s %s\n' "$(md5sum < "$f" | cut -d' ' -f1)" "$f"
   done
 } > "$STANDIN_RECORD"
+[ -n "$STANDIN_KEEP" ] && cp -r chars/pf3_0 "$STANDIN_KEEP"
 [ -n "$STANDIN_LOG" ] && printf '%s\n' "$STANDIN_LOG" > mugen.log
 [ -n "$STANDIN_SLEEP" ] && exec sleep "$STANDIN_SLEEP"
 [ -n "$STANDIN_CRASH" ] && kill -SEGV $$

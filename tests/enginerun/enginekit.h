@@ -9,7 +9,8 @@
  * what it was given (arguments, working folder, the copies under
  * "chars/pf3_0", "stages" and "data" with their MD5 sums) and then does what
  * the environment asks: STANDIN_EXIT (exit code), STANDIN_SLEEP (seconds),
- * STANDIN_CRASH (dies by a signal), STANDIN_LOG (text written to mugen.log).
+ * STANDIN_CRASH (dies by a signal), STANDIN_LOG (text written to mugen.log),
+ * STANDIN_KEEP (a folder that receives a copy of "chars/pf3_0" as it was found).
  */
 namespace enginekit {
 

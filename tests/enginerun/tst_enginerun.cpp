@@ -152,7 +152,12 @@ void TestEngineRun::characterCopiesHoldUnsavedEditsAndGoAfterTheRun()
     const QMap<QString, QByteArray> engineBefore = enginekit::snapshot(engineDir());
 
     QMugenRun run(executable(), QStringLiteral("%0 %0"), { hero });
+    bool copiesGoneAtTheEnd = false;
+    connect(&run, &QMugenRun::finished, this, [&](int exitCode) {
+        copiesGoneAtTheEnd = exitCode == 0 && !QFileInfo::exists(engineDir() + QStringLiteral("/chars/pf3_0"));
+    });
     QCOMPARE(run.exec(), 0);
+    QVERIFY(copiesGoneAtTheEnd);
     QVERIFY(prompt.entries().isEmpty());
 
     const enginekit::Record seen = enginekit::readRecord(record());
@@ -417,6 +422,10 @@ void TestEngineRun::backupsHoldEditsAndLoadOverTheRealFiles()
     // Loaded over the project with the models' names kept, a save writes the real files.
     QVERIFY(hero->open(newest, 0, false, true));
     QCOMPARE(hero->definitions()->fileName(), def);
+    // What came from the backup differs from the project's own files until
+    // saved, also where only changed files are saved.
+    QVERIFY(hero->definitions()->isModified());
+    QVERIFY(!hero->states(0)->isModified()); // the backup holds no state file
     QVERIFY(hero->save());
     QCOMPARE(kit::readBytes(def), saved);
     QCOMPARE(kit::readBytes(newest), saved);

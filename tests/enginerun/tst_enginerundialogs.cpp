@@ -3,6 +3,7 @@
 #include "enginekit.h"
 #include "projectkit.h"
 #include "qrecordingprompt.h"
+#include "screenshots.h"
 
 #include "interface/dialogs/bakdlg.h"
 #include "interface/dialogs/mugrundlg.h"
@@ -71,6 +72,7 @@ private slots:
         QCOMPARE(exe, first); // one engine: no question
         m_config.addMugen(
             QMugenInfo { QStringLiteral("M.U.G.E.N. 1.1"), second, QStringLiteral("%0 kfm"), QString() });
+        QCOMPARE(m_config.index(1).data(Qt::ToolTipRole).toString(), second + QStringLiteral("\nParameters: %0 kfm"));
 
         kit::writeBytes(m_root.filePath(QStringLiteral("hero/hero.def")), "[Files]\r\ncns = hero.cns\r\n");
         QProject hero;
@@ -94,9 +96,6 @@ private slots:
         QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
         QVERIFY(!MugRunDlg::chooseEngine(nullptr, &m_config, exe, params));
 
-        MugRunDlg shown(nullptr, &m_config);
-        shown.resize(420, 320);
-        shown.grab().save(QDir::temp().filePath(QStringLiteral("pf_mugrundlg.png")));
     }
 
     void backupDialogPicksNewest()
@@ -115,8 +114,6 @@ private slots:
         auto* list = dialog.findChild<QListView*>(QStringLiteral("list"));
         list->setCurrentIndex(list->model()->index(1, 0));
         QVERIFY(dialog.fileName().endsWith(QStringLiteral("9-0-0 am/hero.def")));
-        dialog.resize(420, 300);
-        dialog.grab().save(QDir::temp().filePath(QStringLiteral("pf_bakdlg.png")));
     }
 
 private:

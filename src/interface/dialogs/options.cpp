@@ -140,15 +140,16 @@ QWidget* Options::enginesPage()
     m_mugens->setModel(configMan);
     layout->addWidget(m_mugens, 1);
     auto* column = new QVBoxLayout;
-    const struct { const char* text; void (Options::*slot)(); } buttons[] = {
-        {QT_TR_NOOP("Add..."), &Options::on_mugenAdd_clicked},
-        {QT_TR_NOOP("Edit..."), &Options::on_mugenEdit_clicked},
-        {QT_TR_NOOP("Remove"), &Options::on_mugenDel_clicked},
-        {QT_TR_NOOP("Move up"), &Options::on_mugenUp_clicked},
-        {QT_TR_NOOP("Clear"), &Options::on_mugenClear_clicked},
+    const struct { const char* name; const char* text; void (Options::*slot)(); } buttons[] = {
+        {"mugenAdd", QT_TR_NOOP("Add..."), &Options::on_mugenAdd_clicked},
+        {"mugenEdit", QT_TR_NOOP("Edit..."), &Options::on_mugenEdit_clicked},
+        {"mugenDel", QT_TR_NOOP("Remove"), &Options::on_mugenDel_clicked},
+        {"mugenUp", QT_TR_NOOP("Move up"), &Options::on_mugenUp_clicked},
+        {"mugenClear", QT_TR_NOOP("Clear"), &Options::on_mugenClear_clicked},
     };
     for (const auto& button : buttons) {
         auto* push = new QPushButton(tr(button.text), page);
+        push->setObjectName(QLatin1String(button.name));
         connect(push, &QPushButton::clicked, this, button.slot);
         column->addWidget(push);
     }
@@ -184,9 +185,9 @@ void Options::accept()
 
 void Options::on_mugenAdd_clicked()
 {
-    MugenDlg dialog(QMugenInfo(), this);
-    if (dialog.exec() == QDialog::Accepted && !dialog.info().name.isEmpty())
-        configMan->addMugen(dialog.info());
+    MugenDlg dialog(this, nullptr);
+    if (dialog.exec() == QDialog::Accepted)
+        configMan->addMugen(dialog.getInfo());
 }
 
 void Options::on_mugenEdit_clicked()
@@ -194,9 +195,9 @@ void Options::on_mugenEdit_clicked()
     const int row = m_mugens->currentIndex().row();
     if (row < 0)
         return;
-    MugenDlg dialog(configMan->mugens().at(row), this);
+    MugenDlg dialog(this, &configMan->mugens().at(row));
     if (dialog.exec() == QDialog::Accepted)
-        configMan->setMugen(row, dialog.info());
+        configMan->setMugen(row, dialog.getInfo());
 }
 
 void Options::on_mugenDel_clicked()
