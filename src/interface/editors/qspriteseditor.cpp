@@ -69,6 +69,8 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Columns fit the rows in view rather than the first thousand, so a large file lists at once.
+    m_table->horizontalHeader()->setResizeContentsPrecision(0);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->setMinimumWidth(380);
     buildGrid();
