@@ -99,12 +99,13 @@ int main(int argc, char** argv)
         editor.setProject(nullptr);
     }
 
-    std::printf("%d sprites made from kfm's; the grid shows about %d cells at 1280x760\n", spriteCount, cells);
+    std::printf(
+        "%d sprites made from kfm's; the grid shows about %d cells at 1280x760\n", spriteCount, cells);
     bench::report("reading the SFF (baseline)", loadMs, loadMs);
     bench::report("sprite list shown after loading", listMs, loadMs,
-                  listMs < 300 ? "(under the 300 ms aim)" : "(OVER the 300 ms aim)");
+        listMs < 300 ? "(under the 300 ms aim)" : "(OVER the 300 ms aim)");
     bench::report("thumbnail grid shown", gridMs, loadMs);
-    std::printf("thumbnails decoded: %d to show the grid, %d for one page down, of %d sprites\n", shownDecodes,
-                scrollDecodes, spriteCount);
+    std::printf("thumbnails decoded: %d to show the grid, %d for one page down, of %d sprites\n",
+        shownDecodes, scrollDecodes, spriteCount);
     return 0;
 }

@@ -32,7 +32,6 @@
 
 using QEditorPage::numberBox;
 
-
 QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* view, QObject* parent)
     : QViewEditor(workspace, new QWidget, parent)
     , m_view(view)
@@ -64,7 +63,7 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
     // Group, index, axis and palette are typed into their cells (F2 or a double click).
     m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
-                             | QAbstractItemView::SelectedClicked);
+        | QAbstractItemView::SelectedClicked);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
@@ -75,18 +74,20 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     m_table->setMinimumWidth(380);
     buildGrid();
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &QSpritesEditor::currentChanged);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& first, const QModelIndex& last) {
-        const int row = m_table->currentIndex().row();
-        if (row >= first.row() && row <= last.row())
-            currentChanged();
-    });
+        &QSpritesEditor::currentChanged);
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+        [this](const QModelIndex& first, const QModelIndex& last) {
+            const int row = m_table->currentIndex().row();
+            if (row >= first.row() && row <= last.row())
+                currentChanged();
+        });
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QSpritesEditor::currentChanged);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& first, const QModelIndex& last) {
-        // Edits in place keep the record, so the kept thumbnails of the rows are dropped by hand.
-        for (int row = first.row(); row <= last.row(); ++row)
-            m_thumbnails->forget(sprites() ? sprites()->at(row) : nullptr);
-    });
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+        [this](const QModelIndex& first, const QModelIndex& last) {
+            // Edits in place keep the record, so the kept thumbnails of the rows are dropped by hand.
+            for (int row = first.row(); row <= last.row(); ++row)
+                m_thumbnails->forget(sprites() ? sprites()->at(row) : nullptr);
+        });
     connect(m_model, &QAbstractItemModel::modelReset, m_thumbnails, &QThumbnailCache::clear);
     connect(m_model, &QAbstractItemModel::rowsRemoved, m_thumbnails, &QThumbnailCache::clear);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &QSpritesEditor::updateSummary);
@@ -144,12 +145,15 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
 void QSpritesEditor::buildGrid()
 {
     m_grid->setObjectName(QStringLiteral("spritesGrid"));
-    auto* delegate = new QThumbnailDelegate(m_thumbnails, [this](const QModelIndex& index) {
-        const QSprite* sprite = sprites() ? sprites()->at(index.row()) : nullptr;
-        return QThumbnailDelegate::Cell {
-            sprite, sprite ? QStringLiteral("%1,%2").arg(sprite->itemGroup()).arg(sprite->itemIndex()) : QString()
-        };
-    }, m_grid);
+    auto* delegate = new QThumbnailDelegate(
+        m_thumbnails,
+        [this](const QModelIndex& index) {
+            const QSprite* sprite = sprites() ? sprites()->at(index.row()) : nullptr;
+            return QThumbnailDelegate::Cell { sprite,
+                sprite ? QStringLiteral("%1,%2").arg(sprite->itemGroup()).arg(sprite->itemIndex())
+                       : QString() };
+        },
+        m_grid);
     delegate->setUpGrid(m_grid);
     m_grid->setModel(m_model);
     // One selection for both lists, so switching between them keeps what the author picked.
@@ -202,7 +206,8 @@ void QSpritesEditor::activate(bool switched)
     QViewEditor::activate(switched);
     // The one view is shared with the animations editor: it comes here and shows sprites.
     m_view->stop();
-    if (m_view->widget()->parentWidget() != m_viewSlot->parentWidget() || m_viewSlot->indexOf(m_view->widget()) < 0)
+    if (m_view->widget()->parentWidget() != m_viewSlot->parentWidget()
+        || m_viewSlot->indexOf(m_view->widget()) < 0)
         m_viewSlot->addWidget(m_view->widget(), 1);
     m_view->widget()->show();
     m_view->renderer()->setRenderMode(RenderSprite);
@@ -217,8 +222,8 @@ void QSpritesEditor::setProject(QProject* project)
     m_project = project;
     // The version is a setting of the file with no row of its own: its label follows every undo step.
     if (sprites())
-        m_versionFollower = connect(sprites()->undoStack(), &QUndoStack::indexChanged, this,
-                                    &QSpritesEditor::updateVersion);
+        m_versionFollower = connect(
+            sprites()->undoStack(), &QUndoStack::indexChanged, this, &QSpritesEditor::updateVersion);
     m_model->setSprites(project ? project->sprites() : nullptr);
     m_view->setProject(project);
     if (m_model->rowCount() > 0)
@@ -241,15 +246,16 @@ void QSpritesEditor::updateSummary()
     const QSprites* sprites = this->sprites();
     const int count = sprites ? sprites->count() : 0;
     const QString file = sprites && !sprites->fileName().isEmpty() ? QFileInfo(sprites->fileName()).fileName()
-                                                                    : tr("no sprite file");
+                                                                   : tr("no sprite file");
     updateVersion();
     if (!summary())
         return;
-    summary()->setText(tr("<b>File:</b> %1<br><b>Sprites:</b> %2<br><b>Palettes:</b> %3<br><b>Version:</b> %4")
-                           .arg(file.toHtmlEscaped())
-                           .arg(count)
-                           .arg(sprites ? sprites->paletteCount() : 0)
-                           .arg(engineVersion::dotted(sprites ? sprites->getVersion() : 0)));
+    summary()->setText(
+        tr("<b>File:</b> %1<br><b>Sprites:</b> %2<br><b>Palettes:</b> %3<br><b>Version:</b> %4")
+            .arg(file.toHtmlEscaped())
+            .arg(count)
+            .arg(sprites ? sprites->paletteCount() : 0)
+            .arg(engineVersion::dotted(sprites ? sprites->getVersion() : 0)));
 }
 
 void QSpritesEditor::navigateTo(int, int index, int)

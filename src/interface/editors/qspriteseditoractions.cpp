@@ -17,8 +17,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
-QAction* QSpritesEditor::addTool(const QString& name, const QString& text, const QKeySequence& keys,
-                                 void (QSpritesEditor::*slot)())
+QAction* QSpritesEditor::addTool(
+    const QString& name, const QString& text, const QKeySequence& keys, void (QSpritesEditor::*slot)())
 {
     QAction* action = QEditorPage::addAction(view(), m_toolBar, name, text, keys);
     connect(action, &QAction::triggered, this, slot);
@@ -27,46 +27,50 @@ QAction* QSpritesEditor::addTool(const QString& name, const QString& text, const
 
 void QSpritesEditor::buildToolBar()
 {
-    addTool(QStringLiteral("sprites_add"), tr("Add..."), QKeySequence(Qt::Key_Insert), &QSpritesEditor::addImages);
-    addTool(QStringLiteral("sprites_add_series"), tr("Add series..."), QKeySequence(Qt::SHIFT | Qt::Key_Insert),
-            &QSpritesEditor::addSeries);
+    addTool(QStringLiteral("sprites_add"), tr("Add..."), QKeySequence(Qt::Key_Insert),
+        &QSpritesEditor::addImages);
+    addTool(QStringLiteral("sprites_add_series"), tr("Add series..."),
+        QKeySequence(Qt::SHIFT | Qt::Key_Insert), &QSpritesEditor::addSeries);
     addTool(QStringLiteral("sprites_duplicate"), tr("Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
-            &QSpritesEditor::duplicateSelection);
+        &QSpritesEditor::duplicateSelection);
     addTool(QStringLiteral("sprites_delete"), tr("Delete"), QKeySequence(Qt::Key_Delete),
-            &QSpritesEditor::removeSelection);
+        &QSpritesEditor::removeSelection);
     m_toolBar->addSeparator();
     addTool(QStringLiteral("sprites_crop"), tr("Crop"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
-            &QSpritesEditor::cropSelection);
+        &QSpritesEditor::cropSelection);
     addTool(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom"),
-            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QSpritesEditor::axisToBottomCentre);
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QSpritesEditor::axisToBottomCentre);
     addTool(QStringLiteral("sprites_edit_image"), tr("Edit image..."), QKeySequence(Qt::CTRL | Qt::Key_E),
-            &QSpritesEditor::openImageEditor);
+        &QSpritesEditor::openImageEditor);
     m_toolBar->addSeparator();
-    // Less frequent edits show as icons alone, their names in the tool tips, so the bar fits a laptop screen.
-    const QList<QAction*> compact = {
-        addTool(QStringLiteral("sprites_replace"), tr("Replace picture..."), QKeySequence(Qt::CTRL | Qt::Key_R),
-                &QSpritesEditor::askReplaceImage),
-        addTool(QStringLiteral("sprites_move_up"), tr("Move up"), QKeySequence(Qt::ALT | Qt::Key_Up),
-                &QSpritesEditor::moveUp),
-        addTool(QStringLiteral("sprites_move_down"), tr("Move down"), QKeySequence(Qt::ALT | Qt::Key_Down),
-                &QSpritesEditor::moveDown),
-        addTool(QStringLiteral("sprites_link"), tr("Link to sprite..."), QKeySequence(Qt::CTRL | Qt::Key_L),
-                &QSpritesEditor::askLink),
-        addTool(QStringLiteral("sprites_unlink"), tr("Unlink"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L),
-                &QSpritesEditor::unlinkSelection),
-        addTool(QStringLiteral("sprites_palette"), tr("Use palette..."), QKeySequence(Qt::CTRL | Qt::Key_P),
-                &QSpritesEditor::askPalette),
-        addTool(QStringLiteral("sprites_export"), tr("Export pictures..."),
-                QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), &QSpritesEditor::askExport),
-    };
-    for (QAction* action : compact)
-        if (auto* button = qobject_cast<QToolButton*>(m_toolBar->widgetForAction(action)))
-            button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    addTool(QStringLiteral("sprites_replace"), tr("Replace picture..."), QKeySequence(Qt::CTRL | Qt::Key_R),
+        &QSpritesEditor::askReplaceImage);
+    addTool(QStringLiteral("sprites_move_up"), tr("Move up"), QKeySequence(Qt::ALT | Qt::Key_Up),
+        &QSpritesEditor::moveUp);
+    addTool(QStringLiteral("sprites_move_down"), tr("Move down"), QKeySequence(Qt::ALT | Qt::Key_Down),
+        &QSpritesEditor::moveDown);
+    addTool(QStringLiteral("sprites_link"), tr("Link to sprite..."), QKeySequence(Qt::CTRL | Qt::Key_L),
+        &QSpritesEditor::askLink);
+    addTool(QStringLiteral("sprites_unlink"), tr("Unlink"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L),
+        &QSpritesEditor::unlinkSelection);
+    addTool(QStringLiteral("sprites_palette"), tr("Use palette..."), QKeySequence(Qt::CTRL | Qt::Key_P),
+        &QSpritesEditor::askPalette);
+    addTool(QStringLiteral("sprites_export"), tr("Export pictures..."),
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), &QSpritesEditor::askExport);
     m_toolBar->addSeparator();
     m_thumbnailsAction = QEditorPage::addAction(view(), m_toolBar, QStringLiteral("sprites_thumbnails"),
-                                                tr("Thumbnails"), QKeySequence(Qt::CTRL | Qt::Key_T));
+        tr("Thumbnails"), QKeySequence(Qt::CTRL | Qt::Key_T));
     m_thumbnailsAction->setCheckable(true);
     connect(m_thumbnailsAction, &QAction::toggled, this, &QSpritesEditor::showThumbnails);
+
+    // The daily few keep their names beside the icon; the rest show icons alone, named in their tool tips,
+    // so the whole bar fits beside the view on a laptop screen.
+    const QStringList named = { QStringLiteral("sprites_add"), QStringLiteral("sprites_add_series"),
+        QStringLiteral("sprites_delete"), QStringLiteral("sprites_thumbnails") };
+    for (QAction* action : m_toolBar->actions())
+        if (auto* button = qobject_cast<QToolButton*>(m_toolBar->widgetForAction(action)))
+            if (!named.contains(action->objectName()))
+                button->setToolButtonStyle(Qt::ToolButtonIconOnly);
 }
 
 ImgEdit* QSpritesEditor::editImage()
@@ -104,8 +108,8 @@ int QSpritesEditor::editSelection(const QString& name, const std::function<void(
 
 void QSpritesEditor::removeSelection()
 {
-    const int count = editSelection(tr("delete sprites"),
-                                    [this](QSprite* sprite) { sprites()->remove(sprites()->indexOf(sprite)); });
+    const int count = editSelection(
+        tr("delete sprites"), [this](QSprite* sprite) { sprites()->remove(sprites()->indexOf(sprite)); });
     if (count > 0)
         m_status->setText(tr("%n sprite(s) deleted.", nullptr, count));
 }
@@ -135,7 +139,6 @@ void QSpritesEditor::setSelectionAxis(int x, int y)
             sprite->setOffset(QPoint(x, y));
     });
 }
-
 
 void QSpritesEditor::moveSelection(int step)
 {
@@ -189,8 +192,8 @@ void QSpritesEditor::askLink()
         return;
     bool ok = false;
     const QString target = QInputDialog::getText(view(), tr("Link to sprite"),
-                                                 tr("Show the picture of sprite (group,index):"), QLineEdit::Normal,
-                                                 QStringLiteral("%1,%2").arg(sprite->itemGroup()).arg(sprite->itemIndex()), &ok);
+        tr("Show the picture of sprite (group,index):"), QLineEdit::Normal,
+        QStringLiteral("%1,%2").arg(sprite->itemGroup()).arg(sprite->itemIndex()), &ok);
     if (ok)
         linkSelection(target);
 }
@@ -225,8 +228,8 @@ void QSpritesEditor::askPalette()
         names.append(QStringLiteral("%1,%2").arg(palette->itemGroup()).arg(palette->itemIndex()));
     }
     bool ok = false;
-    const QString chosen = QInputDialog::getItem(view(), tr("Use palette"), tr("Palette (group,index):"), names,
-                                                 qMax(0, sprites()->indexOfPalette(sprite->palette())), false, &ok);
+    const QString chosen = QInputDialog::getItem(view(), tr("Use palette"), tr("Palette (group,index):"),
+        names, qMax(0, sprites()->indexOfPalette(sprite->palette())), false, &ok);
     if (ok)
         setSelectionPalette(int(names.indexOf(chosen)));
 }

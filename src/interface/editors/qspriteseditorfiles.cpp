@@ -99,9 +99,9 @@ int QSpritesEditor::addFiles(const QStringList& files, int group, int index, int
     if (added > 0) {
         m_table->clearSelection();
         m_table->setCurrentIndex(m_model->index(first, 0));
-        m_table->selectionModel()->select(QItemSelection(m_model->index(first, 0),
-                                                         m_model->index(first + added - 1, 0)),
-                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        m_table->selectionModel()->select(
+            QItemSelection(m_model->index(first, 0), m_model->index(first + added - 1, 0)),
+            QItemSelectionModel::Select | QItemSelectionModel::Rows);
         m_status->setText(tr("%n sprite(s) added.", nullptr, added));
     }
     return added;
@@ -111,7 +111,8 @@ void QSpritesEditor::addImages()
 {
     if (!sprites())
         return;
-    const QStringList files = QFileDialog::getOpenFileNames(view(), tr("Add pictures"), QString(), tr(imageFilter));
+    const QStringList files
+        = QFileDialog::getOpenFileNames(view(), tr("Add pictures"), QString(), tr(imageFilter));
     if (files.isEmpty())
         return;
     const QSprite* current = sprites()->at(m_table->currentIndex().row());
@@ -123,8 +124,8 @@ void QSpritesEditor::addSeries()
 {
     if (!sprites())
         return;
-    const QString first = QFileDialog::getOpenFileName(view(), tr("First picture of the series"), QString(),
-                                                       tr(imageFilter));
+    const QString first
+        = QFileDialog::getOpenFileName(view(), tr("First picture of the series"), QString(), tr(imageFilter));
     if (first.isEmpty())
         return;
     const QStringList files = QSpriteFileImport::numberedSeries(first);
@@ -157,7 +158,8 @@ void QSpritesEditor::askReplaceImage()
 {
     if (!currentSprite())
         return;
-    const QString file = QFileDialog::getOpenFileName(view(), tr("Replace picture"), QString(), tr(imageFilter));
+    const QString file
+        = QFileDialog::getOpenFileName(view(), tr("Replace picture"), QString(), tr(imageFilter));
     if (!file.isEmpty())
         replaceImage(file);
 }
@@ -171,13 +173,12 @@ int QSpritesEditor::exportSelection(const QString& path)
         const QSprite* sprite = sprites()->at(row);
         if (!sprite->imageData())
             continue;
-        const QString file = rows.size() == 1
-            ? path
-            : target.dir().filePath(QStringLiteral("%1-%2-%3.%4")
-                                        .arg(target.completeBaseName())
-                                        .arg(sprite->itemGroup())
-                                        .arg(sprite->itemIndex())
-                                        .arg(target.suffix()));
+        const QString file = rows.size() == 1 ? path
+                                              : target.dir().filePath(QStringLiteral("%1-%2-%3.%4")
+                                                                          .arg(target.completeBaseName())
+                                                                          .arg(sprite->itemGroup())
+                                                                          .arg(sprite->itemIndex())
+                                                                          .arg(target.suffix()));
         if (!saveImage(file, sprite->image(sipOwn))) {
             warn(tr("Export pictures"), tr("%1: could not be written").arg(QDir::toNativeSeparators(file)));
             return written;
@@ -196,8 +197,8 @@ void QSpritesEditor::askExport()
     const QString base = selectedRows().size() == 1
         ? QStringLiteral("%1-%2.png").arg(sprite->itemGroup()).arg(sprite->itemIndex())
         : QFileInfo(sprites()->fileName()).completeBaseName() + QStringLiteral(".png");
-    const QString path = QFileDialog::getSaveFileName(view(), tr("Export pictures"), base,
-                                                      tr("PNG pictures (*.png);;PCX pictures (*.pcx)"));
+    const QString path = QFileDialog::getSaveFileName(
+        view(), tr("Export pictures"), base, tr("PNG pictures (*.png);;PCX pictures (*.pcx)"));
     if (!path.isEmpty())
         exportSelection(path);
 }

@@ -21,10 +21,10 @@ void QSpriteTableModel::setSprites(QSprites* sprites)
     if (sprites) {
         // Rows are forwarded one to one, so selections survive edits elsewhere.
         connect(sprites, &QAbstractItemModel::rowsAboutToBeInserted, this,
-                [this](const QModelIndex&, int first, int last) { beginInsertRows(QModelIndex(), first, last); });
+            [this](const QModelIndex&, int first, int last) { beginInsertRows(QModelIndex(), first, last); });
         connect(sprites, &QAbstractItemModel::rowsInserted, this, [this] { endInsertRows(); });
         connect(sprites, &QAbstractItemModel::rowsAboutToBeRemoved, this,
-                [this](const QModelIndex&, int first, int last) { beginRemoveRows(QModelIndex(), first, last); });
+            [this](const QModelIndex&, int first, int last) { beginRemoveRows(QModelIndex(), first, last); });
         connect(sprites, &QAbstractItemModel::rowsRemoved, this, [this] { endRemoveRows(); });
         connect(sprites, &QAbstractItemModel::modelAboutToBeReset, this, [this] { beginResetModel(); });
         connect(sprites, &QAbstractItemModel::modelReset, this, [this] { endResetModel(); });

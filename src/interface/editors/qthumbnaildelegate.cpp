@@ -24,7 +24,8 @@ QSize QThumbnailDelegate::sizeHint(const QStyleOptionViewItem&, const QModelInde
     return cellSize();
 }
 
-void QThumbnailDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+void QThumbnailDelegate::paint(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const Cell cell = m_cellOf(index);
     const QRect box = option.rect.adjusted(2, 2, -2, -2);
@@ -39,13 +40,15 @@ void QThumbnailDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     painter->fillRect(picture, colours.base());
     const QPixmap pixmap = m_cache->thumbnail(cell.sprite);
     if (!pixmap.isNull()) {
-        const QPoint at(picture.left() + (side - pixmap.width()) / 2, picture.top() + (side - pixmap.height()) / 2);
+        const QPoint at(
+            picture.left() + (side - pixmap.width()) / 2, picture.top() + (side - pixmap.height()) / 2);
         painter->drawPixmap(at, pixmap);
     }
     const QRect text(box.left(), picture.bottom() + 3, box.width(), box.bottom() - picture.bottom() - 3);
-    painter->setPen(option.state & QStyle::State_Selected ? colours.highlightedText().color() : colours.text().color());
+    painter->setPen(
+        option.state & QStyle::State_Selected ? colours.highlightedText().color() : colours.text().color());
     painter->drawText(text, Qt::AlignHCenter | Qt::AlignTop,
-                      option.fontMetrics.elidedText(cell.caption, Qt::ElideRight, text.width()));
+        option.fontMetrics.elidedText(cell.caption, Qt::ElideRight, text.width()));
     if (option.state & QStyle::State_HasFocus) {
         painter->setPen(QPen(colours.highlight().color(), 1, Qt::DotLine));
         painter->drawRect(box.adjusted(0, 0, -1, -1));

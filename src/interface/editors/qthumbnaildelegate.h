@@ -27,7 +27,8 @@ public:
 
     QThumbnailDelegate(QThumbnailCache* cache, CellOf cellOf, QObject* parent = nullptr);
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(
+        QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
     /// Turns `view` into a wrapping grid of equal cells drawn by this delegate.

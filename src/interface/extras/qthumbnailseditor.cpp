@@ -19,27 +19,32 @@ void QThumbnailsEditor::initialized(QWidget* rightPage)
     m_cache = new QThumbnailCache(48, 1000, this);
     m_caption = new QLabel(rightPage);
     m_caption->setObjectName(QStringLiteral("thumbnailsCaption"));
+    m_caption->setWordWrap(true);
     m_grid = new QListView(rightPage);
     m_grid->setObjectName(QStringLiteral("thumbnailsGrid"));
-    auto* delegate = new QThumbnailDelegate(m_cache, [this](const QModelIndex& index) {
-        QThumbnailDelegate::Cell cell;
-        if (!m_project)
+    auto* delegate = new QThumbnailDelegate(
+        m_cache,
+        [this](const QModelIndex& index) {
+            QThumbnailDelegate::Cell cell;
+            if (!m_project)
+                return cell;
+            QSprites* sprites = m_project->sprites();
+            if (!m_actions) {
+                cell.sprite = sprites->at(index.row());
+                if (cell.sprite)
+                    cell.caption
+                        = QStringLiteral("%1,%2").arg(cell.sprite->itemGroup()).arg(cell.sprite->itemIndex());
+                return cell;
+            }
+            const QAnimation* action = m_project->animations()->at(index.row());
+            if (!action)
+                return cell;
+            cell.caption = QString::number(action->number());
+            if (const QAnimationFrame* first = action->frame(0))
+                cell.sprite = sprites->at(sprites->find(0, first->sprite().group, first->sprite().index));
             return cell;
-        QSprites* sprites = m_project->sprites();
-        if (!m_actions) {
-            cell.sprite = sprites->at(index.row());
-            if (cell.sprite)
-                cell.caption = QStringLiteral("%1,%2").arg(cell.sprite->itemGroup()).arg(cell.sprite->itemIndex());
-            return cell;
-        }
-        const QAnimation* action = m_project->animations()->at(index.row());
-        if (!action)
-            return cell;
-        cell.caption = QString::number(action->number());
-        if (const QAnimationFrame* first = action->frame(0))
-            cell.sprite = sprites->at(sprites->find(0, first->sprite().group, first->sprite().index));
-        return cell;
-    }, m_grid);
+        },
+        m_grid);
     delegate->setUpGrid(m_grid);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     connect(m_grid, &QListView::clicked, this, &QThumbnailsEditor::open);
