@@ -15,9 +15,8 @@
 #include "model/qsprites.h"
 #include "render/gui/qrenderwidget.h"
 #include "render/qsprrender.h"
-#include "qrecordingprompt.h"
 #include "realdata.h"
-#include "windowmanagers.h"
+#include "mainwindowsession.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -42,11 +41,8 @@ QImage picture(int width, int shade, int mark)
     return image;
 }
 
-QByteArray bytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using session::bytes;
+using session::drag;
 
 /// Same size, same index at every pixel, same colours of the indices used.
 bool samePicture(const QImage& a, const QImage& b)
@@ -58,21 +54,6 @@ bool samePicture(const QImage& a, const QImage& b)
             if (a.pixelIndex(x, y) != b.pixelIndex(x, y) || a.pixel(x, y) != b.pixel(x, y))
                 return false;
     return true;
-}
-
-void mouse(QWidget* widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, QPointF(at), widget->mapToGlobal(QPointF(at)),
-        type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void drag(QWidget* widget, const QPoint& from, const QPoint& to)
-{
-    mouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
-    for (int step = 1; step <= 4; ++step)
-        mouse(widget, QEvent::MouseMove, from + (to - from) * step / 4, Qt::LeftButton);
-    mouse(widget, QEvent::MouseButtonRelease, to, Qt::NoButton);
 }
 
 /// Picks `version` in the SaveSpr dialog that opens next, and accepts it.
@@ -95,10 +76,8 @@ class TestSpritesEdits : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_programDir;
+    MainWindowSession m_session;
     QTemporaryDir m_work;
-    QRecordingPrompt* m_prompt = nullptr;
-    MainWindow* m_window = nullptr;
 
     QSpritesEditor* editor() const { return static_cast<QSpritesEditor*>(intf->editor(ieSprites)); }
 
@@ -119,26 +98,8 @@ private:
     }
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(windowManagers::create(m_programDir.path()));
-        m_prompt = new QRecordingPrompt;
-        m_window = new MainWindow;
-        m_window->resize(1280, 800);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-        // Keys reach the editors' shortcuts only in the active window (a bare X server may not grant it;
-        // the pictures for review need no keys).
-        QApplication::setActiveWindow(m_window);
-        QTest::qWaitForWindowActive(m_window, 1000);
-    }
-
-    void cleanupTestCase()
-    {
-        delete m_window;
-        delete m_prompt;
-        windowManagers::destroy();
-    }
+    void initTestCase() { QVERIFY(m_session.open(QSize(1280, 800))); }
+    void cleanupTestCase() { m_session.close(); }
 
     void editsOfTheSelection()
     {
@@ -177,11 +138,12 @@ private slots:
         QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("\x0a\x05\x01garbage") > 0);
         broken.close();
         editor->table()->setCurrentIndex(model->index(2, 0));
-        m_prompt->clear();
+        m_session.prompt()->clear();
         QVERIFY(!editor->replaceImage(broken.fileName()));
-        QCOMPARE(m_prompt->count(QStringLiteral("warning")), 1);
-        QVERIFY(m_prompt->entries().first().text.startsWith(QDir::toNativeSeparators(broken.fileName())));
-        QVERIFY(!m_prompt->entries().first().text.contains(QLatin1Char('\n')));
+        QCOMPARE(m_session.prompt()->count(QStringLiteral("warning")), 1);
+        QVERIFY(m_session.prompt()->entries().first().text.startsWith(
+            QDir::toNativeSeparators(broken.fileName())));
+        QVERIFY(!m_session.prompt()->entries().first().text.contains(QLatin1Char('\n')));
         QCOMPARE(undo->count(), steps);
         QVERIFY(picture(40, 10, 30).save(m_work.filePath(QStringLiteral("wide.png"))));
         QVERIFY(editor->replaceImage(m_work.filePath(QStringLiteral("wide.png"))));
@@ -275,15 +237,15 @@ private slots:
 
         // Declined: nothing added, nothing to undo.
         const int steps = sprites->undoStack()->count();
-        m_prompt->clear();
-        m_prompt->script({ QPrompt::No });
+        m_session.prompt()->clear();
+        m_session.prompt()->script({ QPrompt::No });
         QCOMPARE(editor()->addFiles({ file }, 3, 0, 1), 0);
-        QCOMPARE(m_prompt->count(QStringLiteral("question")), 1);
+        QCOMPARE(m_session.prompt()->count(QStringLiteral("question")), 1);
         QCOMPARE(sprites->count(), 0);
         QCOMPARE(sprites->undoStack()->count(), steps);
 
         // Accepted: kept in true colour until saved; saved as 1.0.1.0 it is 256 colours.
-        m_prompt->script({ QPrompt::Yes });
+        m_session.prompt()->script({ QPrompt::Yes });
         QCOMPARE(editor()->addFiles({ file }, 3, 0, 1), 1);
         QCOMPARE(sprites->at(0)->imageInfo().format, QImage::Format_RGB32);
         const QString saved = m_work.filePath(QStringLiteral("photo.sff"));
@@ -302,14 +264,10 @@ private slots:
     void sessionSavedInEveryVersion()
     {
         PF_REQUIRE_REALDATA();
-        const QDir source(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm"));
-        if (!source.exists(QStringLiteral("kfm.def")))
+        const QString kfm = session::copyOfKfm(m_work.filePath(QStringLiteral("kfm")));
+        if (kfm.isEmpty())
             QSKIP("the engine's kfm is not in the real data");
-        const QString dir = m_work.filePath(QStringLiteral("kfm"));
-        QDir().mkpath(dir);
-        for (const QString& name : source.entryList(QDir::Files))
-            QVERIFY(QFile::copy(source.filePath(name), dir + QLatin1Char('/') + name));
-        QVERIFY(intf->openProject(dir + QStringLiteral("/kfm.def")));
+        QVERIFY(intf->openProject(kfm));
         QSprites* sprites = intf->currentProject()->sprites();
         const QString sff = sprites->fileName();
         const QString base = m_work.filePath(QStringLiteral("kfm-base.sff"));
@@ -325,7 +283,7 @@ private slots:
             QVERIFY(picture(24, 70 * i, 2 + i).save(files.last()));
         }
         QCOMPARE(editor->addFiles(files, 7100, 0, 1), 3);
-        auto* view = m_window->findChild<QRenderWidget*>();
+        auto* view = m_session.window()->findChild<QRenderWidget*>();
         QSprRender* renderer = static_cast<QSprRender*>(view->renderer());
         renderer->zoomActual();
         for (int i = 0; i < 3; ++i) {

@@ -13,10 +13,9 @@
 #include "model/qproject.h"
 #include "model/qsprite.h"
 #include "model/qsprites.h"
-#include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
-#include "windowmanagers.h"
+#include "mainwindowsession.h"
 
 #include <QAction>
 #include <QApplication>
@@ -70,31 +69,11 @@ class TestSpriteThumbnails : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_programDir;
-    QRecordingPrompt* m_prompt = nullptr;
-    MainWindow* m_window = nullptr;
+    MainWindowSession m_session;
 
 private slots:
-    void initTestCase()
-    {
-        QVERIFY(windowManagers::create(m_programDir.path()));
-        m_prompt = new QRecordingPrompt;
-        m_window = new MainWindow;
-        m_window->resize(1280, 800);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-        // Keys reach the editors' shortcuts only in the active window (a bare X server may not grant it;
-        // the pictures for review need no keys).
-        QApplication::setActiveWindow(m_window);
-        QTest::qWaitForWindowActive(m_window, 1000);
-    }
-
-    void cleanupTestCase()
-    {
-        delete m_window;
-        delete m_prompt;
-        windowManagers::destroy();
-    }
+    void initTestCase() { QVERIFY(m_session.open(QSize(1280, 800))); }
+    void cleanupTestCase() { m_session.close(); }
 
     void gridDecodesOnlyWhatItShows()
     {
@@ -187,21 +166,22 @@ private slots:
     /// With PF_SHOT_DIR set (run under Xvfb), the grid and the panel on kfm for review.
     void picturesForReview()
     {
+        PF_REQUIRE_REALDATA();
         if (screenshots::folder().isEmpty())
             QSKIP("PF_SHOT_DIR names no folder for pictures");
-        PF_REQUIRE_REALDATA();
-        QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
-        intf->switchEditor(ieSprites);
+        const QString kfm = realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def");
+        QVERIFY(intf->openProject(kfm));
         intf->actions()->fromName(QStringLiteral("extra_thumbnails"))->trigger();
+        intf->switchEditor(ieSprites);
         auto* editor = static_cast<QSpritesEditor*>(intf->editor(ieSprites));
         editor->showThumbnails(true);
         QVERIFY(editor->goTo(QStringLiteral("20,3")));
         QTest::qWait(200);
-        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("sprites-thumbnails.png")));
+        QVERIFY(screenshots::save(m_session.window()->grab(), QStringLiteral("sprites-thumbnails.png")));
         editor->showThumbnails(false);
         intf->switchEditor(ieAnimations);
         QTest::qWait(200);
-        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("actions-thumbnails.png")));
+        QVERIFY(screenshots::save(m_session.window()->grab(), QStringLiteral("actions-thumbnails.png")));
     }
 };
 
