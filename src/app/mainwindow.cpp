@@ -9,6 +9,7 @@
 #include "interface/editors/qstateseditor.h"
 #include "interface/editors/qsoundseditor.h"
 #include "interface/extras/qpaletteseditor.h"
+#include "interface/extras/qthumbnailseditor.h"
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextworkspace.h"
 #include "interface/workspaces/qviewworkspace.h"
@@ -57,6 +58,7 @@ MainWindow::MainWindow(QWidget* parent)
     intf->registerEditor(new QStatesEditor(text));
     intf->registerEditor(new QSoundsEditor(views));
     intf->registerExtraEditor(new QPalettesEditor);
+    intf->registerExtraEditor(new QThumbnailsEditor);
     intf->run(master);
     if (!ownFile.isEmpty())
         intf->openProject(ownFile);

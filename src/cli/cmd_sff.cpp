@@ -5,6 +5,7 @@
 #include "model/qsffreader.h"
 #include "model/qspriteimagedata.h"
 #include "model/qsprites.h"
+#include "util/qengineversion.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -14,15 +15,6 @@ namespace {
 
 const char* const usageText = "sff info FILE | sff convert IN OUT --version 1.0.1.0|2.0.0.0|2.0.1.0 | "
                               "sff export IN OUT.def|OUT.pfe | sff import IN.pfe OUT.sff";
-
-QString versionText(quint32 version)
-{
-    return QStringLiteral("%1.%2.%3.%4")
-        .arg(version >> 24)
-        .arg((version >> 16) & 0xFF)
-        .arg((version >> 8) & 0xFF)
-        .arg(version & 0xFF);
-}
 
 /// The SFF versions the program writes, by their dotted names; 0 for any other text.
 quint32 parseVersion(const QString& text)
@@ -105,7 +97,7 @@ int info(const QCliRun& run, const QString& fileName)
                                          { QStringLiteral("link"), base == i ? -1 : base } });
         }
         run.printJson(QJsonObject{ { QStringLiteral("file"), fileName },
-                                   { QStringLiteral("version"), versionText(sprites.getVersion()) },
+                                   { QStringLiteral("version"), engineVersion::dotted(sprites.getVersion()) },
                                    { QStringLiteral("spriteCount"), sprites.count() },
                                    { QStringLiteral("paletteCount"), sprites.paletteCount() },
                                    { QStringLiteral("sprites"), list },
@@ -113,7 +105,7 @@ int info(const QCliRun& run, const QString& fileName)
         return 0;
     }
     run.print(QStringLiteral("%1: SFF %2, %3 sprites, %4 palettes")
-                  .arg(fileName, versionText(sprites.getVersion()))
+                  .arg(fileName, engineVersion::dotted(sprites.getVersion()))
                   .arg(sprites.count())
                   .arg(sprites.paletteCount()));
     for (int i = 0; i < sprites.count(); ++i) {
@@ -170,7 +162,7 @@ int convert(const QCliRun& run)
     const int result = save(run, sprites, arguments.at(1), version);
     if (result == 0 && !run.json())
         run.print(QStringLiteral("%1: SFF %2, %3 sprites, %4 palettes")
-                      .arg(arguments.at(1), versionText(version))
+                      .arg(arguments.at(1), engineVersion::dotted(version))
                       .arg(sprites.count())
                       .arg(sprites.paletteCount()));
     return result;

@@ -68,6 +68,7 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
     , m_clipDlg(new ClipDlg(window))
     , m_undoGroup(new QUndoGroup(this))
     , m_editorGroup(new QActionGroup(this))
+    , m_extraGroup(new QActionGroup(this))
 {
     intf = this;
     m_baseTitle = window->windowTitle();
@@ -195,6 +196,18 @@ void QInterface::registerExtraEditor(QInterfaceExtraEditor* editor)
     m_extraEditors.insert(QInterfaceExtraEditors(editor->id()), editor);
     QWidget* page = m_rightPanel->addPage(editor->name());
     m_rightPages.insert(editor->name(), page);
+    // The View menu chooses what the right panel shows; Ctrl+Shift+F1, F2... in the order of their ids.
+    QAction* action = m_actions->add({QActionManager::global}, QStringLiteral("extra_") + editor->name(), nullptr, true);
+    action->setText(editor->title());
+    m_extraGroup->addAction(action);
+    m_extraActions.insert(QInterfaceExtraEditors(editor->id()), action);
+    menu("menuView")->addAction(action);
+    m_actions->setShortcut(action, QKeySequence(QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key(Qt::Key_F1 + editor->id()))));
+    const auto id = QInterfaceExtraEditors(editor->id());
+    connect(action, &QAction::triggered, this, [this, id] {
+        m_actions->fromName(QStringLiteral("view_right_panel"))->setChecked(true);
+        switchExtraEditor(id);
+    });
     editor->initialized(page);
 }
 

@@ -150,6 +150,8 @@ public slots:
 
 signals:
     void projectOpened(QProject* project);
+    /// The editor `id` has come forward (ieNone when none is left).
+    void editorSwitched(QInterfaceEditors id);
 
 private slots:
     void projTabsChanged(int index);
@@ -207,6 +209,9 @@ private:
     QClickableLabel* m_errorIcon = nullptr;
     QLabel* m_statusText = nullptr;
     QActionGroup* m_editorGroup;
+    /// The View menu's choice of the right panel's editor, one action each.
+    QActionGroup* m_extraGroup;
+    QMap<QInterfaceExtraEditors, QAction*> m_extraActions;
     QTabBar* m_tabs = nullptr;
     QProject* m_project = nullptr;
     QList<QProject*> m_projects;

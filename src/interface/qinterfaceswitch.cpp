@@ -54,6 +54,7 @@ void QInterface::switchEditor(QInterfaceEditors id)
         m_undoGroup->setActiveStack(nullptr);
         m_actionList->setFilter(ieNone);
         m_actions->editorSwitched(ieNone);
+        emit editorSwitched(ieNone);
         return;
     }
 
@@ -97,6 +98,7 @@ void QInterface::switchEditor(QInterfaceEditors id)
     m_actions->editorSwitched(id);
     editor->activate(true);
     editorUndoStackChanged(editor->undoStack());
+    emit editorSwitched(id);
 }
 
 void QInterface::switchExtraEditor(QInterfaceExtraEditors id)
@@ -105,6 +107,8 @@ void QInterface::switchExtraEditor(QInterfaceExtraEditors id)
         old->deactivate();
     QInterfaceExtraEditor* editor = m_extraEditors.value(id);
     m_currentExtra = editor ? id : ieeNone;
+    if (QAction* action = m_extraActions.value(id))
+        action->setChecked(true);
     if (editor) {
         m_rightPanel->stack()->setCurrentWidget(m_rightPages.value(editor->name()));
         m_rightPanel->setTitle(editor->title());

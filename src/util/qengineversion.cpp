@@ -9,6 +9,15 @@ QString engineVersion::label(unsigned int version)
     return QStringLiteral("%1.%2").arg(version >> 24).arg((version >> 16) & 0xFF);
 }
 
+QString engineVersion::dotted(unsigned int version)
+{
+    return QStringLiteral("%1.%2.%3.%4")
+        .arg(version >> 24)
+        .arg((version >> 16) & 0xFF)
+        .arg((version >> 8) & 0xFF)
+        .arg(version & 0xFF);
+}
+
 unsigned int getVersion(const QString& text)
 {
     static const QRegularExpression form(

@@ -21,6 +21,8 @@ constexpr unsigned int pack(unsigned int major, unsigned int minor, unsigned int
 
 /// How the status bar shows a version: "Beta" for 0, else "major.minor".
 QString label(unsigned int version);
+/// All four parts, as SFF versions are named: "1.0.1.0".
+QString dotted(unsigned int version);
 
 } // namespace engineVersion
 

@@ -30,7 +30,7 @@
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
-#include "windowmanagers.h"
+#include "mainwindowsession.h"
 
 #include <QApplication>
 #include <QListView>
@@ -44,28 +44,8 @@
 
 namespace {
 
-
-void mouse(QWidget* widget, QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons)
-{
-    QMouseEvent event(type, QPointF(at), widget->mapToGlobal(QPointF(at)),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, buttons, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-/// A left drag in steps, as a hand makes it.
-void drag(QWidget* widget, const QPoint& from, const QPoint& to)
-{
-    mouse(widget, QEvent::MouseButtonPress, from, Qt::LeftButton);
-    for (int step = 1; step <= 4; ++step)
-        mouse(widget, QEvent::MouseMove, from + (to - from) * step / 4, Qt::LeftButton);
-    mouse(widget, QEvent::MouseButtonRelease, to, Qt::NoButton);
-}
-
-QByteArray bytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+using session::bytes;
+using session::drag;
 
 /// A 24 x 40 paletted picture with a block of colour `shade` standing on its bottom edge.
 bool writePicture(const QString& path, int shade)
@@ -86,7 +66,7 @@ class TestSpriteAnimEditors : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_programDir;
+    MainWindowSession m_session;
     QTemporaryDir m_work;
     QRecordingPrompt* m_prompt = nullptr;
     MainWindow* m_window = nullptr;
@@ -94,19 +74,14 @@ private:
 private slots:
     void initTestCase()
     {
-        QVERIFY(windowManagers::create(m_programDir.path()));
-        m_prompt = new QRecordingPrompt;
-        m_window = new MainWindow;
-        m_window->resize(1200, 760);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QVERIFY(m_session.open(QSize(1200, 760)));
+        m_prompt = m_session.prompt();
+        m_window = m_session.window();
     }
 
     void cleanupTestCase()
     {
-        delete m_window;
-        delete m_prompt;
-        windowManagers::destroy();
+        m_session.close();
     }
 
     void numberedSeriesAndBadPictures()
@@ -151,14 +126,11 @@ private slots:
     void authorSessionOnKfm()
     {
         PF_REQUIRE_REALDATA();
-        const QDir source(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm"));
-        if (!source.exists(QStringLiteral("kfm.def")))
+        const QString kfm = session::copyOfKfm(m_work.filePath(QStringLiteral("kfm")));
+        if (kfm.isEmpty())
             QSKIP("the engine's kfm is not in the real data");
-        const QString dir = m_work.filePath(QStringLiteral("kfm"));
-        QDir().mkpath(dir);
-        for (const QString& name : source.entryList(QDir::Files))
-            QVERIFY(QFile::copy(source.filePath(name), dir + QLatin1Char('/') + name));
-        QVERIFY(intf->openProject(dir + QStringLiteral("/kfm.def")));
+        const QString dir = QFileInfo(kfm).path();
+        QVERIFY(intf->openProject(kfm));
         QProject* project = intf->currentProject();
         QSprites* sprites = project->sprites();
         QAnimations* animations = project->animations();

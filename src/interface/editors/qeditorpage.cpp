@@ -1,6 +1,7 @@
 #include "qeditorpage.h"
 
 #include <QAction>
+#include <QSpinBox>
 #include <QSplitter>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -40,6 +41,15 @@ QAction* addAction(QWidget* page, QToolBar* toolBar, const QString& name, const 
     action->setToolTip(QStringLiteral("%1 (%2)").arg(text, keys.toString(QKeySequence::NativeText)));
     page->addAction(action);
     return action;
+}
+
+QSpinBox* numberBox(QWidget* parent, const QString& name)
+{
+    auto* box = new QSpinBox(parent);
+    box->setObjectName(name);
+    box->setRange(-32768, 32767);
+    box->setKeyboardTracking(false);
+    return box;
 }
 
 } // namespace QEditorPage

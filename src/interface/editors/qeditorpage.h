@@ -4,6 +4,7 @@
 #include <QString>
 
 class QAction;
+class QSpinBox;
 class QToolBar;
 class QWidget;
 
@@ -24,5 +25,9 @@ void layOut(QWidget* page, QToolBar* toolBar, QWidget* field, QWidget* list, QWi
  */
 QAction* addAction(QWidget* page, QToolBar* toolBar, const QString& name, const QString& text,
                    const QKeySequence& keys);
+
+/// A field for a number of the file's range (-32768 to 32767) named `name`,
+/// that applies its value when the author is done typing rather than at each key.
+QSpinBox* numberBox(QWidget* parent, const QString& name);
 
 } // namespace QEditorPage

@@ -33,7 +33,7 @@ QStringList QSpriteFileImport::numberedSeries(const QString& first)
     return files;
 }
 
-int QSpriteFileImport::add(const QStringList& files, int group, int index, int step)
+QList<QImage> QSpriteFileImport::read(const QStringList& files)
 {
     m_error.clear();
     QList<QImage> images;
@@ -43,13 +43,11 @@ int QSpriteFileImport::add(const QStringList& files, int group, int index, int s
         if (image.isNull()) {
             m_error = QCoreApplication::translate("QSpriteFileImport", "%1: not an image this program can read")
                           .arg(QDir::toNativeSeparators(file));
-            return 0;
+            return {};
         }
         trueColour |= image.format() != QImage::Format_Indexed8;
         images.append(image);
     }
-    if (images.isEmpty())
-        return 0;
     if (trueColour && m_sprites->getVersion() < QSprites::defaultVersion) {
         const QPrompt::Button answer = prompt().question(
             QCoreApplication::translate("QSpriteFileImport", "Add sprites"),
@@ -58,8 +56,16 @@ int QSpriteFileImport::add(const QStringList& files, int group, int index, int s
                                         "pictures will be reduced to 256 colours when it is saved. Add them?"),
             QPrompt::Yes | QPrompt::No, QPrompt::Yes);
         if (answer != QPrompt::Yes)
-            return 0;
+            return {};
     }
+    return images;
+}
+
+int QSpriteFileImport::add(const QStringList& files, int group, int index, int step)
+{
+    const QList<QImage> images = read(files);
+    if (images.isEmpty())
+        return 0;
     m_sprites->beginMacro(QCoreApplication::translate("QSpriteFileImport", "add sprites"));
     for (int i = 0; i < images.size(); ++i) {
         QSprite* sprite = m_sprites->add();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QImage>
+#include <QList>
 #include <QStringList>
 
 class QSprites;
@@ -28,6 +30,12 @@ public:
      * 0 with error() naming the file and the fault, or on cancel.
      */
     int add(const QStringList& files, int group, int index, int step);
+    /**
+     * The pictures of `files`, all or none: empty with error() naming the
+     * first file that can't be read, or when the author declines true-colour
+     * pictures for a file saved in an 8-bit version.
+     */
+    QList<QImage> read(const QStringList& files);
 
     QString error() const { return m_error; }
 

@@ -1,75 +1,36 @@
+// The sprites editor's page: the list (table or thumbnails), the view, the
+// fields of the current sprite, and following the current sprite. What the
+// tool bar does is in qspriteseditoractions.cpp.
 #include "qspriteseditor.h"
 
-#include "qspritefileimport.h"
-#include "qspritetablemodel.h"
 #include "qeditorpage.h"
-#include "image/gui/imgedit.h"
+#include "qspritetablemodel.h"
+#include "qthumbnailcache.h"
+#include "qthumbnaildelegate.h"
+#include "interface/qclickablelabel.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
 #include "model/qsprites.h"
 #include "render/gui/qanimspriteworkspace.h"
 #include "render/qsprrender.h"
+#include "util/qengineversion.h"
 #include "util/qprompt.h"
 
-#include <QAction>
-#include <QDialog>
-#include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QFormLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpression>
+#include <QListView>
+#include <QMainWindow>
 #include <QSpinBox>
-#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
 #include <QTableView>
 #include <QToolBar>
+#include <QUndoStack>
 #include <QVBoxLayout>
 
-namespace {
-
-const char imageFilter[] = QT_TRANSLATE_NOOP("QSpritesEditor", "Images (*.png *.pcx *.gif *.bmp)");
-
-QSpinBox* numberBox(QWidget* parent, const QString& name)
-{
-    auto* box = new QSpinBox(parent);
-    box->setObjectName(name);
-    box->setRange(-32768, 32767);
-    box->setKeyboardTracking(false);
-    return box;
-}
-
-/// Asks where a numbered series of `count` pictures goes: first group, index and step.
-bool askSeriesPlace(QWidget* parent, int count, int& group, int& index, int& step)
-{
-    QDialog dialog(parent);
-    dialog.setWindowTitle(QSpritesEditor::tr("Add a numbered series"));
-    auto* form = new QFormLayout(&dialog);
-    form->addRow(new QLabel(QSpritesEditor::tr("%n picture(s) will be added.", nullptr, count)));
-    QSpinBox* groupBox = numberBox(&dialog, QStringLiteral("seriesGroup"));
-    QSpinBox* indexBox = numberBox(&dialog, QStringLiteral("seriesIndex"));
-    QSpinBox* stepBox = numberBox(&dialog, QStringLiteral("seriesStep"));
-    groupBox->setValue(group);
-    indexBox->setValue(index);
-    stepBox->setRange(1, 1000);
-    stepBox->setValue(step);
-    form->addRow(QSpritesEditor::tr("First group:"), groupBox);
-    form->addRow(QSpritesEditor::tr("First index:"), indexBox);
-    form->addRow(QSpritesEditor::tr("Step:"), stepBox);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    form->addRow(buttons);
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    group = groupBox->value();
-    index = indexBox->value();
-    step = stepBox->value();
-    return true;
-}
-
-} // namespace
+using QEditorPage::numberBox;
 
 QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* view, QObject* parent)
     : QViewEditor(workspace, new QWidget, parent)
@@ -78,6 +39,10 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     , m_toolBar(new QToolBar(this->view()))
     , m_goto(new QLineEdit)
     , m_table(new QTableView)
+    , m_grid(new QListView)
+    , m_lists(new QStackedWidget)
+    , m_thumbnails(new QThumbnailCache(64, 1500, this))
+    , m_version(new QClickableLabel)
     , m_viewSlot(new QVBoxLayout)
     , m_status(new QLabel)
 {
@@ -96,21 +61,35 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     m_table->setModel(m_model);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // Group, index, axis and palette are typed into their cells (F2 or a double click).
+    m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
+        | QAbstractItemView::SelectedClicked);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    // Columns fit the rows in view rather than the first thousand, so a large file lists at once.
+    m_table->horizontalHeader()->setResizeContentsPrecision(0);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->setMinimumWidth(380);
+    buildGrid();
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &QSpritesEditor::currentChanged);
-    connect(m_model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& first, const QModelIndex& last) {
-        const int row = m_table->currentIndex().row();
-        if (row >= first.row() && row <= last.row())
-            currentChanged();
-    });
+        &QSpritesEditor::currentChanged);
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+        [this](const QModelIndex& first, const QModelIndex& last) {
+            const int row = m_table->currentIndex().row();
+            if (row >= first.row() && row <= last.row())
+                currentChanged();
+        });
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QSpritesEditor::currentChanged);
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+        [this](const QModelIndex& first, const QModelIndex& last) {
+            // Edits in place keep the record, so the kept thumbnails of the rows are dropped by hand.
+            for (int row = first.row(); row <= last.row(); ++row)
+                m_thumbnails->forget(sprites() ? sprites()->at(row) : nullptr);
+        });
+    connect(m_model, &QAbstractItemModel::modelReset, m_thumbnails, &QThumbnailCache::clear);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, m_thumbnails, &QThumbnailCache::clear);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &QSpritesEditor::updateSummary);
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QSpritesEditor::updateSummary);
     connect(m_model, &QAbstractItemModel::modelReset, this, &QSpritesEditor::updateSummary);
@@ -148,7 +127,9 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     rightLayout->addLayout(m_viewSlot, 1);
     rightLayout->addLayout(properties);
 
-    QEditorPage::layOut(page, m_toolBar, m_goto, m_table, right, 400);
+    m_lists->addWidget(m_table);
+    m_lists->addWidget(m_grid);
+    QEditorPage::layOut(page, m_toolBar, m_goto, m_lists, right, 400);
     buildToolBar();
 
     connect(m_view->renderer(), &QSprRender::axisChanged, this, [this](const QPoint& axis) {
@@ -161,50 +142,63 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     });
 }
 
-void QSpritesEditor::buildToolBar()
+void QSpritesEditor::buildGrid()
 {
-    auto add = [this](const QString& name, const QString& text, const QKeySequence& keys,
-                      void (QSpritesEditor::*slot)()) {
-        connect(QEditorPage::addAction(view(), m_toolBar, name, text, keys), &QAction::triggered, this, slot);
-    };
-    add(QStringLiteral("sprites_add"), tr("Add..."), QKeySequence(Qt::Key_Insert),
-        &QSpritesEditor::addImages);
-    add(QStringLiteral("sprites_add_series"), tr("Add series..."),
-        QKeySequence(Qt::SHIFT | Qt::Key_Insert), &QSpritesEditor::addSeries);
-    add(QStringLiteral("sprites_duplicate"), tr("Duplicate"),
-        QKeySequence(Qt::CTRL | Qt::Key_D), &QSpritesEditor::duplicateSelection);
-    add(QStringLiteral("sprites_delete"), tr("Delete"), QKeySequence(Qt::Key_Delete),
-        &QSpritesEditor::removeSelection);
-    m_toolBar->addSeparator();
-    add(QStringLiteral("sprites_crop"), tr("Crop"),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), &QSpritesEditor::cropSelection);
-    add(QStringLiteral("sprites_axis_bottom"), tr("Axis to bottom"),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QSpritesEditor::axisToBottomCentre);
-    add(QStringLiteral("sprites_edit_image"), tr("Edit image..."), QKeySequence(Qt::CTRL | Qt::Key_E),
-        &QSpritesEditor::openImageEditor);
+    m_grid->setObjectName(QStringLiteral("spritesGrid"));
+    auto* delegate = new QThumbnailDelegate(
+        m_thumbnails,
+        [this](const QModelIndex& index) {
+            const QSprite* sprite = sprites() ? sprites()->at(index.row()) : nullptr;
+            return QThumbnailDelegate::Cell { sprite,
+                sprite ? QStringLiteral("%1,%2").arg(sprite->itemGroup()).arg(sprite->itemIndex())
+                       : QString() };
+        },
+        m_grid);
+    delegate->setUpGrid(m_grid);
+    m_grid->setModel(m_model);
+    // One selection for both lists, so switching between them keeps what the author picked.
+    m_grid->setSelectionModel(m_table->selectionModel());
+    m_grid->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
 }
 
-ImgEdit* QSpritesEditor::editImage()
+void QSpritesEditor::showThumbnails(bool on)
 {
-    const int row = m_table->currentIndex().row();
-    if (!sprites() || row < 0)
-        return nullptr;
-    auto* editor = new ImgEdit(m_table->window());
-    // A window of its own over the main one; it goes when the author closes it.
-    editor->setWindowFlag(Qt::Window);
-    editor->setAttribute(Qt::WA_DeleteOnClose);
-    if (!editor->editSprite(sprites(), row)) {
-        delete editor;
-        return nullptr;
+    QAbstractItemView* shown = on ? static_cast<QAbstractItemView*>(m_grid) : m_table;
+    const bool focused = m_lists->currentWidget()->hasFocus();
+    if (!on) {
+        // What was picked in the grid shows in the table as whole rows.
+        QItemSelection rows;
+        for (int row : selectedRows())
+            rows.select(m_model->index(row, 0), m_model->index(row, 0));
+        m_table->selectionModel()->select(rows, QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
-    editor->show();
-    return editor;
+    m_lists->setCurrentWidget(shown);
+    if (m_thumbnailsAction && m_thumbnailsAction->isChecked() != on)
+        m_thumbnailsAction->setChecked(on);
+    shown->scrollTo(m_table->currentIndex(), QAbstractItemView::PositionAtCenter);
+    if (focused)
+        shown->setFocus();
 }
 
 void QSpritesEditor::initialized(QToolBarItems* items, QWidget* leftPage)
 {
     QViewEditor::initialized(items, leftPage);
+    // The version item joins the window's status bar, seen only while this editor is current.
+    m_version->setObjectName(QStringLiteral("spritesVersion"));
+    m_version->setCursor(Qt::PointingHandCursor);
+    m_version->setToolTip(tr("The SFF version the sprites are saved in; click to change it"));
+    m_version->hide();
+    if (auto* window = qobject_cast<QMainWindow*>(leftPage->window()))
+        window->statusBar()->addPermanentWidget(m_version);
+    connect(m_version, &QClickableLabel::clicked, this, &QSpritesEditor::askVersion);
     updateSummary();
+}
+
+void QSpritesEditor::deactivate()
+{
+    QViewEditor::deactivate();
+    m_version->hide();
 }
 
 void QSpritesEditor::activate(bool switched)
@@ -212,16 +206,24 @@ void QSpritesEditor::activate(bool switched)
     QViewEditor::activate(switched);
     // The one view is shared with the animations editor: it comes here and shows sprites.
     m_view->stop();
-    if (m_view->widget()->parentWidget() != m_viewSlot->parentWidget() || m_viewSlot->indexOf(m_view->widget()) < 0)
+    if (m_view->widget()->parentWidget() != m_viewSlot->parentWidget()
+        || m_viewSlot->indexOf(m_view->widget()) < 0)
         m_viewSlot->addWidget(m_view->widget(), 1);
     m_view->widget()->show();
     m_view->renderer()->setRenderMode(RenderSprite);
+    m_version->setVisible(isActive() && m_version->parentWidget());
     showSprite();
 }
 
 void QSpritesEditor::setProject(QProject* project)
 {
+    // The project may be gone already: the connection, not the project, is asked to end.
+    disconnect(m_versionFollower);
     m_project = project;
+    // The version is a setting of the file with no row of its own: its label follows every undo step.
+    if (sprites())
+        m_versionFollower = connect(
+            sprites()->undoStack(), &QUndoStack::indexChanged, this, &QSpritesEditor::updateVersion);
     m_model->setSprites(project ? project->sprites() : nullptr);
     m_view->setProject(project);
     if (m_model->rowCount() > 0)
@@ -234,24 +236,26 @@ QSprites* QSpritesEditor::sprites() const
     return m_project ? m_project->sprites() : nullptr;
 }
 
+QSprite* QSpritesEditor::currentSprite() const
+{
+    return sprites() ? sprites()->at(m_table->currentIndex().row()) : nullptr;
+}
+
 void QSpritesEditor::updateSummary()
 {
     const QSprites* sprites = this->sprites();
     const int count = sprites ? sprites->count() : 0;
     const QString file = sprites && !sprites->fileName().isEmpty() ? QFileInfo(sprites->fileName()).fileName()
-                                                                    : tr("no sprite file");
+                                                                   : tr("no sprite file");
+    updateVersion();
     if (!summary())
         return;
-    const quint32 version = sprites ? sprites->getVersion() : 0;
-    summary()->setText(tr("<b>File:</b> %1<br><b>Sprites:</b> %2<br><b>Palettes:</b> %3<br><b>Version:</b> %4")
-                           .arg(file.toHtmlEscaped())
-                           .arg(count)
-                           .arg(sprites ? sprites->paletteCount() : 0)
-                           .arg(QStringLiteral("%1.%2.%3.%4")
-                                    .arg(version >> 24)
-                                    .arg((version >> 16) & 0xFF)
-                                    .arg((version >> 8) & 0xFF)
-                                    .arg(version & 0xFF)));
+    summary()->setText(
+        tr("<b>File:</b> %1<br><b>Sprites:</b> %2<br><b>Palettes:</b> %3<br><b>Version:</b> %4")
+            .arg(file.toHtmlEscaped())
+            .arg(count)
+            .arg(sprites ? sprites->paletteCount() : 0)
+            .arg(engineVersion::dotted(sprites ? sprites->getVersion() : 0)));
 }
 
 void QSpritesEditor::navigateTo(int, int index, int)
@@ -267,132 +271,33 @@ QUndoStack* QSpritesEditor::undoStack() const
 
 QList<int> QSpritesEditor::selectedRows() const
 {
+    // The grid selects the first cell of a row, the table the whole row: either counts.
     QList<int> rows;
-    for (const QModelIndex& index : m_table->selectionModel()->selectedRows())
-        rows.append(index.row());
+    for (const QModelIndex& index : m_table->selectionModel()->selectedIndexes())
+        if (!rows.contains(index.row()))
+            rows.append(index.row());
     std::sort(rows.begin(), rows.end());
     return rows;
 }
 
 bool QSpritesEditor::goTo(const QString& text)
 {
-    static const QRegularExpression pair(QStringLiteral("^\\s*(-?\\d+)\\s*[,. ]\\s*(-?\\d+)\\s*$"));
-    const QRegularExpressionMatch match = pair.match(text);
-    if (!sprites() || !match.hasMatch())
+    int group = 0;
+    int index = 0;
+    if (!sprites() || !QSpriteTableModel::numberPair(text, group, index))
         return false;
-    const int row = sprites()->find(0, match.captured(1).toInt(), match.captured(2).toInt());
+    const int row = sprites()->find(0, group, index);
     if (row < 0)
         return false;
     m_table->setCurrentIndex(m_model->index(row, 0));
     m_table->scrollTo(m_model->index(row, 0), QAbstractItemView::PositionAtCenter);
+    m_grid->scrollTo(m_model->index(row, 0), QAbstractItemView::PositionAtCenter);
     return true;
-}
-
-int QSpritesEditor::addFiles(const QStringList& files, int group, int index, int step)
-{
-    if (!sprites())
-        return 0;
-    const int first = sprites()->count();
-    QSpriteFileImport import(sprites());
-    const int added = import.add(files, group, index, step);
-    if (!import.error().isEmpty()) {
-        prompt().warning(tr("Add pictures"), import.error());
-        m_status->setText(import.error());
-        return 0;
-    }
-    if (added > 0) {
-        m_table->clearSelection();
-        m_table->setCurrentIndex(m_model->index(first, 0));
-        m_table->selectionModel()->select(QItemSelection(m_model->index(first, 0),
-                                                         m_model->index(first + added - 1, 0)),
-                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
-        m_status->setText(tr("%n sprite(s) added.", nullptr, added));
-    }
-    return added;
-}
-
-void QSpritesEditor::addImages()
-{
-    if (!sprites())
-        return;
-    const QStringList files = QFileDialog::getOpenFileNames(view(), tr("Add pictures"), QString(), tr(imageFilter));
-    if (files.isEmpty())
-        return;
-    const QSprite* current = sprites()->at(m_table->currentIndex().row());
-    const int group = current ? current->itemGroup() : 0;
-    addFiles(files, group, sprites()->nextSpriteIndex(group), 1);
-}
-
-void QSpritesEditor::addSeries()
-{
-    if (!sprites())
-        return;
-    const QString first = QFileDialog::getOpenFileName(view(), tr("First picture of the series"), QString(),
-                                                       tr(imageFilter));
-    if (first.isEmpty())
-        return;
-    const QStringList files = QSpriteFileImport::numberedSeries(first);
-    const QSprite* current = sprites()->at(m_table->currentIndex().row());
-    int group = current ? current->itemGroup() : 0;
-    int index = sprites()->nextSpriteIndex(group);
-    int step = 1;
-    if (askSeriesPlace(view(), files.size(), group, index, step))
-        addFiles(files, group, index, step);
-}
-
-int QSpritesEditor::editSelection(const QString& name, const std::function<void(QSprite*)>& edit)
-{
-    // Sprites rather than rows: deleting and duplicating move the rows that follow.
-    QList<QSprite*> selected;
-    const QList<int> rows = selectedRows();
-    for (int i = rows.size() - 1; i >= 0; --i)
-        selected.append(sprites()->at(rows.at(i)));
-    if (selected.isEmpty())
-        return 0;
-    sprites()->beginMacro(name);
-    for (QSprite* sprite : selected)
-        edit(sprite);
-    sprites()->endMacro();
-    return selected.size();
-}
-
-void QSpritesEditor::removeSelection()
-{
-    const int count = editSelection(tr("delete sprites"),
-                                    [this](QSprite* sprite) { sprites()->remove(sprites()->indexOf(sprite)); });
-    if (count > 0)
-        m_status->setText(tr("%n sprite(s) deleted.", nullptr, count));
-}
-
-void QSpritesEditor::duplicateSelection()
-{
-    editSelection(tr("duplicate sprites"), [](QSprite* sprite) { sprite->duplicate(); });
-}
-
-void QSpritesEditor::cropSelection()
-{
-    editSelection(tr("crop sprites"), [](QSprite* sprite) { sprite->crop(); });
-}
-
-void QSpritesEditor::axisToBottomCentre()
-{
-    editSelection(tr("axis to bottom centre"), [](QSprite* sprite) {
-        const QImageInfo info = sprite->imageInfo();
-        sprite->setOffset(QPoint(info.width / 2, info.height));
-    });
-}
-
-void QSpritesEditor::setSelectionAxis(int x, int y)
-{
-    editSelection(tr("set axis"), [x, y](QSprite* sprite) {
-        if (sprite->offset() != QPoint(x, y))
-            sprite->setOffset(QPoint(x, y));
-    });
 }
 
 void QSpritesEditor::applyItem()
 {
-    QSprite* sprite = sprites() ? sprites()->at(m_table->currentIndex().row()) : nullptr;
+    QSprite* sprite = currentSprite();
     if (m_updating || !sprite)
         return;
     if (sprite->itemGroup() != m_group->value() || sprite->itemIndex() != m_index->value())
@@ -407,7 +312,7 @@ void QSpritesEditor::applyAxis()
 
 void QSpritesEditor::currentChanged()
 {
-    const QSprite* sprite = sprites() ? sprites()->at(m_table->currentIndex().row()) : nullptr;
+    const QSprite* sprite = currentSprite();
     m_updating = true;
     for (QSpinBox* box : { m_group, m_index, m_axisX, m_axisY })
         box->setEnabled(sprite);

@@ -5,6 +5,8 @@
 #include "model/qspritepalette.h"
 #include "model/qsprites.h"
 
+#include <QRegularExpression>
+
 QSpriteTableModel::QSpriteTableModel(QObject* parent)
     : QAbstractTableModel(parent)
 {
@@ -19,10 +21,10 @@ void QSpriteTableModel::setSprites(QSprites* sprites)
     if (sprites) {
         // Rows are forwarded one to one, so selections survive edits elsewhere.
         connect(sprites, &QAbstractItemModel::rowsAboutToBeInserted, this,
-                [this](const QModelIndex&, int first, int last) { beginInsertRows(QModelIndex(), first, last); });
+            [this](const QModelIndex&, int first, int last) { beginInsertRows(QModelIndex(), first, last); });
         connect(sprites, &QAbstractItemModel::rowsInserted, this, [this] { endInsertRows(); });
         connect(sprites, &QAbstractItemModel::rowsAboutToBeRemoved, this,
-                [this](const QModelIndex&, int first, int last) { beginRemoveRows(QModelIndex(), first, last); });
+            [this](const QModelIndex&, int first, int last) { beginRemoveRows(QModelIndex(), first, last); });
         connect(sprites, &QAbstractItemModel::rowsRemoved, this, [this] { endRemoveRows(); });
         connect(sprites, &QAbstractItemModel::modelAboutToBeReset, this, [this] { beginResetModel(); });
         connect(sprites, &QAbstractItemModel::modelReset, this, [this] { endResetModel(); });
@@ -75,7 +77,7 @@ QVariant QSpriteTableModel::data(const QModelIndex& index, int role) const
         return QVariant();
     if (role == Qt::TextAlignmentRole)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != Qt::EditRole)
         return QVariant();
     switch (index.column()) {
     case Group:
@@ -122,5 +124,69 @@ QVariant QSpriteTableModel::headerData(int section, Qt::Orientation orientation,
         return tr("Compression");
     default:
         return QVariant();
+    }
+}
+
+Qt::ItemFlags QSpriteTableModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    switch (index.column()) {
+    case Group:
+    case Index:
+    case Axis:
+    case Palette:
+        return flags | Qt::ItemIsEditable;
+    default:
+        return flags;
+    }
+}
+
+bool QSpriteTableModel::numberPair(const QString& text, int& first, int& second)
+{
+    static const QRegularExpression pair(QStringLiteral("^\\s*(-?\\d+)\\s*[,. ]\\s*(-?\\d+)\\s*$"));
+    const QRegularExpressionMatch match = pair.match(text);
+    if (!match.hasMatch())
+        return false;
+    first = match.captured(1).toInt();
+    second = match.captured(2).toInt();
+    return true;
+}
+
+bool QSpriteTableModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    QSprite* sprite = m_sprites && index.isValid() ? m_sprites->at(index.row()) : nullptr;
+    if (!sprite || role != Qt::EditRole)
+        return false;
+    bool number = false;
+    const int single = value.toString().trimmed().toInt(&number);
+    int first = 0;
+    int second = 0;
+    switch (index.column()) {
+    case Group:
+        if (number && single != sprite->itemGroup())
+            sprite->setItemGroup(single);
+        return number;
+    case Index:
+        if (number && single != sprite->itemIndex())
+            sprite->setItemIndex(single);
+        return number;
+    case Axis:
+        if (!numberPair(value.toString(), first, second))
+            return false;
+        if (sprite->offset() != QPoint(first, second))
+            sprite->setOffset(QPoint(first, second));
+        return true;
+    case Palette: {
+        if (!numberPair(value.toString(), first, second))
+            return false;
+        QSpritePalette* palette = m_sprites->paletteAt(m_sprites->findPalette(0, first, second));
+        if (!palette)
+            return false;
+        if (palette != sprite->palette())
+            sprite->setPalette(palette);
+        return true;
+    }
+    default:
+        return false;
     }
 }

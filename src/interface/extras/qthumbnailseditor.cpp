@@ -1,0 +1,108 @@
+#include "qthumbnailseditor.h"
+
+#include "interface/editors/qthumbnailcache.h"
+#include "interface/editors/qthumbnaildelegate.h"
+#include "interface/qinterface.h"
+#include "model/qanimation.h"
+#include "model/qanimationframe.h"
+#include "model/qanimations.h"
+#include "model/qproject.h"
+#include "model/qsprite.h"
+#include "model/qsprites.h"
+
+#include <QLabel>
+#include <QListView>
+#include <QVBoxLayout>
+
+void QThumbnailsEditor::initialized(QWidget* rightPage)
+{
+    m_cache = new QThumbnailCache(48, 1000, this);
+    m_caption = new QLabel(rightPage);
+    m_caption->setObjectName(QStringLiteral("thumbnailsCaption"));
+    m_caption->setWordWrap(true);
+    m_grid = new QListView(rightPage);
+    m_grid->setObjectName(QStringLiteral("thumbnailsGrid"));
+    auto* delegate = new QThumbnailDelegate(
+        m_cache,
+        [this](const QModelIndex& index) {
+            QThumbnailDelegate::Cell cell;
+            if (!m_project)
+                return cell;
+            QSprites* sprites = m_project->sprites();
+            if (!m_actions) {
+                cell.sprite = sprites->at(index.row());
+                if (cell.sprite)
+                    cell.caption
+                        = QStringLiteral("%1,%2").arg(cell.sprite->itemGroup()).arg(cell.sprite->itemIndex());
+                return cell;
+            }
+            const QAnimation* action = m_project->animations()->at(index.row());
+            if (!action)
+                return cell;
+            cell.caption = QString::number(action->number());
+            if (const QAnimationFrame* first = action->frame(0))
+                cell.sprite = sprites->at(sprites->find(0, first->sprite().group, first->sprite().index));
+            return cell;
+        },
+        m_grid);
+    delegate->setUpGrid(m_grid);
+    m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    connect(m_grid, &QListView::clicked, this, &QThumbnailsEditor::open);
+    connect(m_grid, &QListView::activated, this, &QThumbnailsEditor::open);
+
+    auto* layout = new QVBoxLayout(rightPage);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->addWidget(m_caption);
+    layout->addWidget(m_grid, 1);
+    if (intf)
+        connect(intf, &QInterface::editorSwitched, this, &QThumbnailsEditor::follow);
+    fill();
+}
+
+void QThumbnailsEditor::setProject(QProject* project)
+{
+    m_project = project;
+    fill();
+}
+
+void QThumbnailsEditor::follow(QInterfaceEditors editor)
+{
+    const bool actions = editor == ieAnimations;
+    if (actions == m_actions)
+        return;
+    m_actions = actions;
+    fill();
+}
+
+void QThumbnailsEditor::fill()
+{
+    if (!m_grid)
+        return;
+    m_cache->clear();
+    QAbstractItemModel* model = nullptr;
+    if (m_project)
+        model = m_actions ? static_cast<QAbstractItemModel*>(m_project->animations()) : m_project->sprites();
+    if (m_grid->model() && m_grid->model() != model)
+        m_grid->model()->disconnect(this);
+    m_grid->setModel(model);
+    m_caption->setText(m_actions ? tr("First frame of each action; click to open it")
+                                 : tr("Every sprite; click to open it"));
+    if (!model)
+        return;
+    // Pictures edited in place keep their record: what changed is drawn again.
+    connect(model, &QAbstractItemModel::dataChanged, this, &QThumbnailsEditor::redraw, Qt::UniqueConnection);
+    connect(model, &QAbstractItemModel::modelReset, m_cache, &QThumbnailCache::clear, Qt::UniqueConnection);
+    connect(model, &QAbstractItemModel::rowsRemoved, m_cache, &QThumbnailCache::clear, Qt::UniqueConnection);
+}
+
+void QThumbnailsEditor::redraw()
+{
+    m_cache->clear();
+    m_grid->viewport()->update();
+}
+
+void QThumbnailsEditor::open(const QModelIndex& index)
+{
+    if (intf && index.isValid())
+        intf->navigateTo(m_actions ? pftAnimations : pftSprites, 0, index.row(), -1);
+}
