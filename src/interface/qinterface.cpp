@@ -192,6 +192,15 @@ void QInterface::registerExtraEditor(QInterfaceExtraEditor* editor)
 {
     editor->setParent(nullptr);
     m_extraEditors.insert(QInterfaceExtraEditors(editor->id()), editor);
+    // The View menu chooses the extra editor: "view_organizer", "view_palettes"...
+    if (!m_extraGroup)
+        m_extraGroup = new QActionGroup(this);
+    QAction* action = m_actions->add({QActionManager::global}, QStringLiteral("view_") + editor->name(), nullptr, true);
+    action->setText(editor->title());
+    m_extraGroup->addAction(action);
+    menu("menuView")->addAction(action);
+    const auto id = QInterfaceExtraEditors(editor->id());
+    connect(action, &QAction::triggered, this, [this, id]() { switchExtraEditor(id); });
     QWidget* page = m_rightPanel->addPage(editor->name());
     m_rightPages.insert(editor->name(), page);
     editor->initialized(page);

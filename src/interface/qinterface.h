@@ -197,6 +197,7 @@ private:
     QMap<QInterfaceEditors, QAction*> m_editorActions;
     QInterfaceExtraEditors m_currentExtra = ieeNone;
     QMap<QInterfaceExtraEditors, QInterfaceExtraEditor*> m_extraEditors;
+    QActionGroup* m_extraGroup = nullptr;
     QStackedLayout* m_workspaceStack = nullptr;
     QInterfaceWorkspaces m_currentWorkspace = iwNone;
     QMap<QInterfaceWorkspaces, QInterfaceWorkspace*> m_workspaces;

@@ -238,6 +238,7 @@ private slots:
         PF_REQUIRE_REALDATA();
         QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
         intf->switchEditor(ieSprites);
+        intf->switchExtraEditor(ieePalettes);
         auto* palettes = static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes));
         auto* choice = m_window->findChild<QComboBox*>(QStringLiteral("paletteChoice"));
         QVERIFY(choice && choice->isVisible());
@@ -300,6 +301,7 @@ private slots:
         QTest::qWait(200);
         QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("sounds-editor.png")));
         intf->switchEditor(ieSprites);
+        intf->switchExtraEditor(ieePalettes);
         static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes))->selectIndex(37);
         QTest::qWait(200);
         QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("palettes-panel.png")));
