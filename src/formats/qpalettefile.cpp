@@ -14,11 +14,6 @@ namespace {
 constexpr qint64 actSize = 768;
 constexpr qint64 actSizeWithCount = 772;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("QPaletteFile", text);
-}
-
 } // namespace
 
 bool readPaletteFile(const QString& path, QRGBA (&colors)[256], QString& fault)
@@ -27,12 +22,13 @@ bool readPaletteFile(const QString& path, QRGBA (&colors)[256], QString& fault)
     const QString name = QDir::toNativeSeparators(path);
     fault.clear();
     if (!file.isFile()) {
-        fault = tr("%1: the file can't be opened.").arg(name);
+        fault = QCoreApplication::translate("QPaletteFile", "%1: the file can't be opened.").arg(name);
         return false;
     }
     if (file.suffix().compare(QLatin1String("act"), Qt::CaseInsensitive) == 0 && file.size() != actSize
         && file.size() != actSizeWithCount) {
-        fault = tr("%1: an ACT palette has %2 or %3 bytes, this file has %4.")
+        fault = QCoreApplication::translate("QPaletteFile",
+                                            "%1: an ACT palette has %2 or %3 bytes, this file has %4.")
                     .arg(name)
                     .arg(actSize)
                     .arg(actSizeWithCount)
@@ -44,11 +40,13 @@ bool readPaletteFile(const QString& path, QRGBA (&colors)[256], QString& fault)
     QRGBPalette reader;
     reader.setPalette(&read);
     if (!reader.fromFile(path)) {
-        fault = tr("%1: no palette could be read (an image must have indexed colours).").arg(name);
+        fault = QCoreApplication::translate("QPaletteFile",
+                                            "%1: no palette could be read (an image must have indexed colours).")
+                    .arg(name);
         return false;
     }
     if (!reader.fault().isEmpty()) {
-        fault = tr("%1: %2.").arg(name, reader.fault());
+        fault = QCoreApplication::translate("QPaletteFile", "%1: %2.").arg(name, reader.fault());
         return false;
     }
     std::memcpy(static_cast<void*>(colors), read, sizeof read);

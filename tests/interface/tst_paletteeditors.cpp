@@ -426,8 +426,8 @@ private slots:
             QSKIP("PF_SHOT_DIR is not set: no picture wanted");
         PF_REQUIRE_REALDATA();
         QVERIFY(openKfm(QStringLiteral("pictures")));
-        showSprite(0);
-        palettes()->selectIndex(37);
+        showSprite(sprites()->find(0, 0, 0));
+        palettes()->selectIndex(20);
         QTest::qWait(200);
         QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("palettes-panel-kfm.png")));
         m_prompt->script({ QPrompt::No });

@@ -10,13 +10,18 @@
 namespace {
 
 constexpr int paletteNumbers = 12;
+constexpr int buttonsPerRow = 4;
 
-/// A small picture of a palette: its 256 colours as a 16 by 16 grid.
-QIcon paletteIcon(const QRGBA* colors)
+/// A small picture of a palette: the colours the file keeps (often 32 of a
+/// character's palette), in rows of 4, 8 or 16, stretched to a square.
+QIcon paletteIcon(const QRGBA* colors, int count)
 {
-    QImage picture(16, 16, QImage::Format_RGB32);
-    for (int i = 0; i < 256; ++i)
-        picture.setPixel(i % 16, i / 16, qRgb(colors[i].r, colors[i].g, colors[i].b));
+    const int columns = count <= 16 ? 4 : count <= 64 ? 8 : 16;
+    const int rows = (qMax(count, columns) + columns - 1) / columns;
+    QImage picture(columns, rows, QImage::Format_RGB32);
+    picture.fill(Qt::black);
+    for (int i = 0; i < count; ++i)
+        picture.setPixel(i % columns, i / columns, qRgb(colors[i].r, colors[i].g, colors[i].b));
     return QIcon(QPixmap::fromImage(picture.scaled(32, 32)));
 }
 
@@ -48,13 +53,13 @@ void QCharPaletteStrip::setSprites(QSprites* sprites)
         button->setObjectName(QStringLiteral("charPalette%1").arg(number));
         button->setCheckable(true);
         button->setAutoRaise(true);
-        button->setIcon(paletteIcon(palette->colors()));
+        button->setIcon(paletteIcon(palette->colors(), qBound(1, int(palette->colorCount()), 256)));
         button->setIconSize(QSize(32, 32));
         button->setText(QString::number(number));
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
         button->setToolTip(tr("Show the sprites with palette 1,%1 (pal%1 of the definitions)").arg(number));
         const int place = m_buttons->buttons().size();
-        m_layout->addWidget(button, place / 6, place % 6);
+        m_layout->addWidget(button, place / buttonsPerRow, place % buttonsPerRow);
         m_buttons->addButton(button, number);
     }
     if (QAbstractButton* again = m_buttons->button(kept))

@@ -75,7 +75,9 @@ void QPalettesEditor::initialized(QWidget* rightPage)
     layout->addWidget(m_entry);
     layout->addLayout(numbers);
     layout->addWidget(buildButtons(rightPage));
-    layout->addWidget(new QLabel(tr("Character palettes (shown in the view):"), rightPage));
+    auto* charTitle = new QLabel(tr("Character palettes:"), rightPage);
+    charTitle->setToolTip(tr("The palettes 1,1 to 1,12; the view shows the sprites in the one chosen"));
+    layout->addWidget(charTitle);
     layout->addWidget(m_strip);
     layout->addWidget(buildRemaps(rightPage));
     layout->addWidget(new QLabel(tr("Palette files of the definitions:"), rightPage));
