@@ -239,8 +239,20 @@ private slots:
         copy[255] = QRGBA(1, 2, 3); // colours of its own: equal tables would be one shared table
         QSpritePalette* own = sprites()->addPalette(copy, spsNew, 9, -1);
         palettes()->setCurrentPalette(sprites()->indexOfPalette(own));
+        // The whole group takes it in one undo step, which undo takes back; then the sprite alone.
+        int inGroup = 0;
+        for (int i = 0; i < sprites()->count(); ++i)
+            inGroup += sprites()->at(i)->itemGroup() == sprites()->at(position)->itemGroup() ? 1 : 0;
+        const int before = sprites()->undoStack()->count();
+        QCOMPARE(palettes()->applyTo(QPalettesEditor::Group), inGroup);
+        QCOMPARE(sprites()->undoStack()->count(), before + 1);
+        intf->undoGroup()->undo();
+        QCOMPARE(sprites()->at(position)->palette(), sprites()->paletteAt(paletteOne));
+        QCOMPARE(palettes()->currentPalette(), paletteOne); // the panel follows the sprite back
+        palettes()->setCurrentPalette(sprites()->indexOfPalette(own));
         QCOMPARE(palettes()->applyTo(QPalettesEditor::CurrentSprite), 1);
         QCOMPARE(sprites()->at(position)->palette(), own);
+        QVERIFY(sprites()->at(position + 1)->palette() != own);
 
         QRGBA swatches[256];
         for (int i = 0; i < 256; ++i)

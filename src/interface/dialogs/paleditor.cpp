@@ -171,7 +171,7 @@ void PalEditor::changed()
 
     if (m_spriteImage.isNull()) {
         m_preview = QImage();
-        m_view->setText(m_sprites ? tr("The sprite has no picture.") : tr("No sprite: the palette alone."));
+        m_view->setText(m_sprites ? tr("The sprite has no picture.") : tr("No sprite: open a palette file, or make one here and save it."));
         return;
     }
     m_preview = QPaletteEntries::reorderPixels(m_spriteImage, m_order);
@@ -338,25 +338,36 @@ void PalEditor::askColor(int index)
         setColor(index, QRGBA(uchar(chosen.red()), uchar(chosen.green()), uchar(chosen.blue()), m_colors[index].a));
 }
 
+QString PalEditor::askOpenName(QWidget* parent, const QString& start)
+{
+    return QFileDialog::getOpenFileName(parent, tr("Open a palette"), start,
+        tr("Palettes (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;All files (*)"));
+}
+
+QString PalEditor::askSaveName(QWidget* parent, const QString& start, QPaletteFileFormat& format)
+{
+    QString filter;
+    QString path = QFileDialog::getSaveFileName(parent, tr("Save the palette"), start,
+                                                QPaletteWriter::filters().join(QStringLiteral(";;")), &filter);
+    format = QPaletteWriter::formatOfFilter(filter);
+    if (!path.isEmpty() && QFileInfo(path).suffix().isEmpty())
+        path += QLatin1Char('.') + QPaletteWriter::suffix(format);
+    return path;
+}
+
 void PalEditor::askOpen()
 {
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open a palette"), QFileInfo(m_fileName).path(),
-        tr("Palettes (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;All files (*)"));
+    const QString path = askOpenName(this, QFileInfo(m_fileName).path());
     if (!path.isEmpty())
         loadFile(path);
 }
 
 void PalEditor::askSave()
 {
-    QString filter;
-    QString path = QFileDialog::getSaveFileName(this, tr("Save the palette"), m_fileName,
-                                                QPaletteWriter::filters().join(QStringLiteral(";;")), &filter);
-    if (path.isEmpty())
-        return;
-    const QPaletteFileFormat format = QPaletteWriter::formatOfFilter(filter);
-    if (QFileInfo(path).suffix().isEmpty())
-        path += QLatin1Char('.') + QPaletteWriter::suffix(format);
-    saveFile(path, format);
+    QPaletteFileFormat format = pffACT;
+    const QString path = askSaveName(this, m_fileName, format);
+    if (!path.isEmpty())
+        saveFile(path, format);
 }
 
 void PalEditor::askGenerate()

@@ -57,6 +57,11 @@ public:
     /// Writes the work into the sprite file as one undo step; false without one.
     bool apply();
 
+    /// Asks for a palette file to read, in any format the program reads; empty when cancelled.
+    static QString askOpenName(QWidget* parent, const QString& start);
+    /// Asks for a palette file to write and its format (a name without suffix gets the format's).
+    static QString askSaveName(QWidget* parent, const QString& start, QPaletteFileFormat& format);
+
 signals:
     void applied();
 

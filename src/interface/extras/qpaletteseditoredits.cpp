@@ -16,8 +16,6 @@
 
 #include <QColorDialog>
 #include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QListView>
 #include <QSpinBox>
 #include <QToolButton>
@@ -166,23 +164,17 @@ void QPalettesEditor::askColor(int index)
 
 void QPalettesEditor::askLoad()
 {
-    const QString path = QFileDialog::getOpenFileName(m_grid, tr("Load a palette"), QString(),
-        tr("Palettes (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;All files (*)"));
+    const QString path = PalEditor::askOpenName(m_grid, QString());
     if (!path.isEmpty())
         loadPalette(path);
 }
 
 void QPalettesEditor::askSave()
 {
-    QString filter;
-    QString path = QFileDialog::getSaveFileName(m_grid, tr("Save the palette"), QString(),
-                                                QPaletteWriter::filters().join(QStringLiteral(";;")), &filter);
-    if (path.isEmpty())
-        return;
-    const QPaletteFileFormat format = QPaletteWriter::formatOfFilter(filter);
-    if (QFileInfo(path).suffix().isEmpty())
-        path += QLatin1Char('.') + QPaletteWriter::suffix(format);
-    savePalette(path, format);
+    QPaletteFileFormat format = pffACT;
+    const QString path = PalEditor::askSaveName(m_grid, QString(), format);
+    if (!path.isEmpty())
+        savePalette(path, format);
 }
 
 void QPalettesEditor::openEditor()
