@@ -1,21 +1,5 @@
-<?xml version="1.0" encoding="utf-8"?>
-<!DOCTYPE TS>
+<?xml version='1.0' encoding='utf-8'?>
 <TS version="2.1" language="de_DE">
-<context>
-    <name>BakDlg</name>
-    <message>
-        <source>Load backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Choose the backup to load (newest first). Saving afterwards writes the project&apos;s own files.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>This project has no backups yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
 <context>
     <name>Calculator</name>
     <message>
@@ -50,17 +34,11 @@
     </message>
     <message numerus="yes">
         <source>%n error(s)</source>
-        <translation>
-            <numerusform>%n Fehler</numerusform>
-            <numerusform>%n Fehler</numerusform>
-        </translation>
+        <translation><numerusform>%n Fehler</numerusform><numerusform>%n Fehler</numerusform></translation>
     </message>
     <message numerus="yes">
         <source>%n warning(s)</source>
-        <translation>
-            <numerusform>%n Warnung</numerusform>
-            <numerusform>%n Warnungen</numerusform>
-        </translation>
+        <translation><numerusform>%n Warnung</numerusform><numerusform>%n Warnungen</numerusform></translation>
     </message>
     <message>
         <source>double-click a row to go there</source>
@@ -73,482 +51,6 @@
     <message>
         <source>Faults of every file of the project show here.</source>
         <translation>Hier erscheinen die Fehler aller Dateien des Projekts.</translation>
-    </message>
-</context>
-<context>
-    <name>FindDlgMlt</name>
-    <message>
-        <source>Regular expression</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Match case</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Whole words</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Find and replace in all files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Find:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace with:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>File</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Line</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Text</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Find all</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace all</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Undo replace</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n match(es)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>%1 replaced in %2 file(s)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace undone</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>ImgEdit</name>
-    <message>
-        <source>Palette</source>
-        <translation>Palette</translation>
-    </message>
-    <message>
-        <source>Layers</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>x %1, y %2: entry %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Import image as layer...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Apply to sprite</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Undo</source>
-        <translation type="unfinished">&amp;Rückgängig</translation>
-    </message>
-    <message>
-        <source>&amp;Redo</source>
-        <translation type="unfinished">&amp;Wiederholen</translation>
-    </message>
-    <message>
-        <source>Cu&amp;t</source>
-        <translation type="unfinished">&amp;Ausschneiden</translation>
-    </message>
-    <message>
-        <source>&amp;Copy</source>
-        <translation type="unfinished">&amp;Kopieren</translation>
-    </message>
-    <message>
-        <source>&amp;Paste as layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Delete selected pixels</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Select &amp;all</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Select &amp;none</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;New layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Duplicate layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Remove layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Merge down</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Flatten</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Image</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;True colour</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Crop to content</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Flip &amp;horizontally</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Flip &amp;vertically</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;View</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Zoom &amp;in</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Zoom &amp;out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pixel &amp;grid</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&amp;Actual size beside</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Background</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Sprite %1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Image editor - sprite %1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Image editor</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Apply to sprite</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The sprite is indexed, but the picture is in true colour now.
-Map its colours to the sprite&apos;s palette (Yes), or build a new palette for the sprite from the picture&apos;s colours (No)?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Edit image</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Apply the changes to the sprite %1, %2 before closing?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The clipboard holds no picture</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Import image as layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Images (*.png *.bmp *.gif *.pcx *.jpg)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 could not be read: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>ImgEditColor</name>
-    <message>
-        <source>Left click: foreground, right click: background</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>FG %1
-BG %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>ImgEditLayers</name>
-    <message>
-        <source>Normal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Plus</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Multiply</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Screen</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Overlay</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Darken</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Lighten</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Color Dodge</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Color Burn</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hard Light</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Soft Light</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Difference</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Exclusion</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>New</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>New layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Duplicate layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Del</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Remove layer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move layer up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Down</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move layer down</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Merge</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Merge down</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Blend mode</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Opacity</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Blend modes and opacity apply to true-colour pictures only</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Layer %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>ImgEditToolBar</name>
-    <message>
-        <source>Tools</source>
-        <translation type="unfinished">Werkzeuge</translation>
-    </message>
-    <message>
-        <source>Pen</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pen: left button foreground, right background; Shift-click joins to the last stroke</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Eraser</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Eraser: left erases all, right only the foreground colour</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace pen: recolours pairs of palette entries</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Fill</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Flood fill with the foreground</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Picker</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Colour picker: left foreground, right background</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Rect select</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Rectangle selection: click selects all, Shift adds, Ctrl takes away</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pen select</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Selection pen: left adds, right takes away</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move sel.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move the selected pixels (arrows move by one)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Hand</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pan the view (or hold Space)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pen size (+ and - keys)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Tolerance </source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace selection</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add to selection</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Subtract from selection</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -588,29 +90,6 @@ BG %2</source>
     <message>
         <source>Do you really want to close Pugilforge?</source>
         <translation>Wollen Sie Pugilforge wirklich schließen?</translation>
-    </message>
-</context>
-<context>
-    <name>MugRunDlg</name>
-    <message>
-        <source>Run in M.U.G.E.N.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>M.U.G.E.N. will fail if you try to test a char created with a new format in an older version (default format is 1.1).</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Choose the target:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Warning!</source>
-        <translation type="unfinished">Warnung!</translation>
-    </message>
-    <message>
-        <source>Oops, you need to configure a M.U.G.E.N. first. Do it in the Tools / Options.</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -945,11 +424,11 @@ BG %2</source>
         <translation>In den Editor öffnen...</translation>
     </message>
     <message>
-        <source>Save the editor&apos;s file</source>
+        <source>Save the editor's file</source>
         <translation>Datei des Editors speichern</translation>
     </message>
     <message>
-        <source>Save the editor&apos;s file as...</source>
+        <source>Save the editor's file as...</source>
         <translation>Datei des Editors speichern unter...</translation>
     </message>
     <message>
@@ -983,147 +462,6 @@ BG %2</source>
     <message>
         <source>&amp;Palette editor...</source>
         <translation>&amp;Paletteneditor...</translation>
-    </message>
-</context>
-<context>
-    <name>QAnimSpriteWorkspace</name>
-    <message>
-        <source>Center axis</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Sprite crosshair</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Animation crosshair</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Extra crosshair</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Rulers</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Guide lines</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Attack boxes (Clsn1)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Collision boxes (Clsn2)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Default attack boxes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Default collision boxes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>OpenGL mode</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Native mode</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Sprites and animations</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QAnimations</name>
-    <message>
-        <source>Save AIR</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>You can&apos;t save an empty AIR because M.U.G.E.N. will not open it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Discard changes</source>
-        <translation type="unfinished">Änderungen verwerfen</translation>
-    </message>
-    <message>
-        <source>Do you really want to discard the changes made in the animations?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The frame stands in no action.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The boxes are declared for no frame.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 boxes are declared, %2 follow.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The box has no declaration above it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The line speaks of no frame.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QAnimationsEditor</name>
-    <message>
-        <source>Search number or name</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>New action</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete action</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Boxes to all frames</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Play</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Actions:&lt;/b&gt; %1&lt;br&gt;Double-click a cell of the frames to change it; drag the sprite in the view to move it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Animations</source>
-        <translation type="unfinished">Animationen</translation>
     </message>
 </context>
 <context>
@@ -1212,13 +550,6 @@ BG %2</source>
     </message>
 </context>
 <context>
-    <name>QCommands</name>
-    <message>
-        <source>Do you really want to discard the changes made in the commands?</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>QConfigManager</name>
     <message>
         <source>Pugilforge 3 Configuration (*.pfc3)</source>
@@ -1276,82 +607,15 @@ BG %2</source>
     </message>
     <message numerus="yes">
         <source>%n palette(s)</source>
-        <translation>
-            <numerusform>%n Palette</numerusform>
-            <numerusform>%n Paletten</numerusform>
-        </translation>
+        <translation><numerusform>%n Palette</numerusform><numerusform>%n Paletten</numerusform></translation>
     </message>
     <message>
         <source>not here</source>
         <translation>nicht hier</translation>
     </message>
     <message>
-        <source>&quot;not here&quot;: the engine also looks in its data folder.</source>
+        <source>"not here": the engine also looks in its data folder.</source>
         <translation>„nicht hier“: die Engine sucht auch in ihrem Datenordner.</translation>
-    </message>
-</context>
-<context>
-    <name>QFileWatcherManager</name>
-    <message>
-        <source>%1 was changed by another program.
-Reload it and lose your changes?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 was changed by another program.
-Reload it?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>File changed</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QFrameTableModel</name>
-    <message>
-        <source>The animation loops back to this frame</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>X</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Y</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Time</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Flip</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Blend</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Scale X</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Scale Y</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Angle</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1369,19 +633,8 @@ Reload it?</source>
         <translation>Datei nicht gefunden!</translation>
     </message>
     <message>
-        <source>The file &apos;%1&apos; doesn&apos;t exists. Do you want to remove it from the history?</source>
-        <translation>Die Datei &apos;%1&apos; existiert nicht. Wollen Sie sie aus dem Verlauf entfernen?</translation>
-    </message>
-</context>
-<context>
-    <name>QImageCanvas</name>
-    <message>
-        <source>%1 copy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Pasted</source>
-        <translation type="unfinished"></translation>
+        <source>The file '%1' doesn't exists. Do you want to remove it from the history?</source>
+        <translation>Die Datei '%1' existiert nicht. Wollen Sie sie aus dem Verlauf entfernen?</translation>
     </message>
 </context>
 <context>
@@ -1403,7 +656,7 @@ Reload it?</source>
         <translation>Über Pugilforge</translation>
     </message>
     <message>
-        <source>&lt;h3&gt;Quorvantek Pugilforge %1&lt;/h3&gt;&lt;p&gt;An authoring environment for the files of the M.U.G.E.N. fighting engine.&lt;/p&gt;&lt;p&gt;Icons: Adwaita icon theme by the GNOME Project (CC-BY-SA 3.0 or LGPL 3), and the team&apos;s own drawings.&lt;/p&gt;</source>
+        <source>&lt;h3&gt;Quorvantek Pugilforge %1&lt;/h3&gt;&lt;p&gt;An authoring environment for the files of the M.U.G.E.N. fighting engine.&lt;/p&gt;&lt;p&gt;Icons: Adwaita icon theme by the GNOME Project (CC-BY-SA 3.0 or LGPL 3), and the team's own drawings.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;Quorvantek Pugilforge %1&lt;/h3&gt;&lt;p&gt;Eine Autorenumgebung für die Dateien der Kampfspiel-Engine M.U.G.E.N.&lt;/p&gt;&lt;p&gt;Symbole: Adwaita-Symbolthema des GNOME-Projekts (CC-BY-SA 3.0 oder LGPL 3) und eigene Zeichnungen des Teams.&lt;/p&gt;</translation>
     </message>
     <message>
@@ -1419,8 +672,8 @@ Reload it?</source>
         <translation>Projekt öffnen</translation>
     </message>
     <message>
-        <source>The project &apos;%1&apos; could not be opened.</source>
-        <translation>Das Projekt &apos;%1&apos; konnte nicht geöffnet werden.</translation>
+        <source>The project '%1' could not be opened.</source>
+        <translation>Das Projekt '%1' konnte nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Project: %1, Version: M.U.G.E.N. %2</source>
@@ -1432,17 +685,11 @@ Reload it?</source>
     </message>
     <message numerus="yes">
         <source>%n error(s) found!</source>
-        <translation>
-            <numerusform>%n Fehler gefunden!</numerusform>
-            <numerusform>%n Fehler gefunden!</numerusform>
-        </translation>
+        <translation><numerusform>%n Fehler gefunden!</numerusform><numerusform>%n Fehler gefunden!</numerusform></translation>
     </message>
     <message numerus="yes">
         <source>%n warnings found!</source>
-        <translation>
-            <numerusform>%n Warnung gefunden!</numerusform>
-            <numerusform>%n Warnungen gefunden!</numerusform>
-        </translation>
+        <translation><numerusform>%n Warnung gefunden!</numerusform><numerusform>%n Warnungen gefunden!</numerusform></translation>
     </message>
     <message>
         <source>Definitions or Font (*.def *.fnt)</source>
@@ -1518,105 +765,14 @@ Reload it?</source>
     </message>
 </context>
 <context>
-    <name>QMugenPreset</name>
-    <message>
-        <source>Current char vs current char</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Current char vs current char AI</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Current char vs KFM</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Current char vs KFM AI</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>KFM vs KFM on current Stage</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Current motif</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>KFM vs KFM on current motif</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QMugenRun</name>
-    <message>
-        <source>Warning!</source>
-        <translation type="unfinished">Warnung!</translation>
-    </message>
-    <message>
-        <source>Oops, you can run only one instance of M.U.G.E.N. at the same time.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Oops, wrong parameters on the M.U.G.E.N. configuration. Check it in the Tools / Options.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Oops, you can&apos;t run Storyboard, Font or Fight FX.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The project names &quot;%1&quot;, outside its folder: its copy would be written outside &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The engine&apos;s folder &quot;%1&quot; doesn&apos;t exist.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is already in the engine&apos;s folder. A run writes its copies there and removes them afterwards: move it away and run again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The engine&apos;s folder &quot;%1&quot; is read-only: the copies for the run can&apos;t be written there.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The copy of the project for the run couldn&apos;t be written into &quot;%1&quot;: nothing was left there.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Run in M.U.G.E.N.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The engine couldn&apos;t be started with &quot;%1 %2&quot;: %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The engine stopped unexpectedly: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&quot;%1 %2&quot; ended with the code %3.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1
-    in %2, line %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>M.U.G.E.N. errors</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>QMugenSyntaxProcessor</name>
     <message>
         <source>Unknown interpolation</source>
         <translation>Unbekannte Interpolation</translation>
+    </message>
+    <message>
+        <source>Parameter invalid for the M.U.G.E.N. version of the current project</source>
+        <translation>Parameter ungültig für die M.U.G.E.N.-Version des aktuellen Projekts</translation>
     </message>
     <message>
         <source>Unknown flip type</source>
@@ -1627,64 +783,68 @@ Reload it?</source>
         <translation>Unbekannte Transparenz</translation>
     </message>
     <message>
-        <source>Unknown trigger &apos;%1&apos;</source>
-        <translation>Unbekannter Trigger &apos;%1&apos;</translation>
+        <source>Unknown trigger '%1'</source>
+        <translation>Unbekannter Trigger '%1'</translation>
     </message>
     <message>
         <source>Unknown value</source>
         <translation>Unbekannter Wert</translation>
     </message>
     <message>
-        <source>Unknown constant &apos;%1&apos;</source>
-        <translation>Unbekannte Konstante &apos;%1&apos;</translation>
+        <source>Unknown constant '%1'</source>
+        <translation>Unbekannte Konstante '%1'</translation>
     </message>
     <message>
-        <source>Unknown &apos;Defaults&apos; parameter</source>
-        <translation>Unbekannter &apos;Defaults&apos;-Parameter</translation>
+        <source>Unknown 'Defaults' parameter</source>
+        <translation>Unbekannter 'Defaults'-Parameter</translation>
     </message>
     <message>
-        <source>Unknown &apos;Palette Keymap&apos; parameter</source>
-        <translation>Unbekannter &apos;Palette Keymap&apos;-Parameter</translation>
+        <source>Unknown 'Palette Keymap' parameter</source>
+        <translation>Unbekannter 'Palette Keymap'-Parameter</translation>
     </message>
     <message>
-        <source>Unknown &apos;Quotes&apos; parameter</source>
-        <translation>Unbekannter &apos;Quotes&apos;-Parameter</translation>
+        <source>Unknown 'Quotes' parameter</source>
+        <translation>Unbekannter 'Quotes'-Parameter</translation>
     </message>
     <message>
-        <source>Unknown &apos;Info&apos;&apos; parameter</source>
-        <translation>Unbekannter &apos;Info&apos;-Parameter</translation>
+        <source>Unknown 'Info'' parameter</source>
+        <translation>Unbekannter 'Info'-Parameter</translation>
     </message>
     <message>
-        <source>Unknown &apos;BG&apos; type</source>
-        <translation>Unbekannter &apos;BG&apos;-Typ</translation>
+        <source>Unknown 'BG' type</source>
+        <translation>Unbekannter 'BG'-Typ</translation>
     </message>
     <message>
-        <source>Unknown &apos;BG Ctrl&apos; type</source>
-        <translation>Unbekannter &apos;BG Ctrl&apos;-Typ</translation>
+        <source>Unknown 'BG Ctrl' type</source>
+        <translation>Unbekannter 'BG Ctrl'-Typ</translation>
     </message>
     <message>
-        <source>Unknown &apos;State&apos; type</source>
-        <translation>Unbekannter &apos;State&apos;-Typ</translation>
+        <source>Unknown 'StateDef' parameter '%1'</source>
+        <translation>Unbekannter 'StateDef'-Parameter '%1'</translation>
     </message>
     <message>
-        <source>Unknown &apos;Remap&apos; parameter</source>
-        <translation>Unbekannter &apos;Remap&apos;-Parameter</translation>
+        <source>Unknown 'State' type</source>
+        <translation>Unbekannter 'State'-Typ</translation>
     </message>
     <message>
-        <source>Unknown &apos;Remap&apos; value</source>
-        <translation>Unbekannter &apos;Remap&apos;-Wert</translation>
+        <source>Unknown 'Remap' parameter</source>
+        <translation>Unbekannter 'Remap'-Parameter</translation>
     </message>
     <message>
-        <source>Unknown &apos;Command&apos; parameter</source>
-        <translation>Unbekannter &apos;Command&apos;-Parameter</translation>
+        <source>Unknown 'Remap' value</source>
+        <translation>Unbekannter 'Remap'-Wert</translation>
+    </message>
+    <message>
+        <source>Unknown 'Command' parameter</source>
+        <translation>Unbekannter 'Command'-Parameter</translation>
     </message>
     <message>
         <source>Unknown command key</source>
         <translation>Unbekannte Befehlstaste</translation>
     </message>
     <message>
-        <source>Unexpected token &apos;%1&apos;</source>
-        <translation>Unerwartetes Zeichen &apos;%1&apos;</translation>
+        <source>Unexpected token '%1'</source>
+        <translation>Unerwartetes Zeichen '%1'</translation>
     </message>
     <message>
         <source>Syntax error - code ends before line</source>
@@ -1707,80 +867,16 @@ Reload it?</source>
         <translation>Falscher State</translation>
     </message>
     <message>
-        <source>Unknown parameter value &apos;%1&apos;</source>
-        <translation>Unbekannter Parameterwert &apos;%1&apos;</translation>
+        <source>Unknown parameter '%1' for the '%2' controller</source>
+        <translation>Unbekannter Parameter '%1' für den Controller '%2'</translation>
     </message>
     <message>
+        <source>Unknown parameter value '%1'</source>
+        <translation>Unbekannter Parameterwert '%1'</translation>
+    </message>
+    <message numerus="yes">
         <source>This parameter requires %n value(s)</source>
-        <translation type="unfinished">Dieser Parameter braucht %n Wert</translation>
-    </message>
-    <message>
-        <source>Trigger invalid for the M.U.G.E.N. version of the current project</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Controller invalid for the M.U.G.E.N. version of the current project</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown &apos;StateDef type&apos; value &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown &apos;StateDef movetype&apos; value &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown &apos;StateDef physics&apos; value &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; named by the DEF does not exist</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Missing parameter &apos;%1&apos; that the &apos;%2&apos; controller requires</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown parameter &apos;%1&apos; for the &apos;%2&apos; controller, ignored by the engine</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown parameter &apos;%1&apos; for the &apos;%2&apos; controller, ignored by the engine: did you mean &apos;%3&apos;?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Unknown &apos;StateDef&apos; parameter &apos;%1&apos;, ignored by the engine</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Parameter invalid for the M.U.G.E.N. version of the current project, ignored by the engine</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; is read by the engine as &apos;%2&apos;</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; separates folders with &apos;\&apos;, which only Windows reads as a separator</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&apos;%1&apos; is on disk as &apos;%2&apos;: only a system that ignores letter case finds it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Trigger deprecated in the M.U.G.E.N %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Parameter deprecated in the M.U.G.E.N %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>State controller deprecated in the M.U.G.E.N %1</source>
-        <translation type="unfinished"></translation>
+        <translation><numerusform>Dieser Parameter braucht %n Wert</numerusform><numerusform>Dieser Parameter braucht %n Werte</numerusform></translation>
     </message>
 </context>
 <context>
@@ -1790,8 +886,8 @@ Reload it?</source>
         <translation>XML-Fehler</translation>
     </message>
     <message>
-        <source>Can&apos;t open &apos;%1&apos;</source>
-        <translation>&apos;%1&apos; kann nicht geöffnet werden</translation>
+        <source>Can't open '%1'</source>
+        <translation>'%1' kann nicht geöffnet werden</translation>
     </message>
 </context>
 <context>
@@ -1834,13 +930,6 @@ Reload it?</source>
     <message>
         <source>%1: %2.</source>
         <translation>%1: %2.</translation>
-    </message>
-</context>
-<context>
-    <name>QPaletteGrid</name>
-    <message>
-        <source>Click a colour to pick it, double-click to change it.</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2051,302 +1140,28 @@ Reload it?</source>
         <source>Fight HUD &amp; effects</source>
         <translation>Kampfanzeige &amp; Effekte</translation>
     </message>
-    <message>
-        <source>The sound file %1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The command file %1 can&apos;t be read.</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QQuickFind</name>
-    <message>
-        <source>Regex</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Case</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Word</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Find</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace with</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Previous</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Next</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Not found</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n replaced</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>QSounds</name>
-    <message>
-        <source>Discard changes</source>
-        <translation type="unfinished">Änderungen verwerfen</translation>
-    </message>
-    <message>
-        <source>Do you really want to discard the changes made in the sounds?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Save SND</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>You can&apos;t save an empty SND because M.U.G.E.N. will not open it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Empty sound!</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The group %2, index %3 is already in use by sound #%4!</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>QSoundsEditor</name>
     <message>
+        <source>The definitions name no sound file.</source>
+        <translation>Die Definitionen nennen keine Klangdatei.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 is missing.</source>
+        <translation>Die Klangdatei %1 fehlt.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Sound file:&lt;/b&gt; %1</source>
+        <translation>&lt;b&gt;Klangdatei:&lt;/b&gt; %1</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
         <source>Sounds</source>
         <translation>Klänge</translation>
-    </message>
-    <message>
-        <source>Play</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Play in a loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Stop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add WAV files...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add WAV files as a numbered group...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace with a WAV file...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move up</source>
-        <translation type="unfinished">Nach oben</translation>
-    </message>
-    <message>
-        <source>Move down</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move the group to another number...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete the whole group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Export the selected sounds...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Export the group...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Import an export of sounds...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>no sound file</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n sound(s) in %1. Double-click a group or number to change it.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This project has no sounds yet (%1). Add WAV files with the tool bar.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;File:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sounds:&lt;/b&gt; %2&lt;br&gt;&lt;b&gt;Groups:&lt;/b&gt; %3&lt;br&gt;&lt;b&gt;Length:&lt;/b&gt; %4 s</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No sound selected.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Sound %1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>: empty</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>: not PCM, no waveform</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>: %n channel(s), %1 Hz, %2 bits, %3 s</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>WAV files (*.wav)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Sound export (*.txt);;Elecbyte SndMaker (*.def)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation type="unfinished">%1: %2</translation>
-    </message>
-    <message>
-        <source>%1: the export could not be written completely.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1: no sound could be imported.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add WAV files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add WAV files as a numbered group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Numbered group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Group of the new sounds:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Number of the first sound:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Replace with a WAV file</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Move group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>New number of the group:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Export the selected sounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Export the group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Import sounds</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Sound export (*.txt *.pfe);;All files (*)</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QSoundsTableModel</name>
-    <message>
-        <source>An empty sound: the engine can&apos;t play it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 Hz</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>%1 s</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Number</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Channels</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Rate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Bits</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Duration</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2356,29 +1171,10 @@ Reload it?</source>
         <translation>Warnung!</translation>
     </message>
     <message>
-        <source>The image to be set to the sprite %1, %2 (#%3) isn&apos;t color indexed.
+        <source>The image to be set to the sprite %1, %2 (#%3) isn't color indexed.
 For the current SFF version, the image will be converted to indexed with an optimized palette when you save the file.</source>
         <translation>Das Bild für das Sprite %1, %2 (#%3) hat keine indizierten Farben.
 Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palette in indizierte Farben umgewandelt.</translation>
-    </message>
-</context>
-<context>
-    <name>QSpriteFileImport</name>
-    <message>
-        <source>%1: not an image this program can read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add sprites</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>This sprite file is saved with 8-bit sprites only. The true-colour pictures will be reduced to 256 colours when it is saved. Add them?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>add sprites</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2393,57 +1189,14 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     </message>
 </context>
 <context>
-    <name>QSpriteTableModel</name>
-    <message>
-        <source>raw</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>empty</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>true colour or the palette of the character</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>own</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Size</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Axis</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Palette</source>
-        <translation>Palette</translation>
-    </message>
-    <message>
-        <source>Compression</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>QSprites</name>
     <message>
         <source>Sprite loading error</source>
         <translation>Fehler beim Laden der Sprites</translation>
     </message>
     <message>
-        <source>%1(0): SFF version &apos;%2.%3.%4.%5&apos; not supported yet</source>
-        <translation>%1(0): SFF-Version &apos;%2.%3.%4.%5&apos; wird noch nicht unterstützt</translation>
+        <source>%1(0): SFF version '%2.%3.%4.%5' not supported yet</source>
+        <translation>%1(0): SFF-Version '%2.%3.%4.%5' wird noch nicht unterstützt</translation>
     </message>
     <message>
         <source>%1(%2): Sprite incorrectly linked to the index %3</source>
@@ -2464,15 +1217,15 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
 %2</translation>
     </message>
     <message>
-        <source>Can&apos;t create a buffer for the image data.</source>
+        <source>Can't create a buffer for the image data.</source>
         <translation>Für die Bilddaten kann kein Puffer angelegt werden.</translation>
     </message>
     <message>
-        <source>Can&apos;t create the PCX file.</source>
+        <source>Can't create the PCX file.</source>
         <translation>Die PCX-Datei kann nicht erstellt werden.</translation>
     </message>
     <message>
-        <source>Can&apos;t compress the image.</source>
+        <source>Can't compress the image.</source>
         <translation>Das Bild kann nicht komprimiert werden.</translation>
     </message>
     <message>
@@ -2488,11 +1241,11 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>SFF speichern</translation>
     </message>
     <message>
-        <source>You can&apos;t save an empty SFF because M.U.G.E.N. will not open it.</source>
+        <source>You can't save an empty SFF because M.U.G.E.N. will not open it.</source>
         <translation>Eine leere SFF kann nicht gespeichert werden, weil M.U.G.E.N. sie nicht öffnet.</translation>
     </message>
     <message>
-        <source>You can&apos;t save this SFF without palettes.</source>
+        <source>You can't save this SFF without palettes.</source>
         <translation>Diese SFF kann nicht ohne Paletten gespeichert werden.</translation>
     </message>
     <message>
@@ -2500,7 +1253,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Leeres Sprite!</translation>
     </message>
     <message>
-        <source>The sprite at index %1 is empty. You can&apos;t save a SFF file with an empty sprite.</source>
+        <source>The sprite at index %1 is empty. You can't save a SFF file with an empty sprite.</source>
         <translation>Das Sprite an Index %1 ist leer. Eine SFF-Datei mit einem leeren Sprite kann nicht gespeichert werden.</translation>
     </message>
     <message>
@@ -2508,7 +1261,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Leere Palette!</translation>
     </message>
     <message>
-        <source>The palette at index %1 is empty. You can&apos;t save a SFF file with an empty palette.</source>
+        <source>The palette at index %1 is empty. You can't save a SFF file with an empty palette.</source>
         <translation>Die Palette an Index %1 ist leer. Eine SFF-Datei mit einer leeren Palette kann nicht gespeichert werden.</translation>
     </message>
     <message>
@@ -2520,7 +1273,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Bildformat für die aktuelle Version nicht unterstützt (beim Speichern wird automatisch in 8 Bit umgewandelt)!</translation>
     </message>
     <message>
-        <source>Sprite can&apos;t receive the group 1 (character) palette at his position!</source>
+        <source>Sprite can't receive the group 1 (character) palette at his position!</source>
         <translation>Das Sprite kann an seiner Stelle die Palette der Gruppe 1 (Figur) nicht erhalten!</translation>
     </message>
     <message>
@@ -2535,17 +1288,6 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>The group %2, index %3 is already in use by palette #%4!</source>
         <translation>Gruppe %2, Index %3 wird schon von Palette #%4 benutzt!</translation>
     </message>
-    <message>
-        <source>Version 1.0.1.0 shows sprites 0,0 and 9000,0 of a character in one palette, which cannot hold all their colours: %1 will look different.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n true-colour sprite(s) reduced to 8 bits for this version; the largest colour error of a pixel is %1 of 255.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
 </context>
 <context>
     <name>QSpritesEditor</name>
@@ -2553,138 +1295,21 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>no sprite file</source>
         <translation>keine Sprite-Datei</translation>
     </message>
+    <message numerus="yes">
+        <source>%n sprite(s) in %1. Each entry is group, index.</source>
+        <translation><numerusform>%n Sprite in %1. Jeder Eintrag ist Gruppe, Index.</numerusform><numerusform>%n Sprites in %1. Jeder Eintrag ist Gruppe, Index.</numerusform></translation>
+    </message>
+    <message>
+        <source>This project has no sprites yet (%1).</source>
+        <translation>Dieses Projekt hat noch keine Sprites (%1).</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;File:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2</source>
+        <translation>&lt;b&gt;Datei:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2</translation>
+    </message>
     <message>
         <source>Sprites</source>
         <translation>Sprites</translation>
-    </message>
-    <message>
-        <source>Images (*.png *.pcx *.gif *.bmp)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add a numbered series</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n picture(s) will be added.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>First group:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>First index:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Step:</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Go to group,index (Enter)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>No sprite %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Axis of every selected sprite; drag the sprite in the view to move it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Group</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Index</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Axis X</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Y</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add...</source>
-        <translation type="unfinished">Hinzufügen...</translation>
-    </message>
-    <message>
-        <source>Add series...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Duplicate</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Delete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Crop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Axis to bottom</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Edit image...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;File:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2&lt;br&gt;&lt;b&gt;Palettes:&lt;/b&gt; %3&lt;br&gt;&lt;b&gt;Version:&lt;/b&gt; %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Add pictures</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n sprite(s) added.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>First picture of the series</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>delete sprites</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <source>%n sprite(s) deleted.</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>duplicate sprites</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>crop sprites</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>axis to bottom centre</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>set axis</source>
-        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2713,7 +1338,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Speichern</translation>
     </message>
     <message>
-        <source>%1 holds characters that %2 can&apos;t store: it is saved in UTF-8.</source>
+        <source>%1 holds characters that %2 can't store: it is saved in UTF-8.</source>
         <translation>%1 enthält Zeichen, die %2 nicht speichern kann: die Datei wird in UTF-8 gespeichert.</translation>
     </message>
     <message>
@@ -2732,6 +1357,10 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
 <context>
     <name>QTextFileViewer</name>
     <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
         <source>Commands</source>
         <translation>Befehle</translation>
     </message>
@@ -2749,13 +1378,6 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     </message>
 </context>
 <context>
-    <name>QTextOutline</name>
-    <message>
-        <source>Line %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>QTextUndoStack</name>
     <message>
         <source>Typing</source>
@@ -2763,32 +1385,10 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     </message>
 </context>
 <context>
-    <name>QTextView</name>
-    <message>
-        <source>Insert controller</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>QWAVInfo</name>
-    <message>
-        <source>the file is empty</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>no readable RIFF WAVE header with a &quot;data&quot; chunk</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>truncated: the samples need %1 bytes, %2 are there</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>QXmlParser</name>
     <message>
-        <source>Expected the element &apos;%1&apos;</source>
-        <translation>Das Element &apos;%1&apos; wurde erwartet</translation>
+        <source>Expected the element '%1'</source>
+        <translation>Das Element '%1' wurde erwartet</translation>
     </message>
     <message>
         <source>XML Error</source>
