@@ -15,6 +15,7 @@
 #include "model/qsounds.h"
 #include "model/qspritepalette.h"
 #include "model/qsprites.h"
+#include "filebytes.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
@@ -28,22 +29,6 @@
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QtTest>
-
-namespace {
-
-QByteArray readAll(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeAll(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-} // namespace
 
 class TestBinaryEditors : public QObject
 {

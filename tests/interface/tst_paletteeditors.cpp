@@ -20,6 +20,7 @@
 #include "model/qproject.h"
 #include "model/qsounds.h"
 #include "model/qsprites.h"
+#include "filebytes.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "render/gui/qanimspriteworkspace.h"
@@ -37,18 +38,6 @@
 #include <QtTest>
 
 namespace {
-
-QByteArray readAll(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeAll(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 /// Every pixel's colour as the sprite shows with its own palette; transparent pixels as 0.
 QImage looks(const QSprite* sprite)
