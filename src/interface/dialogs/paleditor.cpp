@@ -97,6 +97,7 @@ void PalEditor::buildPalettePart(QGridLayout* layout)
     m_view = new QLabel(preview);
     m_view->setObjectName(QStringLiteral("palEditorPreview"));
     m_view->setAlignment(Qt::AlignCenter);
+    m_view->setWordWrap(true);
     m_view->setMinimumSize(260, 220);
     previewLayout->addWidget(m_view, 1);
     layout->addWidget(preview, 0, 1);
