@@ -12,6 +12,7 @@
 #include "appglobals.h"
 #include "mainwindow.h"
 #include "qinstanceclaim.h"
+#include "qstandalonepaleditor.h"
 
 #include "interface/qinterface.h"
 #include "interface/qmessageboxprompt.h"
@@ -105,6 +106,14 @@ int main(int argc, char** argv)
                 return 0;
             }
         }
+    }
+
+    // "-ape" (when no file of that name exists) runs the palette editor alone, master or not.
+    if (arguments.size() == 2 && arguments.at(1) == QLatin1String("-ape") && !QFile::exists(arguments.at(1))) {
+        runStandalonePalEditor();
+        QPrompt::install(nullptr);
+        deleteManagers();
+        return 0;
     }
 
     int result = 0;

@@ -8,12 +8,14 @@
 #include "interface/editors/qspriteseditor.h"
 #include "interface/editors/qstateseditor.h"
 #include "interface/editors/qsoundseditor.h"
+#include "interface/extras/qorganizereditor.h"
 #include "interface/extras/qpaletteseditor.h"
 #include "interface/extras/qthumbnailseditor.h"
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtextworkspace.h"
 #include "interface/workspaces/qviewworkspace.h"
 #include "render/gui/qanimspriteworkspace.h"
+#include "managers/qactionmanager.h"
 #include "managers/qconfigmanager.h"
 #include "managers/qfilewatchermanager.h"
 #include "managers/qlanguagemanager.h"
@@ -25,6 +27,7 @@
 #include "text/qcommonelements.h"
 #include "text/qtextelementreg.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -52,13 +55,20 @@ MainWindow::MainWindow(QWidget* parent)
     intf->registerWorkspace(views);
     intf->registerEditor(new QDefinitionsEditor(text));
     m_animSprites = new QAnimSpriteWorkspace(configMan);
-    intf->registerEditor(new QSpritesEditor(views, m_animSprites));
+    auto* spritesEditor = new QSpritesEditor(views, m_animSprites);
+    intf->registerEditor(spritesEditor);
     intf->registerEditor(new QAnimationsEditor(views, m_animSprites));
     intf->registerEditor(new QCommandsEditor(text));
     intf->registerEditor(new QStatesEditor(text));
     intf->registerEditor(new QSoundsEditor(views));
-    intf->registerExtraEditor(new QPalettesEditor);
+    intf->registerExtraEditor(new QOrganizerEditor);
+    auto* palettes = new QPalettesEditor(m_animSprites, spritesEditor);
+    intf->registerExtraEditor(palettes);
     intf->registerExtraEditor(new QThumbnailsEditor);
+    QAction* palEditor = intf->actions()->add({QActionManager::global}, QStringLiteral("tools_palette_editor"),
+                                              QT_TRANSLATE_NOOP("QActionManager", "&Palette editor..."));
+    connect(palEditor, &QAction::triggered, palettes, &QPalettesEditor::openEditor);
+    m_ui->menuTools->addAction(palEditor);
     intf->run(master);
     if (!ownFile.isEmpty())
         intf->openProject(ownFile);

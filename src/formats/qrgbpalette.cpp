@@ -3,11 +3,11 @@
 #include "qabstractpalette.h"
 #include "qimagefiles.h"
 #include "qpalettematcher.h"
+#include "qpalettewriter.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cstring>
@@ -46,22 +46,7 @@ bool QRGBPalette::fromFile(const QString& path)
 
 bool QRGBPalette::toFile(const QString& path)
 {
-    if (!m_palette)
-        return false;
-    QRGBA copy[256];
-    std::memcpy(static_cast<void*>(copy), *m_palette, sizeof copy);
-    invertPalette(&copy);
-    QRGB triples[256];
-    for (int i = 0; i < 256; ++i)
-        triples[i] = copy[i].toRGB();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    if (file.write(reinterpret_cast<const char*>(triples), sizeof triples) != qint64(sizeof triples)) {
-        file.cancelWriting();
-        return false;
-    }
-    return file.commit();
+    return m_palette && QPaletteWriter::save(path, pffACT, *m_palette);
 }
 
 int QRGBPalette::index(const QRGBA& colour) const

@@ -193,17 +193,18 @@ void QInterface::registerEditor(QInterfaceEditor* editor)
 void QInterface::registerExtraEditor(QInterfaceExtraEditor* editor)
 {
     editor->setParent(nullptr);
-    m_extraEditors.insert(QInterfaceExtraEditors(editor->id()), editor);
+    const auto id = QInterfaceExtraEditors(editor->id());
+    m_extraEditors.insert(id, editor);
     QWidget* page = m_rightPanel->addPage(editor->name());
     m_rightPages.insert(editor->name(), page);
-    // The View menu chooses what the right panel shows; Ctrl+Shift+F1, F2... in the order of their ids.
-    QAction* action = m_actions->add({QActionManager::global}, QStringLiteral("extra_") + editor->name(), nullptr, true);
+    // The View menu chooses what the right panel shows ("view_organizer", "view_palettes"...);
+    // Ctrl+Shift+F1, F2... in the order of their ids.
+    QAction* action = m_actions->add({QActionManager::global}, QStringLiteral("view_") + editor->name(), nullptr, true);
     action->setText(editor->title());
     m_extraGroup->addAction(action);
-    m_extraActions.insert(QInterfaceExtraEditors(editor->id()), action);
+    m_extraActions.insert(id, action);
     menu("menuView")->addAction(action);
     m_actions->setShortcut(action, QKeySequence(QKeyCombination(Qt::CTRL | Qt::SHIFT, Qt::Key(Qt::Key_F1 + editor->id()))));
-    const auto id = QInterfaceExtraEditors(editor->id());
     connect(action, &QAction::triggered, this, [this, id] {
         m_actions->fromName(QStringLiteral("view_right_panel"))->setChecked(true);
         switchExtraEditor(id);

@@ -81,7 +81,24 @@ void QInterface::switchEditor(QInterfaceEditors id)
 
     const bool left = m_actions->fromName(QStringLiteral("view_left_panel"))->isChecked()
         && (areas & QInterfaceEditor::LeftPanel);
-    const bool right = m_currentExtra != ieeNone && m_actions->fromName(QStringLiteral("view_right_panel"))->isChecked()
+    // An extra editor may have nothing for this editor (palettes beside sounds):
+    // the first one that has takes its place, and the author's choice stays.
+    QInterfaceExtraEditor* extra = m_extraEditors.value(m_currentExtra);
+    if (extra && !extra->serves(id)) {
+        extra = nullptr;
+        for (QInterfaceExtraEditor* each : std::as_const(m_extraEditors)) {
+            if (each->serves(id)) {
+                extra = each;
+                break;
+            }
+        }
+    }
+    if (extra) {
+        m_rightPanel->stack()->setCurrentWidget(m_rightPages.value(extra->name()));
+        m_rightPanel->setTitle(extra->title());
+        extra->showFor(id);
+    }
+    const bool right = extra && m_actions->fromName(QStringLiteral("view_right_panel"))->isChecked()
         && (areas & QInterfaceEditor::RightPanel);
     m_leftPanel->setVisible(left);
     m_rightPanel->setVisible(right);

@@ -56,4 +56,8 @@ public:
     virtual void setProject(QProject*) {}
     virtual void activate(bool) {}
     virtual void deactivate() {}
+    /// Whether it has anything to show beside the editor `editor` (a QInterfaceEditors id).
+    virtual bool serves(int editor) const { return editor >= 0; }
+    /// The panel shows it beside the editor `editor` now.
+    virtual void showFor(int editor) {}
 };

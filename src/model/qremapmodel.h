@@ -27,6 +27,8 @@ public:
     bool find(const QSubItem& from, QSubItem& to) const;
 
     int count() const { return m_remaps.size(); }
+    /// The palette substituted by the row's remap; a null item out of range.
+    QSubItem fromAt(int row) const { return row >= 0 && row < m_remaps.size() ? m_remaps.at(row).first : QSubItem(); }
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     /// A row reads "group,index -> group,index".
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;

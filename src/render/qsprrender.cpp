@@ -160,9 +160,18 @@ void QSprRender::forgetFrame()
 
 void QSprRender::showSprite(QSprite* sprite)
 {
+    const bool other = sprite != m_sprite;
     m_sprite = sprite;
     const QImageInfo info = sprite ? sprite->imageInfo() : QImageInfo();
     m_spriteSize = QSize(info.width, info.height);
+    if (other)
+        emit spriteChanged();
+}
+
+void QSprRender::refresh()
+{
+    updateImg();
+    update();
 }
 
 void QSprRender::update()

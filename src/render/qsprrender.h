@@ -112,6 +112,9 @@ public:
     void reset();
     /// Asks the host for a paint.
     void update();
+    /// Reads the pixels and colours of the sprite shown again (after an edit of
+    /// its palette) and paints; the view stays as it is.
+    void refresh();
 
     // View commands.
     void addZoom();
@@ -197,6 +200,8 @@ signals:
     /// The right button ended the box creation mode.
     void clsnModeExit();
     void colorCaptured(unsigned char index);
+    /// Another sprite (or none) is shown, by the sprite list or by an animation frame.
+    void spriteChanged();
     /// The mouse position relative to the view axis, in screen pixels.
     void cursorChanged(const QPoint& position);
 

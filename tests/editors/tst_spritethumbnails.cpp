@@ -136,7 +136,7 @@ private slots:
         QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
         QProject* project = intf->currentProject();
         intf->switchEditor(ieSprites);
-        intf->actions()->fromName(QStringLiteral("extra_thumbnails"))->trigger();
+        intf->actions()->fromName(QStringLiteral("view_thumbnails"))->trigger();
         auto* panel = static_cast<QThumbnailsEditor*>(intf->extraEditor(ieeThumbnails));
         QListView* grid = panel->grid();
         QVERIFY(grid->isVisible());
@@ -171,7 +171,7 @@ private slots:
             QSKIP("PF_SHOT_DIR names no folder for pictures");
         const QString kfm = realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def");
         QVERIFY(intf->openProject(kfm));
-        intf->actions()->fromName(QStringLiteral("extra_thumbnails"))->trigger();
+        intf->actions()->fromName(QStringLiteral("view_thumbnails"))->trigger();
         intf->switchEditor(ieSprites);
         auto* editor = static_cast<QSpritesEditor*>(intf->editor(ieSprites));
         editor->showThumbnails(true);

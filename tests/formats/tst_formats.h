@@ -33,6 +33,7 @@ private slots:
     void paletteFromIndexedImage();
     void tableHelpers();
     void nearestIndex();
+    void writersRoundTrip();
 
     // tst_gif.cpp
     void gifFramesReadBack();

@@ -2,6 +2,7 @@
 
 #include "formats/qabstractpalette.h"
 #include "formats/qimagefiles.h"
+#include "formats/qpalettewriter.h"
 #include "formats/qrgbpalette.h"
 #include "realdata.h"
 
@@ -416,4 +417,37 @@ void TestFormats::nearestIndex()
     QCOMPARE(table.palette.index(QRGBA(100, 0, 0, 255)), 100);
     table.entries[201] = QRGBA(100, 0, 0, 254);
     QCOMPARE(table.palette.index(QRGBA(100, 0, 0, 255)), 201);
+}
+
+void TestFormats::writersRoundTrip()
+{
+    // A table that tells entries apart: every channel differs by entry, entry 0
+    // is the transparent colour, and all channels stay below 128 so that the
+    // ACO reader's wrapping of bright channels does not show.
+    QRGBA colours[256];
+    for (int i = 0; i < 256; ++i)
+        colours[i] = QRGBA(uchar(i / 2), uchar(127 - i / 2), uchar((i * 7) % 128), i == 0 ? 0 : 255);
+    QTemporaryDir dir;
+    for (int format = 0; format < pffCount; ++format) {
+        const auto kind = QPaletteFileFormat(format);
+        const QString path = dir.filePath(QStringLiteral("out%1.%2").arg(format).arg(QPaletteWriter::suffix(kind)));
+        QVERIFY2(QPaletteWriter::save(path, kind, colours), qPrintable(path));
+        Table read;
+        QVERIFY(read.palette.fromFile(path));
+        QVERIFY2(read.palette.fault().isEmpty(), qPrintable(read.palette.fault()));
+        for (int i = 0; i < 256; ++i)
+            QVERIFY2(read.entries[i] == colours[i], qPrintable(QStringLiteral("%1 entry %2").arg(path).arg(i)));
+    }
+    // Bright channels: ACT keeps them all, ACO writes the usual 257 steps, which
+    // this program reads wrapped.
+    QRGBA bright[256];
+    for (int i = 0; i < 256; ++i)
+        bright[i] = QRGBA(uchar(i), 255, 200, i == 0 ? 0 : 255);
+    QCOMPARE(QPaletteWriter::bytes(pffACT, bright).size(), 768);
+    QCOMPARE(QPaletteWriter::bytes(pffACT, bright).left(3), QByteArray("\xff\xff\xc8", 3));
+    QCOMPARE(QPaletteWriter::bytes(pffACO, bright).mid(4, 10), QByteArray("\0\0\0\0\xff\xff\xc8\xc8\0\0", 10));
+    QCOMPARE(QPaletteWriter::formatOfFilter(QPaletteWriter::filters().at(pffASE)), pffASE);
+    QCOMPARE(QPaletteWriter::formatOfFilter(QStringLiteral("nonsense")), pffACT);
+    // An unwritable place fails and leaves nothing.
+    QVERIFY(!QPaletteWriter::save(dir.filePath(QStringLiteral("no/such/folder/x.act")), pffACT, bright));
 }

@@ -15,6 +15,7 @@
 #include "model/qsounds.h"
 #include "model/qspritepalette.h"
 #include "model/qsprites.h"
+#include "filebytes.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
@@ -28,22 +29,6 @@
 #include <QTemporaryDir>
 #include <QToolBar>
 #include <QtTest>
-
-namespace {
-
-QByteArray readAll(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeAll(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-} // namespace
 
 class TestBinaryEditors : public QObject
 {
@@ -238,6 +223,7 @@ private slots:
         PF_REQUIRE_REALDATA();
         QVERIFY(intf->openProject(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.def")));
         intf->switchEditor(ieSprites);
+        intf->switchExtraEditor(ieePalettes);
         auto* palettes = static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes));
         auto* choice = m_window->findChild<QComboBox*>(QStringLiteral("paletteChoice"));
         QVERIFY(choice && choice->isVisible());
@@ -300,6 +286,7 @@ private slots:
         QTest::qWait(200);
         QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("sounds-editor.png")));
         intf->switchEditor(ieSprites);
+        intf->switchExtraEditor(ieePalettes);
         static_cast<QPalettesEditor*>(intf->extraEditor(ieePalettes))->selectIndex(37);
         QTest::qWait(200);
         QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("palettes-panel.png")));

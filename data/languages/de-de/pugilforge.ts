@@ -199,6 +199,165 @@
     </message>
 </context>
 <context>
+    <name>PalEditor</name>
+    <message>
+        <source>Palette editor</source>
+        <translation>Paletteneditor</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen...</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Read ACT, RIFF, JASC, Painter, ACO, ASE palettes or the colours of a PCX or PNG</source>
+        <translation>Liest ACT-, RIFF-, JASC-, Painter-, ACO- und ASE-Paletten oder die Farben eines PCX oder PNG</translation>
+    </message>
+    <message>
+        <source>Write the palette in any of the formats the program reads</source>
+        <translation>Schreibt die Palette in einem der Formate, die das Programm liest</translation>
+    </message>
+    <message>
+        <source>Palette %1,%2</source>
+        <translation>Palette %1,%2</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Entries</source>
+        <translation>Einträge</translation>
+    </message>
+    <message>
+        <source>Pixels follow the entries</source>
+        <translation>Pixel folgen den Einträgen</translation>
+    </message>
+    <message>
+        <source>Moved entries take the sprites&apos; pixels along, so every sprite keeps its look</source>
+        <translation>Verschobene Einträge nehmen die Pixel der Sprites mit, so behält jedes Sprite sein Aussehen</translation>
+    </message>
+    <message>
+        <source>with </source>
+        <translation>mit </translation>
+    </message>
+    <message>
+        <source>Move left</source>
+        <translation>Nach links</translation>
+    </message>
+    <message>
+        <source>Move the chosen entry one place back</source>
+        <translation>Den gewählten Eintrag eine Stelle zurück</translation>
+    </message>
+    <message>
+        <source>Move right</source>
+        <translation>Nach rechts</translation>
+    </message>
+    <message>
+        <source>Move the chosen entry one place on</source>
+        <translation>Den gewählten Eintrag eine Stelle weiter</translation>
+    </message>
+    <message>
+        <source>Swap</source>
+        <translation>Tauschen</translation>
+    </message>
+    <message>
+        <source>Trade places of the chosen entry and the one given</source>
+        <translation>Den gewählten und den angegebenen Eintrag vertauschen</translation>
+    </message>
+    <message>
+        <source>Optimise</source>
+        <translation>Optimieren</translation>
+    </message>
+    <message>
+        <source>Used entries to the front, the unused ones after them in black</source>
+        <translation>Benutzte Einträge nach vorn, die unbenutzten danach in Schwarz</translation>
+    </message>
+    <message>
+        <source>From image...</source>
+        <translation>Aus Bild...</translation>
+    </message>
+    <message>
+        <source>Take the colours of a picture</source>
+        <translation>Die Farben eines Bildes übernehmen</translation>
+    </message>
+    <message>
+        <source>Grey scale</source>
+        <translation>Graustufen</translation>
+    </message>
+    <message>
+        <source>Every colour to its grey</source>
+        <translation>Jede Farbe in ihr Grau</translation>
+    </message>
+    <message>
+        <source>Force 8-bit</source>
+        <translation>8 Bit erzwingen</translation>
+    </message>
+    <message>
+        <source>The sprite file keeps all 256 colours of the palette</source>
+        <translation>Die Sprite-Datei behält alle 256 Farben der Palette</translation>
+    </message>
+    <message>
+        <source>Entry %1: %2, %3, %4</source>
+        <translation>Eintrag %1: %2, %3, %4</translation>
+    </message>
+    <message>
+        <source> (was %1)</source>
+        <translation> (war %1)</translation>
+    </message>
+    <message>
+        <source>The sprite has no picture.</source>
+        <translation>Das Sprite hat kein Bild.</translation>
+    </message>
+    <message>
+        <source>No sprite: the palette alone.</source>
+        <translation>Kein Sprite: nur die Palette.</translation>
+    </message>
+    <message>
+        <source>The palette will keep all 256 colours in the file.</source>
+        <translation>Die Palette behält alle 256 Farben in der Datei.</translation>
+    </message>
+    <message>
+        <source>%1: the picture can&apos;t be read.</source>
+        <translation>%1: Das Bild kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1: the palette could not be written.</source>
+        <translation>%1: Die Palette konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Colour %1</source>
+        <translation>Farbe %1</translation>
+    </message>
+    <message>
+        <source>Open a palette</source>
+        <translation>Palette öffnen</translation>
+    </message>
+    <message>
+        <source>Palettes (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;All files (*)</source>
+        <translation>Paletten (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save the palette</source>
+        <translation>Palette speichern</translation>
+    </message>
+    <message>
+        <source>Make the palette from a picture</source>
+        <translation>Palette aus einem Bild erstellen</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png *.pcx *.bmp *.gif *.jpg);;All files (*)</source>
+        <translation>Bilder (*.png *.pcx *.bmp *.gif *.jpg);;Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
     <name>QActionManager</name>
     <message>
         <source>&amp;New project</source>
@@ -299,6 +458,17 @@
     <message>
         <source>Clip&amp;board</source>
         <translation>&amp;Zwischenablage</translation>
+    </message>
+    <message>
+        <source>&amp;Palette editor...</source>
+        <translation>&amp;Paletteneditor...</translation>
+    </message>
+</context>
+<context>
+    <name>QCharPaletteStrip</name>
+    <message>
+        <source>Show the sprites with palette 1,%1 (pal%1 of the definitions)</source>
+        <translation>Die Sprites mit Palette 1,%1 zeigen (pal%1 der Definitionen)</translation>
     </message>
 </context>
 <context>
@@ -721,6 +891,48 @@
     </message>
 </context>
 <context>
+    <name>QOrganizerEditor</name>
+    <message>
+        <source>Drag an item to give it another place in the file</source>
+        <translation>Einen Eintrag ziehen, um ihm einen anderen Platz in der Datei zu geben</translation>
+    </message>
+    <message>
+        <source>This editor has no list to organize.</source>
+        <translation>Dieser Editor hat keine Liste zum Ordnen.</translation>
+    </message>
+    <message>
+        <source>Auto-organize</source>
+        <translation>Automatisch ordnen</translation>
+    </message>
+    <message>
+        <source>Sort the whole list into the order the engine expects</source>
+        <translation>Die ganze Liste in die Reihenfolge bringen, die die Engine erwartet</translation>
+    </message>
+    <message>
+        <source>Organizer</source>
+        <translation>Organisator</translation>
+    </message>
+</context>
+<context>
+    <name>QPaletteFile</name>
+    <message>
+        <source>%1: the file can&apos;t be opened.</source>
+        <translation>%1: Die Datei kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>%1: an ACT palette has %2 or %3 bytes, this file has %4.</source>
+        <translation>%1: Eine ACT-Palette hat %2 oder %3 Bytes, diese Datei hat %4.</translation>
+    </message>
+    <message>
+        <source>%1: no palette could be read (an image must have indexed colours).</source>
+        <translation>%1: Es konnte keine Palette gelesen werden (ein Bild muss indizierte Farben haben).</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+</context>
+<context>
     <name>QPalettesEditor</name>
     <message>
         <source>%1: %2</source>
@@ -741,6 +953,158 @@
     <message>
         <source>Palettes</source>
         <translation>Paletten</translation>
+    </message>
+    <message>
+        <source>The palette shown: the current sprite&apos;s, or any other of the sprite file</source>
+        <translation>Die gezeigte Palette: die des aktuellen Sprites oder eine andere der Sprite-Datei</translation>
+    </message>
+    <message>
+        <source>R </source>
+        <translation>R </translation>
+    </message>
+    <message>
+        <source>G </source>
+        <translation>G </translation>
+    </message>
+    <message>
+        <source>B </source>
+        <translation>B </translation>
+    </message>
+    <message>
+        <source>Character palettes:</source>
+        <translation>Charakterpaletten:</translation>
+    </message>
+    <message>
+        <source>The palettes 1,1 to 1,12; the view shows the sprites in the one chosen</source>
+        <translation>Die Paletten 1,1 bis 1,12; die Ansicht zeigt die Sprites in der gewählten</translation>
+    </message>
+    <message>
+        <source>Palette files of the definitions:</source>
+        <translation>Palettendateien der Definitionen:</translation>
+    </message>
+    <message>
+        <source>Colour...</source>
+        <translation>Farbe...</translation>
+    </message>
+    <message>
+        <source>Change the chosen colour in a colour dialog</source>
+        <translation>Die gewählte Farbe in einem Farbdialog ändern</translation>
+    </message>
+    <message>
+        <source>Capture</source>
+        <translation>Aufnehmen</translation>
+    </message>
+    <message>
+        <source>Click the sprite in the view to pick the entry under the mouse</source>
+        <translation>Auf das Sprite in der Ansicht klicken, um den Eintrag unter der Maus zu wählen</translation>
+    </message>
+    <message>
+        <source>Editor...</source>
+        <translation>Editor...</translation>
+    </message>
+    <message>
+        <source>Reorder, optimise and convert the palette in the palette editor</source>
+        <translation>Die Palette im Paletteneditor umordnen, optimieren und umwandeln</translation>
+    </message>
+    <message>
+        <source>Load...</source>
+        <translation>Laden...</translation>
+    </message>
+    <message>
+        <source>Read ACT, RIFF, JASC, Painter, ACO, ASE palettes or the colours of a PCX or PNG</source>
+        <translation>Liest ACT-, RIFF-, JASC-, Painter-, ACO- und ASE-Paletten oder die Farben eines PCX oder PNG</translation>
+    </message>
+    <message>
+        <source>Save...</source>
+        <translation>Speichern...</translation>
+    </message>
+    <message>
+        <source>Write the palette in any of the formats the program reads</source>
+        <translation>Schreibt die Palette in einem der Formate, die das Programm liest</translation>
+    </message>
+    <message>
+        <source>Apply to</source>
+        <translation>Anwenden auf</translation>
+    </message>
+    <message>
+        <source>Give the palette shown to sprites</source>
+        <translation>Die gezeigte Palette Sprites zuweisen</translation>
+    </message>
+    <message>
+        <source>The current sprite</source>
+        <translation>Das aktuelle Sprite</translation>
+    </message>
+    <message>
+        <source>The selected sprites</source>
+        <translation>Die gewählten Sprites</translation>
+    </message>
+    <message>
+        <source>The current sprite&apos;s group</source>
+        <translation>Die Gruppe des aktuellen Sprites</translation>
+    </message>
+    <message>
+        <source>Remap</source>
+        <translation>Umleiten</translation>
+    </message>
+    <message>
+        <source>Show the current sprite&apos;s palette as the palette shown, as the engine&apos;s remaps do</source>
+        <translation>Die Palette des aktuellen Sprites als die gezeigte darstellen, wie es die Umleitungen der Engine tun</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the chosen remap</source>
+        <translation>Die gewählte Umleitung entfernen</translation>
+    </message>
+    <message>
+        <source>Remaps of the view:</source>
+        <translation>Umleitungen der Ansicht:</translation>
+    </message>
+    <message>
+        <source>Palette %1,%2</source>
+        <translation>Palette %1,%2</translation>
+    </message>
+    <message>
+        <source>No palettes in the sprites</source>
+        <translation>Keine Paletten in den Sprites</translation>
+    </message>
+    <message>
+        <source>No colours to show.</source>
+        <translation>Keine Farben anzuzeigen.</translation>
+    </message>
+    <message>
+        <source>Entry %1: #%2%3%4%5</source>
+        <translation>Eintrag %1: #%2%3%4%5</translation>
+    </message>
+    <message>
+        <source> (transparent)</source>
+        <translation> (transparent)</translation>
+    </message>
+    <message>
+        <source>%1: the palette could not be written.</source>
+        <translation>%1: Die Palette konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Apply a palette</source>
+        <translation>Palette anwenden</translation>
+    </message>
+    <message>
+        <source>Colour %1 of the palette</source>
+        <translation>Farbe %1 der Palette</translation>
+    </message>
+    <message>
+        <source>Load a palette</source>
+        <translation>Palette laden</translation>
+    </message>
+    <message>
+        <source>Palettes (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;All files (*)</source>
+        <translation>Paletten (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save the palette</source>
+        <translation>Palette speichern</translation>
     </message>
 </context>
 <context>

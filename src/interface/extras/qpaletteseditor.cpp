@@ -1,34 +1,42 @@
+// The palettes panel: its widgets, and following the project and the sprite
+// the view shows. The edits are in qpaletteseditoredits.cpp.
 #include "qpaletteseditor.h"
 
+#include "qcharpalettestrip.h"
 #include "qpalettegrid.h"
 
+#include "interface/qinterfaceeditor.h"
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
-#include "model/qspritepalette.h"
 #include "model/qsprites.h"
+#include "render/gui/qanimspriteworkspace.h"
+#include "render/qsprrender.h"
 #include "util/qpathresolver.h"
-#include "util/qprompt.h"
 
-#include <QColorDialog>
 #include <QComboBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QFormLayout>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLabel>
+#include <QListView>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QToolButton>
 #include <QVBoxLayout>
 
-namespace {
+QPalettesEditor::QPalettesEditor(QAnimSpriteWorkspace* view, QSpritesEditor* spritesEditor, QObject* parent)
+    : QInterfaceExtraEditor(parent)
+    , m_view(view)
+    , m_spritesEditor(spritesEditor)
+{
+    connect(m_view->renderer(), &QSprRender::spriteChanged, this, &QPalettesEditor::followSprite);
+    connect(m_view->renderer(), &QSprRender::colorCaptured, this, [this](unsigned char index) { selectIndex(index); });
+}
 
-/// An ACT file is the 768 bytes of 256 colours, sometimes followed by a count and a transparent index.
-constexpr qint64 actSize = 768;
-constexpr qint64 actSizeWithCount = 772;
-
-} // namespace
+bool QPalettesEditor::serves(int editor) const
+{
+    return editor == ieSprites || editor == ieAnimations;
+}
 
 void QPalettesEditor::initialized(QWidget* rightPage)
 {
@@ -36,7 +44,7 @@ void QPalettesEditor::initialized(QWidget* rightPage)
     layout->setContentsMargins(4, 4, 4, 4);
     m_choice = new QComboBox(rightPage);
     m_choice->setObjectName(QStringLiteral("paletteChoice"));
-    m_choice->setToolTip(tr("The palette of the sprite file to show, by group and index"));
+    m_choice->setToolTip(tr("The palette shown: the current sprite's, or any other of the sprite file"));
     m_grid = new QPaletteGrid(rightPage);
     m_grid->setObjectName(QStringLiteral("paletteGrid"));
     m_entry = new QLabel(rightPage);
@@ -50,32 +58,100 @@ void QPalettesEditor::initialized(QWidget* rightPage)
     m_red->setPrefix(tr("R "));
     m_green->setPrefix(tr("G "));
     m_blue->setPrefix(tr("B "));
-    auto* buttons = new QHBoxLayout;
-    auto* colour = new QPushButton(tr("Colour..."), rightPage);
-    auto* load = new QPushButton(tr("Load..."), rightPage);
-    auto* save = new QPushButton(tr("Save..."), rightPage);
-    load->setToolTip(tr("Read ACT, RIFF, JASC, Painter, ACO, ASE palettes or the colours of a PCX or PNG"));
-    save->setToolTip(tr("Write the palette as an ACT file"));
-    for (QPushButton* button : { colour, load, save })
-        buttons->addWidget(button);
-    connect(colour, &QPushButton::clicked, this, [this]() { askColor(selectedIndex()); });
-    connect(load, &QPushButton::clicked, this, &QPalettesEditor::askLoad);
-    connect(save, &QPushButton::clicked, this, &QPalettesEditor::askSave);
     connect(m_choice, &QComboBox::currentIndexChanged, this, &QPalettesEditor::showPalette);
     connect(m_grid, &QPaletteGrid::picked, this, &QPalettesEditor::showEntry);
     connect(m_grid, &QPaletteGrid::activated, this, &QPalettesEditor::askColor);
 
+    m_strip = new QCharPaletteStrip(rightPage);
+    m_strip->setObjectName(QStringLiteral("charPalettes"));
+    connect(m_strip, &QCharPaletteStrip::chosenChanged, this, &QPalettesEditor::previewCharPalette);
     m_list = new QListWidget(rightPage);
     m_list->setObjectName(QStringLiteral("paletteFiles"));
     m_list->setWordWrap(true);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setMaximumHeight(90);
     layout->addWidget(m_choice);
     layout->addWidget(m_grid);
     layout->addWidget(m_entry);
     layout->addLayout(numbers);
-    layout->addLayout(buttons);
+    layout->addWidget(buildButtons(rightPage));
+    auto* charTitle = new QLabel(tr("Character palettes:"), rightPage);
+    charTitle->setToolTip(tr("The palettes 1,1 to 1,12; the view shows the sprites in the one chosen"));
+    layout->addWidget(charTitle);
+    layout->addWidget(m_strip);
+    layout->addWidget(buildRemaps(rightPage));
     layout->addWidget(new QLabel(tr("Palette files of the definitions:"), rightPage));
-    layout->addWidget(m_list, 1);
+    layout->addWidget(m_list);
+    layout->addStretch(1);
+}
+
+QWidget* QPalettesEditor::buildButtons(QWidget* page)
+{
+    auto* box = new QWidget(page);
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(3);
+    auto button = [box](const QString& text, const QString& tip, const QString& name) {
+        auto* each = new QToolButton(box);
+        each->setText(text);
+        each->setToolTip(tip);
+        each->setObjectName(name);
+        each->setToolButtonStyle(Qt::ToolButtonTextOnly);
+        each->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        return each;
+    };
+    QToolButton* colour = button(tr("Colour..."), tr("Change the chosen colour in a colour dialog"),
+                                 QStringLiteral("paletteColour"));
+    m_capture = button(tr("Capture"), tr("Click the sprite in the view to pick the entry under the mouse"),
+                       QStringLiteral("paletteCapture"));
+    m_capture->setCheckable(true);
+    QToolButton* editor = button(tr("Editor..."), tr("Reorder, optimise and convert the palette in the palette editor"),
+                                 QStringLiteral("paletteEditor"));
+    QToolButton* load = button(tr("Load..."), tr("Read ACT, RIFF, JASC, Painter, ACO, ASE palettes or the colours of a PCX or PNG"),
+                               QStringLiteral("paletteLoad"));
+    QToolButton* save = button(tr("Save..."), tr("Write the palette in any of the formats the program reads"),
+                               QStringLiteral("paletteSave"));
+    QToolButton* apply = button(tr("Apply to"), tr("Give the palette shown to sprites"), QStringLiteral("paletteApply"));
+    auto* targets = new QMenu(apply);
+    targets->addAction(tr("The current sprite"), this, [this]() { applyTo(CurrentSprite); });
+    targets->addAction(tr("The selected sprites"), this, [this]() { applyTo(Selection); });
+    targets->addAction(tr("The current sprite's group"), this, [this]() { applyTo(Group); });
+    apply->setMenu(targets);
+    apply->setPopupMode(QToolButton::InstantPopup);
+    connect(colour, &QToolButton::clicked, this, [this]() { askColor(selectedIndex()); });
+    connect(m_capture, &QToolButton::toggled, this, &QPalettesEditor::setColorCapture);
+    connect(editor, &QToolButton::clicked, this, &QPalettesEditor::openEditor);
+    connect(load, &QToolButton::clicked, this, &QPalettesEditor::askLoad);
+    connect(save, &QToolButton::clicked, this, &QPalettesEditor::askSave);
+    grid->addWidget(colour, 0, 0);
+    grid->addWidget(m_capture, 0, 1);
+    grid->addWidget(editor, 0, 2);
+    grid->addWidget(load, 1, 0);
+    grid->addWidget(save, 1, 1);
+    grid->addWidget(apply, 1, 2);
+    return box;
+}
+
+QWidget* QPalettesEditor::buildRemaps(QWidget* page)
+{
+    auto* box = new QWidget(page);
+    auto* layout = new QGridLayout(box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(3);
+    m_remaps = new QListView(box);
+    m_remaps->setObjectName(QStringLiteral("paletteRemaps"));
+    m_remaps->setMaximumHeight(60);
+    auto* add = new QPushButton(tr("Remap"), box);
+    add->setToolTip(tr("Show the current sprite's palette as the palette shown, as the engine's remaps do"));
+    auto* remove = new QPushButton(tr("Remove"), box);
+    remove->setToolTip(tr("Remove the chosen remap"));
+    connect(add, &QPushButton::clicked, this, &QPalettesEditor::remapToShown);
+    connect(remove, &QPushButton::clicked, this, [this]() { removeRemap(m_remaps->currentIndex().row()); });
+    layout->addWidget(new QLabel(tr("Remaps of the view:"), box), 0, 0, 1, 2);
+    layout->addWidget(m_remaps, 1, 0, 2, 1);
+    layout->addWidget(add, 1, 1);
+    layout->addWidget(remove, 2, 1);
+    return box;
 }
 
 void QPalettesEditor::setProject(QProject* project)
@@ -91,9 +167,14 @@ void QPalettesEditor::setProject(QProject* project)
             fillPaletteChoice();
             setCurrentPalette(shown);
             showPalette();
+            m_strip->setSprites(sprites());
+            refreshView();
         });
     }
+    m_remaps->setModel(project ? project->sprites()->paletteMap() : nullptr);
     fillPaletteChoice();
+    m_strip->setSprites(sprites());
+    followSprite();
     showPalette();
     listPaletteFiles();
 }
@@ -111,7 +192,7 @@ QSpritePalette* QPalettesEditor::palette() const
 
 int QPalettesEditor::currentPalette() const
 {
-    return m_choice ? m_choice->currentIndex() : -1;
+    return m_choice && m_choice->isEnabled() ? m_choice->currentIndex() : -1;
 }
 
 void QPalettesEditor::setCurrentPalette(int position)
@@ -144,6 +225,21 @@ void QPalettesEditor::fillPaletteChoice()
         m_choice->addItem(tr("No palettes in the sprites"));
 }
 
+void QPalettesEditor::followSprite()
+{
+    const QSprite* sprite = m_view->renderer()->sprite();
+    if (!sprite || sprite->owner() != sprites() || !sprite->palette())
+        return;
+    setCurrentPalette(sprites()->indexOfPalette(sprite->palette()));
+}
+
+void QPalettesEditor::refreshView()
+{
+    const QSprite* sprite = m_view->renderer()->sprite();
+    if (sprite && sprite->owner() == sprites())
+        m_view->renderer()->refresh();
+}
+
 void QPalettesEditor::showPalette()
 {
     const QSpritePalette* shown = palette();
@@ -173,98 +269,6 @@ void QPalettesEditor::showEntry()
     m_red->setValue(colour.r);
     m_green->setValue(colour.g);
     m_blue->setValue(colour.b);
-}
-
-void QPalettesEditor::applyNumbers()
-{
-    setColor(selectedIndex(), QColor(m_red->value(), m_green->value(), m_blue->value()));
-}
-
-void QPalettesEditor::setColor(int index, const QColor& color)
-{
-    QSpritePalette* shown = palette();
-    if (!shown || !shown->colors() || index < 0 || index > 255 || !color.isValid())
-        return;
-    QRGBA colors[256];
-    std::copy(shown->colors(), shown->colors() + 256, colors);
-    const QRGBA wanted(quint8(color.red()), quint8(color.green()), quint8(color.blue()), colors[index].a);
-    if (colors[index] == wanted)
-        return;
-    colors[index] = wanted;
-    shown->setColors(colors, ssmShared);
-    showPalette();
-}
-
-void QPalettesEditor::warn(const QString& text) const
-{
-    prompt().warning(tr("Palettes"), text);
-}
-
-bool QPalettesEditor::loadPalette(const QString& path)
-{
-    QSpritePalette* shown = palette();
-    if (!shown)
-        return false;
-    const QFileInfo file(path);
-    const QString name = QDir::toNativeSeparators(path);
-    if (!file.isFile()) {
-        warn(tr("%1: the file can't be opened.").arg(name));
-        return false;
-    }
-    if (file.suffix().compare(QLatin1String("act"), Qt::CaseInsensitive) == 0 && file.size() != actSize
-        && file.size() != actSizeWithCount) {
-        warn(tr("%1: an ACT palette has %2 or %3 bytes, this file has %4.")
-                 .arg(name)
-                 .arg(actSize)
-                 .arg(actSizeWithCount)
-                 .arg(file.size()));
-        return false;
-    }
-    if (!shown->fromFile(path, ssmShared)) {
-        warn(tr("%1: no palette could be read.").arg(name));
-        return false;
-    }
-    showPalette();
-    return true;
-}
-
-bool QPalettesEditor::savePalette(const QString& path)
-{
-    const QSpritePalette* shown = palette();
-    if (!shown)
-        return false;
-    if (shown->toFile(path))
-        return true;
-    warn(tr("%1: the palette could not be written.").arg(QDir::toNativeSeparators(path)));
-    return false;
-}
-
-void QPalettesEditor::askColor(int index)
-{
-    const QSpritePalette* shown = palette();
-    if (!shown || !shown->colors())
-        return;
-    const QRGBA& colour = shown->colors()[index];
-    const QColor chosen = QColorDialog::getColor(
-        QColor(colour.r, colour.g, colour.b), m_grid, tr("Colour %1 of the palette").arg(index));
-    if (chosen.isValid())
-        setColor(index, chosen);
-}
-
-void QPalettesEditor::askLoad()
-{
-    const QString path = QFileDialog::getOpenFileName(m_grid, tr("Load a palette"), QString(),
-        tr("Palettes (*.act *.pal *.aco *.ase *.pcx *.png);;All files (*)"));
-    if (!path.isEmpty())
-        loadPalette(path);
-}
-
-void QPalettesEditor::askSave()
-{
-    const QString path = QFileDialog::getSaveFileName(
-        m_grid, tr("Save the palette"), QString(), tr("Adobe Color Table (*.act)"));
-    if (!path.isEmpty())
-        savePalette(path);
 }
 
 void QPalettesEditor::listPaletteFiles()
