@@ -467,7 +467,7 @@ private slots:
         intf->fileCloseAll();
     }
 
-    /// With PF_SHOT_DIR set (run under Xvfb), the editor playing kfm's light punch with its boxes.
+    /// With PF_SHOT_DIR set (run under Xvfb), the editor playing kfm's light punch, on the frame that hits.
     void picturesForReview()
     {
         if (screenshots::folder().isEmpty())
@@ -478,13 +478,15 @@ private slots:
         m_window->showMaximized();
         QTest::qWait(300);
         QAnimations* animations = intf->currentProject()->animations();
+        m_editor->actionList()->setFocus();
         m_editor->setCurrentAction(animations->find(0, 200));
         m_editor->playback()->onionAction()->setChecked(true);
+        m_editor->spriteView()->renderer()->addZoom();
         // Played on the test's clock until the punch is out, then left there.
         QTickClock clock;
         int ticks = 0;
         clock.onTick = [&] {
-            if (++ticks == 9)
+            if (++ticks == 5)
                 m_editor->playback()->pause();
         };
         m_editor->spriteView()->setClock(&clock);

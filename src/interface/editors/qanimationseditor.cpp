@@ -28,6 +28,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QToolBar>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 namespace {
@@ -128,12 +129,23 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     // The view arrives only when the editor is first shown: its place is held open.
     viewHost->setMinimumHeight(240);
     QToolBar* playBar = partToolBar(QStringLiteral("playbackToolBar"));
+    // Words only, so that the whole transport fits under a narrow view.
+    playBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     QToolBar* framesBar = partToolBar(QStringLiteral("framesToolBar"));
+    // The box commands stand beside the view they work in, as a painter's tools do.
+    QToolBar* boxesBar = partToolBar(QStringLiteral("boxesToolBar"));
+    boxesBar->setOrientation(Qt::Vertical);
+    boxesBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    auto* viewRow = new QHBoxLayout;
+    viewRow->setContentsMargins(0, 0, 0, 0);
+    viewRow->setSpacing(0);
+    viewRow->addWidget(boxesBar);
+    viewRow->addWidget(viewHost, 1);
     auto* viewColumn = new QWidget;
     auto* viewLayout = new QVBoxLayout(viewColumn);
     viewLayout->setContentsMargins(0, 0, 0, 0);
     viewLayout->setSpacing(0);
-    viewLayout->addWidget(viewHost, 1);
+    viewLayout->addLayout(viewRow, 1);
     viewLayout->addWidget(playBar);
 
     auto* top = new QSplitter(Qt::Horizontal);
@@ -141,7 +153,7 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     top->addWidget(m_text);
     top->setStretchFactor(0, 3);
     top->setStretchFactor(1, 1);
-    top->setSizes({ 600, 260 });
+    top->setSizes({ 600, 280 });
     auto* right = new QSplitter(Qt::Vertical);
     right->addWidget(top);
     right->addWidget(underBar(framesBar, m_frames));
@@ -153,6 +165,7 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     m_actions->addActions(page, m_toolBar);
     m_playback->addActions(page, playBar);
     buildToolBars(framesBar);
+    m_boxes->addActions(page, boxesBar);
 }
 
 QAnimationsEditor::~QAnimationsEditor()
@@ -169,8 +182,6 @@ void QAnimationsEditor::buildToolBars(QToolBar* framesBar)
     connect(QEditorPage::addAction(page, framesBar, QStringLiteral("anim_delete_frame"), tr("Delete frame"),
                 QKeySequence(Qt::SHIFT | Qt::Key_Delete)),
         &QAction::triggered, this, &QAnimationsEditor::removeFrame);
-    framesBar->addSeparator();
-    m_boxes->addActions(page, framesBar);
 }
 
 void QAnimationsEditor::initialized(QToolBarItems* items, QWidget* leftPage)
@@ -328,8 +339,15 @@ void QAnimationsEditor::actionChanged()
     m_view->stop();
     m_frameRow = -1;
     m_model->setAction(position);
-    if (position >= 0 && m_project)
+    if (position >= 0 && m_project) {
         m_project->animations()->setCurrentIndex(uint(position));
+        // The text pane shows the action too, unless the author is typing there.
+        if (!m_text->hasFocus()) {
+            const QTextBlock header = m_text->document()->findBlockByNumber(m_model->action()->line());
+            m_text->setTextCursor(QTextCursor(header));
+            m_text->centerCursor();
+        }
+    }
     if (m_model->rowCount() > 0)
         m_frames->setCurrentIndex(m_model->index(0, 0));
     showFrame();

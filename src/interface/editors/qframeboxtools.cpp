@@ -9,6 +9,7 @@
 #include "render/qsprrender.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QToolBar>
 
 QFrameBoxTools::QFrameBoxTools(QSprRender* renderer, QObject* parent)
@@ -25,27 +26,37 @@ QFrameBoxTools::QFrameBoxTools(QSprRender* renderer, QObject* parent)
 
 void QFrameBoxTools::addActions(QWidget* page, QToolBar* toolBar)
 {
+    toolBar->addWidget(new QLabel(tr("Boxes")));
     for (const bool clsn2 : { false, true }) {
         QAction*& draw = m_draw[clsn2 ? 1 : 0];
         draw = QEditorPage::addAction(page, toolBar,
             clsn2 ? QStringLiteral("anim_draw_clsn2") : QStringLiteral("anim_draw_clsn1"),
-            clsn2 ? tr("Draw Clsn2") : tr("Draw Clsn1"),
-            QKeySequence(Qt::CTRL | (clsn2 ? Qt::Key_2 : Qt::Key_1)));
+            clsn2 ? tr("Clsn2") : tr("Clsn1"), QKeySequence(Qt::CTRL | (clsn2 ? Qt::Key_2 : Qt::Key_1)));
         draw->setCheckable(true);
+        draw->setToolTip(tr("Draw %1 boxes with the mouse; the right button ends (%2)")
+                             .arg(draw->text(), draw->shortcut().toString(QKeySequence::NativeText)));
         connect(draw, &QAction::toggled, this, [this, clsn2](bool on) { setDrawing(clsn2, on); });
     }
-    auto add = [&](const QString& name, const QString& text, const QKeySequence& keys, auto slot) {
-        connect(QEditorPage::addAction(page, toolBar, name, text, keys), &QAction::triggered, this, slot);
+    // Short names on the bar, the whole story in the tool tips.
+    auto add = [&](const QString& name, const QString& text, const QString& tip, const QKeySequence& keys,
+                   auto slot) {
+        QAction* action = QEditorPage::addAction(page, toolBar, name, text, keys);
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(tip, keys.toString(QKeySequence::NativeText)));
+        connect(action, &QAction::triggered, this, slot);
     };
-    add(QStringLiteral("anim_delete_boxes"), tr("Delete boxes"),
+    add(QStringLiteral("anim_delete_boxes"), tr("Delete"), tr("Delete the selected boxes"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Delete), &QFrameBoxTools::removeSelected);
-    add(QStringLiteral("anim_boxes_default"), tr("Default / own"),
+    add(QStringLiteral("anim_boxes_default"), tr("Default"),
+        tr("Make the selected boxes defaults of the frames that follow, or the frame's own again"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D), [this] { m_renderer->changeCLSNType(true); });
-    add(QStringLiteral("anim_boxes_retype"), tr("Clsn1 / Clsn2"),
+    add(QStringLiteral("anim_boxes_retype"), tr("Swap 1/2"),
+        tr("Make the selected boxes Clsn2 if Clsn1, or Clsn1"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T), [this] { m_renderer->changeCLSNType(false); });
-    add(QStringLiteral("anim_boxes_to_next"), tr("Boxes to next"),
+    add(QStringLiteral("anim_boxes_to_next"), tr("To next"),
+        tr("Give the next frame the boxes of this one, and go on to it"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_B), &QFrameBoxTools::copyToNext);
-    add(QStringLiteral("anim_boxes_to_all"), tr("Boxes to all"),
+    add(QStringLiteral("anim_boxes_to_all"), tr("To all"),
+        tr("Give every frame of the action the boxes of this one"),
         QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), &QFrameBoxTools::copyToAll);
 }
 
