@@ -13,6 +13,7 @@
 #include "interface/editors/qframetablemodel.h"
 #include "interface/editors/qplaybackcontrols.h"
 #include "interface/editors/qspritelistmime.h"
+#include "interface/editors/qspriteseditor.h"
 #include "interface/qinterface.h"
 #include "interface/workspaces/qtexteditor.h"
 #include "model/qanimation.h"
@@ -32,6 +33,7 @@
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
+#include "testwindow.h"
 #include "windowmanagers.h"
 
 #include <QApplication>
@@ -147,18 +149,19 @@ private:
         return dir;
     }
 
+    /// Closes every project, keeping none of their changes.
+    void closeAll()
+    {
+        m_prompt->script({ QPrompt::No });
+        intf->fileCloseAll();
+    }
+
 private slots:
     void initTestCase()
     {
-        QVERIFY(windowManagers::create(m_programDir.path()));
         m_prompt = new QRecordingPrompt;
-        m_window = new MainWindow;
-        m_window->resize(1280, 800);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
-        // The editor's keys work where the focus is in its page, in the active window.
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        m_window = testWindow::open(m_programDir.path(), QSize(1280, 800));
+        QVERIFY(m_window);
     }
 
     void cleanupTestCase()
@@ -417,8 +420,38 @@ private slots:
         QCOMPARE(animations->count(), actionCount);
         QVERIFY(animations->toFile(airPath, false, true));
         QCOMPARE(bytes(airPath), original);
-        m_prompt->script({ QPrompt::No });
-        intf->fileCloseAll();
+        closeAll();
+    }
+
+    /// With PF_SHOT_DIR set (run under Xvfb), the editor playing kfm's light punch, on the frame that hits.
+    void picturesForReview()
+    {
+        if (screenshots::folder().isEmpty())
+            QSKIP("PF_SHOT_DIR names no folder for pictures");
+        PF_REQUIRE_REALDATA();
+        if (openKfm(QStringLiteral("pictures")).isEmpty())
+            QSKIP("the engine's kfm is not in the real data");
+        m_window->showMaximized();
+        QTest::qWait(300);
+        QAnimations* animations = intf->currentProject()->animations();
+        m_editor->actionList()->setFocus();
+        m_editor->setCurrentAction(animations->find(0, 200));
+        m_editor->playback()->onionAction()->setChecked(true);
+        m_editor->spriteView()->renderer()->addZoom();
+        // Played on the test's clock until the punch is out, then left there.
+        QTickClock clock;
+        int ticks = 0;
+        clock.onTick = [&] {
+            if (++ticks == 5)
+                m_editor->playback()->pause();
+        };
+        m_editor->spriteView()->setClock(&clock);
+        m_editor->playback()->play();
+        m_editor->spriteView()->setClock(nullptr);
+        QTest::qWait(300);
+        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("animations-playing.png")));
+        m_editor->playback()->onionAction()->setChecked(false);
+        closeAll();
     }
 
     void faultsAndNavigation()
@@ -454,6 +487,17 @@ private slots:
         QCOMPARE(m_editor->spriteView()->renderer()->frame(), animations->at(walk)->frame(4));
         QCOMPARE(text->textCursor().blockNumber(), frameLine);
         QCOMPARE(text->textCursor().positionInBlock(), 3);
+        // "Add frame" takes the sprite the sprites editor showed last.
+        intf->switchEditor(ieSprites);
+        QVERIFY(static_cast<QSpritesEditor*>(intf->editor(ieSprites))->goTo(QStringLiteral("0,1")));
+        intf->switchEditor(ieAnimations);
+        m_editor->setCurrentAction(walk);
+        const int frames = animations->at(walk)->frameCount();
+        clickCommand(m_window->findChild<QWidget*>(QStringLiteral("animationsView")), "anim_add_frame");
+        QCOMPARE(animations->at(walk)->frameCount(), frames + 1);
+        QCOMPARE(animations->at(walk)->frame(frames)->sprite(), QSubItem(0, 1));
+        QCOMPARE(m_editor->frameTable()->currentIndex().row(), frames);
+
         // A declaration's line belongs to the frame below it.
         const int declaration = animations->at(walk)->line() + 1;
         QCOMPARE(text->document()->findBlockByNumber(declaration).text(), QStringLiteral("Clsn2Default: 2"));
@@ -463,40 +507,7 @@ private slots:
         while (m_editor->undoStack()->canUndo())
             m_editor->undoStack()->undo();
         QTRY_COMPARE(animations->messages()->rowCount(), 0);
-        m_prompt->script({ QPrompt::No });
-        intf->fileCloseAll();
-    }
-
-    /// With PF_SHOT_DIR set (run under Xvfb), the editor playing kfm's light punch, on the frame that hits.
-    void picturesForReview()
-    {
-        if (screenshots::folder().isEmpty())
-            QSKIP("PF_SHOT_DIR names no folder for pictures");
-        PF_REQUIRE_REALDATA();
-        if (openKfm(QStringLiteral("pictures")).isEmpty())
-            QSKIP("the engine's kfm is not in the real data");
-        m_window->showMaximized();
-        QTest::qWait(300);
-        QAnimations* animations = intf->currentProject()->animations();
-        m_editor->actionList()->setFocus();
-        m_editor->setCurrentAction(animations->find(0, 200));
-        m_editor->playback()->onionAction()->setChecked(true);
-        m_editor->spriteView()->renderer()->addZoom();
-        // Played on the test's clock until the punch is out, then left there.
-        QTickClock clock;
-        int ticks = 0;
-        clock.onTick = [&] {
-            if (++ticks == 5)
-                m_editor->playback()->pause();
-        };
-        m_editor->spriteView()->setClock(&clock);
-        m_editor->playback()->play();
-        m_editor->spriteView()->setClock(nullptr);
-        QTest::qWait(300);
-        QVERIFY(screenshots::save(m_window->grab(), QStringLiteral("animations-playing.png")));
-        m_editor->playback()->onionAction()->setChecked(false);
-        m_prompt->script({ QPrompt::No });
-        intf->fileCloseAll();
+        closeAll();
     }
 };
 

@@ -28,7 +28,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QToolBar>
-#include <QHBoxLayout>
+#include <QBoxLayout>
 #include <QVBoxLayout>
 
 namespace {
@@ -43,15 +43,15 @@ QToolBar* partToolBar(const QString& name)
     return bar;
 }
 
-/// `widget` under `bar`, as one widget.
-QWidget* underBar(QToolBar* bar, QWidget* widget)
+/// The parts in a row or column without margins or gaps, each with its stretch.
+QWidget* tightBox(QBoxLayout::Direction direction, std::initializer_list<std::pair<QWidget*, int>> parts)
 {
     auto* box = new QWidget;
-    auto* layout = new QVBoxLayout(box);
+    auto* layout = new QBoxLayout(direction, box);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(bar);
-    layout->addWidget(widget, 1);
+    for (const auto& [widget, stretch] : parts)
+        layout->addWidget(widget, stretch);
     return box;
 }
 
@@ -136,17 +136,8 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     QToolBar* boxesBar = partToolBar(QStringLiteral("boxesToolBar"));
     boxesBar->setOrientation(Qt::Vertical);
     boxesBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    auto* viewRow = new QHBoxLayout;
-    viewRow->setContentsMargins(0, 0, 0, 0);
-    viewRow->setSpacing(0);
-    viewRow->addWidget(boxesBar);
-    viewRow->addWidget(viewHost, 1);
-    auto* viewColumn = new QWidget;
-    auto* viewLayout = new QVBoxLayout(viewColumn);
-    viewLayout->setContentsMargins(0, 0, 0, 0);
-    viewLayout->setSpacing(0);
-    viewLayout->addLayout(viewRow, 1);
-    viewLayout->addWidget(playBar);
+    QWidget* viewColumn = tightBox(QBoxLayout::TopToBottom,
+        { { tightBox(QBoxLayout::LeftToRight, { { boxesBar, 0 }, { viewHost, 1 } }), 1 }, { playBar, 0 } });
 
     auto* top = new QSplitter(Qt::Horizontal);
     top->addWidget(viewColumn);
@@ -156,7 +147,7 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     top->setSizes({ 600, 280 });
     auto* right = new QSplitter(Qt::Vertical);
     right->addWidget(top);
-    right->addWidget(underBar(framesBar, m_frames));
+    right->addWidget(tightBox(QBoxLayout::TopToBottom, { { framesBar, 0 }, { m_frames, 1 } }));
     right->setStretchFactor(0, 3);
     right->setStretchFactor(1, 1);
     right->setSizes({ 480, 220 });
