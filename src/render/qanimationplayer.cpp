@@ -55,6 +55,11 @@ void QAnimationPlayer::begin(QAnimation* animation, int position)
     m_clock->start();
 }
 
+bool QAnimationPlayer::isAt(const QAnimation* animation, int position) const
+{
+    return animation && m_animation == animation && m_position == position;
+}
+
 void QAnimationPlayer::tick()
 {
     const QAnimationFrame* frame = current();
@@ -66,7 +71,18 @@ void QAnimationPlayer::tick()
         ++m_t;
         return;
     }
+    advance();
+}
+
+void QAnimationPlayer::advance()
+{
+    if (!current())
+        return;
     const bool last = m_position + 1 >= m_animation->frameCount();
+    if (last && !m_looping) {
+        m_playing = false;
+        return;
+    }
     setPosition(last ? m_loopStart : m_position + 1);
     if (const QAnimationFrame* now = current(); now && now->checkInterElem(ifeLoopStart))
         m_loopStart = m_position;
@@ -126,11 +142,14 @@ void QAnimationPlayer::pace()
     }
 }
 
-void QAnimationPlayer::play(QAnimation* animation)
+void QAnimationPlayer::play(QAnimation* animation, bool resume)
 {
     if (m_playing || !animation || !m_view || !m_view->frame())
         return;
-    begin(animation, int(m_view->frameIndex()));
+    if (resume && isAt(animation, int(m_view->frameIndex())))
+        m_clock->start();
+    else
+        begin(animation, int(m_view->frameIndex()));
     m_playing = true;
     while (m_playing) {
         tick();

@@ -21,6 +21,7 @@ class QSprRender;
  * at tick 0. After the last frame playback goes on at the frame that carried
  * the "LoopStart" line (once it was reached), else at the first. A time of -1
  * never runs out, and neither does a time of 0 on any frame but the first.
+ * Without looping, playback ends on the last frame when its time runs out.
  *
  * Ticks are paced by sleeping to the next 1/60 second, the error carried into
  * the next tick, so that late ticks make the next ones short and the average
@@ -34,15 +35,28 @@ public:
 
     QAnimationPlayer(QSprRender* view, QPlaybackClock* clock, QObject* parent = nullptr);
 
-    /// Plays `animation` from the frame the view shows until stop(); returns then.
-    void play(QAnimation* animation);
+    /**
+     * Plays `animation` from the frame the view shows until stop(); returns
+     * then. With `resume`, a run of the same animation still on the frame the
+     * view shows goes on where it stopped, its ticks in the frame kept.
+     */
+    void play(QAnimation* animation, bool resume = false);
     void stop() { m_playing = false; }
     bool isPlaying() const { return m_playing; }
+    bool isLooping() const { return m_looping; }
+    void setLooping(bool on) { m_looping = on; }
+    /// Gives the player another clock (tests); the caller keeps it alive.
+    void setClock(QPlaybackClock* clock) { m_clock = clock; }
 
-    /// Sets up a run from the frame at `position` without looping (for stepping).
+    /// Sets up a run from the frame at `position`, for stepping or playing.
     void begin(QAnimation* animation, int position);
+    /// Whether a run of `animation` is set up and stands on the frame at `position`.
+    bool isAt(const QAnimation* animation, int position) const;
     /// One tick's change of frame or working copy.
     void tick();
+    /// Changes to the frame that follows as the end of the present one does,
+    /// whatever its time; without looping the last frame stays.
+    void advance();
     /// Waits for the next tick and keeps the frame rate figure.
     void pace();
 
@@ -71,6 +85,7 @@ private:
     QPlaybackClock* m_clock;
     QAnimation* m_animation = nullptr;
     bool m_playing = false;
+    bool m_looping = true;
     int m_position = 0;
     int m_loopStart = -1;
     int m_t = 0;

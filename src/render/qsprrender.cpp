@@ -375,7 +375,8 @@ void QSprRender::updateBounds()
     }
 
     if (m_showOnion && m_onionSprite && !m_onionImage.isNull())
-        m_onionRect = scaledRect(int(X - m_onionSprite->offsetX() * z), int(Y - m_onionSprite->offsetY() * z),
+        m_onionRect = scaledRect(int(X + (m_onionOffset.x() - m_onionSprite->offsetX()) * z),
+                                 int(Y + (m_onionOffset.y() - m_onionSprite->offsetY()) * z),
                                  m_onionImage.width(), m_onionImage.height(), z);
     else
         m_onionRect = QRect();

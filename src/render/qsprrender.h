@@ -72,6 +72,7 @@ public:
     void setZoomMode(QZoomMode mode) { m_zoomMode = mode; }
     void setOnionSkin(bool on, QSpriteEffect effect, int opacityPercent);
     void setSprites(QSprites* sprites) { m_sprites = sprites; }
+    QSprites* sprites() const { return m_sprites; }
     /// The animations the view shows frames of; it follows their changes.
     void setAnimations(QAnimations* animations);
     /// Box colours (Clsn1, Clsn1 default, Clsn2, Clsn2 default) and their opacity.
@@ -108,6 +109,8 @@ public:
     void clearFrame();
     /// The sprite at `index` of the sprite file as onion skin; out of range shows none.
     void setOnionIndex(unsigned int index);
+    /// Where the onion skin's axis stands from the view's axis: a frame's offset.
+    void setOnionOffset(const QPoint& offset) { m_onionOffset = offset; }
     /// Forgets sprite, frame and images; keeps the view (axis, zoom, options).
     void reset();
     /// Asks the host for a paint.
@@ -277,6 +280,7 @@ private:
     bool m_paused = false;
     QSpriteEffect m_onionEffect = EffectMonochrome;
     float m_onionOpacity = 1.0f;
+    QPoint m_onionOffset;
 
     bool m_showMainCross = true;
     bool m_showAnimCross = false;

@@ -22,6 +22,22 @@ int colorSlot(QCollisionBoxType type)
 }
 
 /// Raises the flag that makes the view ignore the notices of its own changes.
+/// Adds the list `box` is in to `lists`, once.
+void listOf(const QCollisionBox* box, QList<QCollisionBoxes*>& lists)
+{
+    if (QCollisionBoxes* list = box->parent(); list && !lists.contains(list))
+        lists.append(list);
+}
+
+/// Removes the declarations of `lists` that lost all their boxes: an empty
+/// list of the frame's own would hide the defaults from it.
+void dropEmpty(const QList<QCollisionBoxes*>& lists)
+{
+    for (QCollisionBoxes* list : lists)
+        if (list->count() == 0)
+            list->clear();
+}
+
 class ModelChange
 {
 public:
@@ -389,15 +405,18 @@ void QSprRender::changeCLSNType(bool switchDefault)
         return;
     {
         ModelChange change(m_changingModel, m_animations);
+        QList<QCollisionBoxes*> lists;
         for (QRenderCLSN& record : m_clsns) {
             if (!record.selected || !record.box)
                 continue;
             const QRect rect = record.box->rect();
             const QCollisionBoxType type = QCollisionBoxType(record.type ^ (switchDefault ? 2 : 1));
+            listOf(record.box, lists);
             record.box->remove(true);
             record.box = m_frameModel->insertBox(type, rect);
             record.type = type;
         }
+        dropEmpty(lists);
     }
     // The model renumbered around the change; show it as it now stands, the
     // same boxes still selected.
@@ -419,9 +438,14 @@ void QSprRender::removeCLSNs()
         return;
     {
         ModelChange change(m_changingModel, m_animations);
-        for (int i = int(m_clsns.size()) - 1; i >= 0; --i)
-            if (m_clsns[i].selected && m_clsns[i].box)
+        QList<QCollisionBoxes*> lists;
+        for (int i = int(m_clsns.size()) - 1; i >= 0; --i) {
+            if (m_clsns[i].selected && m_clsns[i].box) {
+                listOf(m_clsns[i].box, lists);
                 m_clsns[i].box->remove(true);
+            }
+        }
+        dropEmpty(lists);
     }
     updateCLSNs();
     updatePos();

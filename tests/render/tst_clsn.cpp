@@ -144,7 +144,8 @@ void TestRender::boxesAreEditedWithTheMouse()
     QKeyEvent del(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
     bench.view.keyPressed(&del);
     QVERIFY2(!bench.text().contains(QLatin1String("14, -12, 24, -2\n0,1")), qPrintable(bench.text()));
-    QVERIFY(bench.text().contains(QLatin1String("Clsn1: 0\n")) || !bench.text().contains(QLatin1String("Clsn1:")));
+    // The declaration goes with its last box: an empty one would hide the defaults from the frame.
+    QVERIFY2(!bench.text().contains(QLatin1String("Clsn1: 0")), qPrintable(bench.text()));
     history << bench.text();
 
     // Each step above is one undo step of the text.

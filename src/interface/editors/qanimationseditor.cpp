@@ -1,70 +1,102 @@
 #include "qanimationseditor.h"
 
-#include "qframetablemodel.h"
+#include "interface/workspaces/qtexteditor.h"
 #include "interface/workspaces/qtextundostack.h"
 #include "model/qanimation.h"
 #include "model/qanimationedit.h"
 #include "model/qanimationframe.h"
 #include "model/qanimations.h"
-#include "model/qcollisionbox.h"
-#include "model/qcollisionboxes.h"
-#include "qeditorpage.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
-#include "model/qsprites.h"
+#include "qactionlistpanel.h"
+#include "qeditorpage.h"
+#include "qframeboxtools.h"
+#include "qframetablemodel.h"
+#include "qplaybackcontrols.h"
 #include "render/gui/qanimspriteworkspace.h"
 #include "render/qsprrender.h"
 #include "syntax/qsyntaxtexteditor.h"
 
 #include <QAction>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QSortFilterProxyModel>
 #include <QSplitter>
 #include <QTableView>
+#include <QTextBlock>
+#include <QTextDocument>
 #include <QToolBar>
+#include <QBoxLayout>
 #include <QVBoxLayout>
+
+namespace {
+
+/// A tool bar over a part of the page, with its commands' text beside any icon.
+QToolBar* partToolBar(const QString& name)
+{
+    auto* bar = new QToolBar;
+    bar->setObjectName(name);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->setIconSize(QSize(16, 16));
+    return bar;
+}
+
+/// The parts in a row or column without margins or gaps, each with its stretch.
+QWidget* tightBox(QBoxLayout::Direction direction, std::initializer_list<std::pair<QWidget*, int>> parts)
+{
+    auto* box = new QWidget;
+    auto* layout = new QBoxLayout(direction, box);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    for (const auto& [widget, stretch] : parts)
+        layout->addWidget(widget, stretch);
+    return box;
+}
+
+} // namespace
 
 QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* view, QObject* parent)
     : QViewEditor(workspace, new QWidget, parent)
     , m_view(view)
-    , m_filter(new QSortFilterProxyModel(this))
+    , m_actions(new QActionListPanel(this))
     , m_model(new QFrameTableModel(nullptr, this))
+    , m_playback(new QPlaybackControls(view, this))
+    , m_boxes(new QFrameBoxTools(view->renderer(), this))
     , m_toolBar(new QToolBar(this->view()))
-    , m_search(new QLineEdit)
-    , m_list(new QListView)
     , m_frames(new QTableView)
+    , m_text(new QTextEditor)
+    , m_emptyText(new QTextDocument(m_text))
     , m_viewSlot(new QVBoxLayout)
 {
     QWidget* page = this->view();
     page->setObjectName(QStringLiteral("animationsView"));
     m_toolBar->setObjectName(QStringLiteral("animationsToolBar"));
-
-    m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
-    m_search->setObjectName(QStringLiteral("actionsSearch"));
-    m_search->setPlaceholderText(tr("Search number or name"));
-    m_search->setClearButtonEnabled(true);
-    connect(m_search, &QLineEdit::textChanged, m_filter, &QSortFilterProxyModel::setFilterFixedString);
-    m_list->setObjectName(QStringLiteral("actionsList"));
-    m_list->setModel(m_filter);
-    m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_list->setUniformItemSizes(true);
-    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, &QAnimationsEditor::actionChanged);
+    connect(m_actions, &QActionListPanel::currentChanged, this, &QAnimationsEditor::actionChanged);
 
     m_frames->setObjectName(QStringLiteral("framesTable"));
     m_frames->setModel(m_model);
     m_frames->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_frames->setSelectionMode(QAbstractItemView::SingleSelection);
     m_frames->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed
-                              | QAbstractItemView::AnyKeyPressed);
+        | QAbstractItemView::AnyKeyPressed);
     m_frames->setAlternatingRowColors(true);
+    m_frames->setDragDropMode(QAbstractItemView::DropOnly);
+    m_frames->setDropIndicatorShown(true);
+    m_frames->setAcceptDrops(true);
     m_frames->verticalHeader()->setDefaultSectionSize(m_frames->fontMetrics().height() + 6);
-    m_frames->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    connect(m_frames->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &QAnimationsEditor::showFrame);
+    // Every title whole, every value readable: the columns take what their
+    // text needs and the last one the rest; a narrow table scrolls.
+    QHeaderView* header = m_frames->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setStretchLastSection(true);
+    header->setMinimumSectionSize(m_frames->fontMetrics().horizontalAdvance(QStringLiteral("00000")));
+    connect(m_frames->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+        &QAnimationsEditor::showFrame);
     // The table is read again after each change of the text; the author stays on the frame.
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this,
-            [this] { m_frameRow = m_frames->currentIndex().row(); });
+        [this] { m_frameRow = m_frames->currentIndex().row(); });
     connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
         if (m_frameRow >= 0 && m_model->rowCount() > 0) {
             const QSignalBlocker blocker(m_frames->selectionModel());
@@ -72,25 +104,59 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
         }
         showFrame();
     });
+    connect(m_model, &QAbstractItemModel::dataChanged, this, &QAnimationsEditor::showFrame);
     connect(m_view, &QAnimSpriteWorkspace::frameChanged, this, [this](int position) {
         const QSignalBlocker blocker(m_frames->selectionModel());
         m_frames->setCurrentIndex(m_model->index(position, 0));
+    });
+    connect(m_playback, &QPlaybackControls::rewound, this, [this] { showRow(0); });
+    connect(m_boxes, &QFrameBoxTools::showFrame, this, &QAnimationsEditor::showRow);
+
+    m_text->setObjectName(QStringLiteral("animationText"));
+    m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_text->setTextDocument(m_emptyText);
+    m_checkTimer.setSingleShot(true);
+    m_checkTimer.setInterval(400);
+    connect(&m_checkTimer, &QTimer::timeout, this, [this] {
+        if (m_project)
+            m_project->animations()->checkErrors();
     });
 
     auto* viewHost = new QWidget;
     viewHost->setLayout(m_viewSlot);
     m_viewSlot->setContentsMargins(0, 0, 0, 0);
-    auto* right = new QSplitter(Qt::Vertical);
-    right->addWidget(viewHost);
-    right->addWidget(m_frames);
-    right->setStretchFactor(0, 3);
-    right->setStretchFactor(1, 1);
     // The view arrives only when the editor is first shown: its place is held open.
     viewHost->setMinimumHeight(240);
-    right->setSizes({ 520, 180 });
+    QToolBar* playBar = partToolBar(QStringLiteral("playbackToolBar"));
+    // Words only, so that the whole transport fits under a narrow view.
+    playBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    QToolBar* framesBar = partToolBar(QStringLiteral("framesToolBar"));
+    // The box commands stand beside the view they work in, as a painter's tools do.
+    QToolBar* boxesBar = partToolBar(QStringLiteral("boxesToolBar"));
+    boxesBar->setOrientation(Qt::Vertical);
+    boxesBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    QWidget* viewColumn = tightBox(QBoxLayout::TopToBottom,
+        { { tightBox(QBoxLayout::LeftToRight, { { boxesBar, 0 }, { viewHost, 1 } }), 1 }, { playBar, 0 } });
 
-    QEditorPage::layOut(page, m_toolBar, m_search, m_list, right, 240);
-    buildToolBar();
+    auto* top = new QSplitter(Qt::Horizontal);
+    top->addWidget(viewColumn);
+    top->addWidget(m_text);
+    top->setStretchFactor(0, 3);
+    top->setStretchFactor(1, 1);
+    top->setSizes({ 600, 280 });
+    auto* right = new QSplitter(Qt::Vertical);
+    right->addWidget(top);
+    right->addWidget(tightBox(QBoxLayout::TopToBottom, { { framesBar, 0 }, { m_frames, 1 } }));
+    right->setStretchFactor(0, 3);
+    right->setStretchFactor(1, 1);
+    right->setSizes({ 480, 220 });
+
+    QEditorPage::layOut(page, m_toolBar, m_actions->searchField(), m_actions->list(), right, 200);
+    m_actions->addActions(page, m_toolBar);
+    m_playback->addActions(page, playBar);
+    buildToolBars(framesBar);
+    m_boxes->addActions(page, boxesBar);
 }
 
 QAnimationsEditor::~QAnimationsEditor()
@@ -98,30 +164,15 @@ QAnimationsEditor::~QAnimationsEditor()
     delete m_undo;
 }
 
-void QAnimationsEditor::buildToolBar()
+void QAnimationsEditor::buildToolBars(QToolBar* framesBar)
 {
-    auto add = [this](const QString& name, const QString& text, const QKeySequence& keys,
-                      void (QAnimationsEditor::*slot)()) {
-        connect(QEditorPage::addAction(view(), m_toolBar, name, text, keys), &QAction::triggered, this, slot);
-    };
-    add(QStringLiteral("anim_new"), tr("New action"),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), &QAnimationsEditor::newAction);
-    add(QStringLiteral("anim_duplicate"), tr("Duplicate"),
-        QKeySequence(Qt::CTRL | Qt::Key_D), &QAnimationsEditor::duplicateAction);
-    add(QStringLiteral("anim_delete"), tr("Delete action"),
-        QKeySequence(Qt::CTRL | Qt::Key_Delete), &QAnimationsEditor::removeAction);
-    m_toolBar->addSeparator();
-    add(QStringLiteral("anim_add_frame"), tr("Add frame"), QKeySequence(Qt::Key_Insert),
-        &QAnimationsEditor::addFrame);
-    add(QStringLiteral("anim_delete_frame"), tr("Delete frame"),
-        QKeySequence(Qt::SHIFT | Qt::Key_Delete), &QAnimationsEditor::removeFrame);
-    add(QStringLiteral("anim_boxes_to_all"), tr("Boxes to all frames"),
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), &QAnimationsEditor::copyBoxesToAll);
-    m_toolBar->addSeparator();
-    add(QStringLiteral("anim_play"), tr("Play"), QKeySequence(Qt::Key_F5),
-        &QAnimationsEditor::play);
-    add(QStringLiteral("anim_stop"), tr("Stop"), QKeySequence(Qt::Key_F6),
-        &QAnimationsEditor::stop);
+    QWidget* page = view();
+    connect(QEditorPage::addAction(page, framesBar, QStringLiteral("anim_add_frame"), tr("Add frame"),
+                QKeySequence(Qt::Key_Insert)),
+        &QAction::triggered, this, &QAnimationsEditor::addFrame);
+    connect(QEditorPage::addAction(page, framesBar, QStringLiteral("anim_delete_frame"), tr("Delete frame"),
+                QKeySequence(Qt::SHIFT | Qt::Key_Delete)),
+        &QAction::triggered, this, &QAnimationsEditor::removeFrame);
 }
 
 void QAnimationsEditor::initialized(QToolBarItems* items, QWidget* leftPage)
@@ -133,6 +184,11 @@ void QAnimationsEditor::initialized(QToolBarItems* items, QWidget* leftPage)
 void QAnimationsEditor::activate(bool switched)
 {
     QViewEditor::activate(switched);
+    // The sprite the sprites editor showed is the one "Add frame" takes.
+    if (const QSprite* sprite = m_view->renderer()->sprite(); sprite && !m_view->renderer()->hasFrame()) {
+        m_lastSprite = sprite->subItem();
+        m_hasLastSprite = true;
+    }
     if (m_viewSlot->indexOf(m_view->widget()) < 0)
         m_viewSlot->addWidget(m_view->widget(), 1);
     m_view->widget()->show();
@@ -144,22 +200,50 @@ void QAnimationsEditor::deactivate()
 {
     // Playback re-enters the event loop; it must not run on behind another editor.
     m_view->stop();
+    m_view->renderer()->setOnionSkin(false, EffectMonochrome, 0);
     QViewEditor::deactivate();
 }
 
 void QAnimationsEditor::setProject(QProject* project)
 {
     m_view->stop();
+    if (m_project)
+        m_project->animations()->disconnect(this);
     m_project = project;
+    m_hasLastSprite = false;
     QAnimations* animations = project ? project->animations() : nullptr;
-    m_filter->setSourceModel(animations);
     m_model->setAnimations(animations);
     delete m_undo;
-    m_undo = project && project->animationText() ? new QTextUndoStack(project->animationText()->document())
-                                                 : nullptr;
+    QSyntaxTextEditor* text = project ? project->animationText() : nullptr;
+    m_undo = text ? new QTextUndoStack(text->document()) : nullptr;
+    m_shownText = text ? text->document() : nullptr;
+    // The pane gives the document a layout of its own, and a new layout
+    // reports the whole text as changed: the model reads it again, but must
+    // not renumber boxes then, which would be an edit the author never made.
+    const bool renumber = animations && animations->renumber();
+    if (animations)
+        animations->setRenumber(false);
+    m_text->setTextDocument(text ? text->document() : m_emptyText);
+    if (animations)
+        animations->setRenumber(renumber);
+    if (text) {
+        // A closed project takes its text along; the pane must not keep showing it.
+        QTextDocument* document = text->document();
+        connect(document, &QObject::destroyed, this, [this, document] {
+            if (m_shownText == document) {
+                m_shownText = nullptr;
+                m_text->setTextDocument(m_emptyText);
+            }
+        });
+    }
     m_view->setProject(project);
-    if (m_filter->rowCount() > 0)
-        m_list->setCurrentIndex(m_filter->index(0, 0));
+    if (animations) {
+        connect(animations, &QAnimations::changed, this, [this] {
+            m_checkTimer.start();
+            updateSummary();
+        });
+    }
+    m_actions->setAnimations(animations);
     updateSummary();
     emit undoStackChanged(m_undo);
 }
@@ -169,14 +253,43 @@ void QAnimationsEditor::updateSummary()
     if (!summary())
         return;
     const QAnimations* animations = m_project ? m_project->animations() : nullptr;
-    summary()->setText(tr("<b>Actions:</b> %1<br>Double-click a cell of the frames to change it; drag the sprite "
-                          "in the view to move it.")
-                           .arg(animations ? animations->count() : 0));
+    summary()->setText(
+        tr("<b>Actions:</b> %1<br>Double-click a cell of the frames to change it, drop sprites on "
+           "the table to add frames; drag the sprite in the view to move it, Ctrl+2 draws a Clsn2 box.")
+            .arg(animations ? animations->count() : 0));
 }
 
-void QAnimationsEditor::navigateTo(int, int index, int)
+void QAnimationsEditor::navigateTo(int, int index, int line)
 {
-    setCurrentAction(index);
+    QAnimations* animations = m_project ? m_project->animations() : nullptr;
+    if (!animations)
+        return;
+    // The action is the last one whose header stands at or above the line;
+    // the frame the first of it at or below the line (its boxes stand above it).
+    int action = -1;
+    for (int i = 0; i < animations->count() && animations->at(i)->line() <= line; ++i)
+        action = i;
+    if (action >= 0) {
+        setCurrentAction(action);
+        const QAnimation* animation = animations->at(action);
+        int row = animation->frameCount() - 1;
+        for (int i = 0; i < animation->frameCount(); ++i) {
+            if (animation->frame(i)->line() >= line) {
+                row = i;
+                break;
+            }
+        }
+        if (row >= 0 && animation->line() < line)
+            showRow(row);
+    }
+    const QTextBlock block = m_text->document()->findBlockByNumber(line);
+    if (block.isValid()) {
+        QTextCursor cursor(block);
+        cursor.movePosition(
+            QTextCursor::Right, QTextCursor::MoveAnchor, qBound(0, index, block.length() - 1));
+        m_text->setTextCursor(cursor);
+        m_text->centerCursor();
+    }
 }
 
 QUndoStack* QAnimationsEditor::undoStack() const
@@ -184,26 +297,48 @@ QUndoStack* QAnimationsEditor::undoStack() const
     return m_undo;
 }
 
+QListView* QAnimationsEditor::actionList() const
+{
+    return m_actions->list();
+}
+
 int QAnimationsEditor::currentAction() const
 {
-    const QModelIndex index = m_filter->mapToSource(m_list->currentIndex());
-    return index.isValid() ? index.row() : -1;
+    return m_actions->currentAction();
 }
 
 void QAnimationsEditor::setCurrentAction(int position)
 {
-    if (!m_filter->sourceModel())
-        return;
-    m_list->setCurrentIndex(m_filter->mapFromSource(m_filter->sourceModel()->index(position, 0)));
+    m_actions->setCurrentAction(position);
+}
+
+void QAnimationsEditor::newAction()
+{
+    m_actions->newAction();
+}
+
+void QAnimationsEditor::showRow(int row)
+{
+    if (row >= 0 && row < m_model->rowCount())
+        m_frames->setCurrentIndex(
+            m_model->index(row, m_frames->currentIndex().isValid() ? m_frames->currentIndex().column() : 0));
 }
 
 void QAnimationsEditor::actionChanged()
 {
     const int position = currentAction();
+    m_view->stop();
     m_frameRow = -1;
     m_model->setAction(position);
-    if (position >= 0 && m_project)
+    if (position >= 0 && m_project) {
         m_project->animations()->setCurrentIndex(uint(position));
+        // The text pane shows the action too, unless the author is typing there.
+        if (!m_text->hasFocus()) {
+            const QTextBlock header = m_text->document()->findBlockByNumber(m_model->action()->line());
+            m_text->setTextCursor(QTextCursor(header));
+            m_text->centerCursor();
+        }
+    }
     if (m_model->rowCount() > 0)
         m_frames->setCurrentIndex(m_model->index(0, 0));
     showFrame();
@@ -217,45 +352,15 @@ void QAnimationsEditor::showFrame()
     const int action = currentAction();
     if (action < 0) {
         renderer->reset();
-    } else {
+    } else if (const int row = qMax(0, m_frames->currentIndex().row());
+               renderer->animation() != m_model->action() || !renderer->frame()
+               || int(renderer->frameIndex()) != row) {
+        // The view follows the text's changes of the frame it shows by itself,
+        // and keeps a drag or a selection of boxes across them.
         renderer->setIndex(uint(action));
-        renderer->setFrame(uint(qMax(0, m_frames->currentIndex().row())));
+        renderer->setFrame(uint(row));
     }
-    renderer->update();
-}
-
-void QAnimationsEditor::newAction()
-{
-    QAnimations* animations = m_project ? m_project->animations() : nullptr;
-    if (!animations)
-        return;
-    int number = 0;
-    for (const QAnimation* animation : animations->animations())
-        number = qMax(number, animation->number() + 1);
-    animations->add(number);
-    setCurrentAction(animations->count() - 1);
-}
-
-void QAnimationsEditor::duplicateAction()
-{
-    QAnimations* animations = m_project ? m_project->animations() : nullptr;
-    const int position = currentAction();
-    if (!animations || position < 0)
-        return;
-    int number = 0;
-    for (const QAnimation* animation : animations->animations())
-        number = qMax(number, animation->number() + 1);
-    animations->duplicate(uint(position), number);
-    setCurrentAction(animations->find(0, number));
-}
-
-void QAnimationsEditor::removeAction()
-{
-    const int position = currentAction();
-    if (position >= 0) {
-        m_project->animations()->remove(uint(position));
-        setCurrentAction(qMin(position, m_project->animations()->count() - 1));
-    }
+    m_playback->updateOnion();
 }
 
 void QAnimationsEditor::addFrame()
@@ -263,15 +368,11 @@ void QAnimationsEditor::addFrame()
     QAnimation* action = m_model->action();
     if (!action)
         return;
-    const int row = action->frameCount();
-    const QAnimationFrame* last = action->frame(row - 1);
-    QAnimationFrame* frame = action->addFrame();
-    if (!frame)
-        return;
-    const QSprite* sprite = m_view->renderer()->sprite();
-    const QSubItem item = last ? last->sprite() : sprite ? sprite->subItem() : QSubItem(0, 0);
-    frame->setProperties(item, last ? last->offset() : QPoint(), last ? last->time() : 5, 0, afbNone, QBlendTarget());
-    m_frames->setCurrentIndex(m_model->index(row, 0));
+    const QAnimationFrame* last = action->frame(action->frameCount() - 1);
+    const QSubItem sprite = m_hasLastSprite ? m_lastSprite : last ? last->sprite() : QSubItem(0, 0);
+    const int row = m_model->insertSprites(-1, { sprite });
+    if (row >= 0)
+        showRow(row);
 }
 
 void QAnimationsEditor::removeFrame()
@@ -288,39 +389,5 @@ void QAnimationsEditor::removeFrame()
 
 void QAnimationsEditor::copyBoxesToAll()
 {
-    QAnimation* action = m_model->action();
-    const int sourceRow = m_frames->currentIndex().row();
-    const QAnimationFrame* source = action ? action->frame(sourceRow) : nullptr;
-    if (!source)
-        return;
-    // The rectangles are taken first: each box written re-reads the text, and the frames with it.
-    QList<QRect> rects[2];
-    for (QCollisionBoxType type : { cbtClsn1, cbtClsn2 })
-        if (const QCollisionBoxes* boxes = source->collisionBoxes(type))
-            for (const QCollisionBox* box : boxes->boxes())
-                rects[type].append(box->rect());
-    QAnimationEdit edit(m_project->animationText());
-    for (int row = 0; row < action->frameCount(); ++row) {
-        if (row == sourceRow)
-            continue;
-        for (QCollisionBoxType type : { cbtClsn1, cbtClsn2 }) {
-            if (rects[type].isEmpty())
-                continue;
-            if (QCollisionBoxes* old = action->frame(row)->collisionBoxes(type))
-                old->clear();
-            for (const QRect& rect : rects[type])
-                action->frame(row)->insertBox(type, rect);
-        }
-    }
-}
-
-void QAnimationsEditor::play()
-{
-    if (!m_view->isPlaying())
-        m_view->play();
-}
-
-void QAnimationsEditor::stop()
-{
-    m_view->stop();
+    m_boxes->copyToAll();
 }

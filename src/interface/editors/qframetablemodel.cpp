@@ -1,8 +1,15 @@
 #include "qframetablemodel.h"
 
 #include "model/qanimation.h"
+#include "model/qanimationedit.h"
 #include "model/qanimationframe.h"
 #include "model/qanimations.h"
+#include "qspritelistmime.h"
+#include "syntax/qsyntaxtexteditor.h"
+
+#include <QColor>
+#include <QMimeData>
+#include <QRegularExpression>
 
 namespace {
 
@@ -13,8 +20,9 @@ QString blendName(const QAnimationFrame* frame)
     switch (frame->blend()) {
     case afbAdditive: {
         const QBlendTarget target = frame->blendTarget();
-        return target == QBlendTarget() ? QStringLiteral("A")
-                                        : QStringLiteral("AS%1D%2").arg(target.source).arg(target.destination);
+        return target == QBlendTarget()
+            ? QStringLiteral("A")
+            : QStringLiteral("AS%1D%2").arg(target.source).arg(target.destination);
     }
     case afbSubtractive:
         return QStringLiteral("S");
@@ -52,6 +60,27 @@ bool parseBlend(const QString& text, QAnimationFrameBlend& blend, QBlendTarget& 
     return okSource && okDestination;
 }
 
+/// The kinds of interpolation in the order the column lists them, with the words it shows.
+const struct
+{
+    QInterFrameElementType type;
+    const char* word;
+} interpolations[] = {
+    { ifeOffset, QT_TRANSLATE_NOOP("QFrameTableModel", "Offset") },
+    { ifeBlend, QT_TRANSLATE_NOOP("QFrameTableModel", "Blend") },
+    { ifeScale, QT_TRANSLATE_NOOP("QFrameTableModel", "Scale") },
+    { ifeAngle, QT_TRANSLATE_NOOP("QFrameTableModel", "Angle") },
+};
+
+QString interpolationText(const QAnimationFrame* frame)
+{
+    QStringList words;
+    for (const auto& kind : interpolations)
+        if (frame->checkInterElem(kind.type))
+            words.append(QFrameTableModel::tr(kind.word));
+    return words.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 QFrameTableModel::QFrameTableModel(QAnimations* animations, QObject* parent)
@@ -68,10 +97,16 @@ void QFrameTableModel::setAnimations(QAnimations* animations)
     m_animations = animations;
     m_action = -1;
     if (animations) {
-        // The text may change under the table (typing, undo): it is read again.
-        connect(animations, &QAnimations::changed, this, [this] {
-            beginResetModel();
-            endResetModel();
+        // The text may change under the table (typing, undo): it is read
+        // again, as a whole when frames came or went, else cell by cell, so an
+        // edit in progress and the selection stay.
+        connect(animations, &QAnimations::changed, this, [this](bool structure) {
+            if (structure || rowCount() == 0) {
+                beginResetModel();
+                endResetModel();
+            } else {
+                emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+            }
         });
     }
     endResetModel();
@@ -106,12 +141,17 @@ QVariant QFrameTableModel::data(const QModelIndex& index, int role) const
     const QAnimationFrame* frame = animation && index.isValid() ? animation->frame(index.row()) : nullptr;
     if (!frame)
         return QVariant();
-    if (role == Qt::TextAlignmentRole)
+    if (role == Qt::TextAlignmentRole && index.column() < Flip)
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::BackgroundRole && index.row() == animation->loopStart())
         return QColor(255, 236, 179);
     if (role == Qt::ToolTipRole && index.row() == animation->loopStart())
         return tr("The animation loops back to this frame");
+    if (role == Qt::CheckStateRole && index.column() == LoopStart)
+        return frame->checkInterElem(ifeLoopStart) ? Qt::Checked : Qt::Unchecked;
+    if (role == Qt::TextAlignmentRole && index.column() >= Flip && index.column() != ScaleX
+        && index.column() != ScaleY && index.column() != Angle)
+        return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return QVariant();
     switch (index.column()) {
@@ -135,6 +175,10 @@ QVariant QFrameTableModel::data(const QModelIndex& index, int role) const
         return frame->scaleY();
     case Angle:
         return frame->angle();
+    case Interpolation:
+        return interpolationText(frame);
+    case LoopStart:
+        return role == Qt::EditRole ? QVariant(frame->checkInterElem(ifeLoopStart)) : QVariant();
     default:
         return QVariant();
     }
@@ -144,8 +188,22 @@ bool QFrameTableModel::setData(const QModelIndex& index, const QVariant& value, 
 {
     QAnimation* animation = action();
     QAnimationFrame* frame = animation && index.isValid() ? animation->frame(index.row()) : nullptr;
-    if (!frame || role != Qt::EditRole)
+    if (!frame)
         return false;
+    if (index.column() == LoopStart && (role == Qt::CheckStateRole || role == Qt::EditRole)) {
+        const bool on = role == Qt::CheckStateRole ? value.toInt() == Qt::Checked
+            : value.typeId() == QMetaType::Bool
+            ? value.toBool()
+            : QStringList({ QStringLiteral("1"), QStringLiteral("yes"), QStringLiteral("true"),
+                              QStringLiteral("loop") })
+                  .contains(value.toString().trimmed().toLower());
+        frame->setInterElem(ifeLoopStart, on);
+        return true;
+    }
+    if (role != Qt::EditRole)
+        return false;
+    if (index.column() == Interpolation)
+        return setInterpolation(frame, value.toString());
     QSubItem sprite = frame->sprite();
     QPoint offset = frame->offset();
     int time = frame->time();
@@ -201,9 +259,86 @@ bool QFrameTableModel::setData(const QModelIndex& index, const QVariant& value, 
     return true;
 }
 
+bool QFrameTableModel::setInterpolation(QAnimationFrame* frame, const QString& text)
+{
+    // Words in any case, split by commas or spaces, each naming a kind once.
+    const QStringList words
+        = text.toLower().split(QRegularExpression(QStringLiteral("[,\\s]+")), Qt::SkipEmptyParts);
+    bool wanted[interFrameElementTypeCount] = {};
+    for (const QString& word : words) {
+        bool known = false;
+        for (const auto& kind : interpolations) {
+            if (word == QString::fromLatin1(kind.word).toLower() || word == tr(kind.word).toLower()) {
+                wanted[kind.type] = known = true;
+                break;
+            }
+        }
+        if (!known)
+            return false;
+    }
+    QAnimationEdit edit(m_animations->textEditor());
+    for (const auto& kind : interpolations)
+        frame->setInterElem(kind.type, wanted[kind.type]);
+    return true;
+}
+
 Qt::ItemFlags QFrameTableModel::flags(const QModelIndex& index) const
 {
-    return QAbstractTableModel::flags(index) | (index.isValid() ? Qt::ItemIsEditable : Qt::NoItemFlags);
+    if (!index.isValid())
+        return QAbstractTableModel::flags(index) | (action() ? Qt::ItemIsDropEnabled : Qt::NoItemFlags);
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled;
+    return index.column() == LoopStart ? flags | Qt::ItemIsUserCheckable : flags | Qt::ItemIsEditable;
+}
+
+QStringList QFrameTableModel::mimeTypes() const
+{
+    return { QLatin1String(QSpriteListMime::mimeType) };
+}
+
+Qt::DropActions QFrameTableModel::supportedDropActions() const
+{
+    return Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+}
+
+bool QFrameTableModel::canDropMimeData(
+    const QMimeData* data, Qt::DropAction, int, int, const QModelIndex&) const
+{
+    return action() && data && data->hasFormat(QLatin1String(QSpriteListMime::mimeType));
+}
+
+bool QFrameTableModel::dropMimeData(
+    const QMimeData* data, Qt::DropAction dropAction, int row, int column, const QModelIndex& parent)
+{
+    if (!canDropMimeData(data, dropAction, row, column, parent))
+        return false;
+    // Between rows the view gives the row; on a row it gives the row as parent: the frames go before it.
+    return insertSprites(row >= 0     ? row
+                   : parent.isValid() ? parent.row()
+                                      : -1,
+               QSpriteListMime::decode(data))
+        >= 0;
+}
+
+int QFrameTableModel::insertSprites(int row, const QList<QSubItem>& sprites)
+{
+    QAnimation* animation = action();
+    QSyntaxTextEditor* text = m_animations ? m_animations->textEditor() : nullptr;
+    if (!animation || !text || sprites.isEmpty())
+        return -1;
+    const int count = animation->frameCount();
+    const int at = row < 0 || row > count ? count : row;
+    const QAnimationFrame* before = animation->frame(at - 1);
+    const int time = before && before->time() > 0 ? before->time() : 5;
+    QStringList lines;
+    for (const QSubItem& sprite : sprites)
+        lines.append(QStringLiteral("%1,%2, 0,0, %3").arg(sprite.group).arg(sprite.index).arg(time));
+    // One block of lines, one undo step: above the frame's own boxes, or behind the last frame.
+    const int line = at < count ? animation->frame(at)->topLine()
+        : count > 0             ? animation->frame(count - 1)->line() + 1
+                                : animation->line() + 1;
+    QAnimationEdit edit(text);
+    insertLineAbove(text, line, lines.join(QLatin1Char('\n')));
+    return at;
 }
 
 QVariant QFrameTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -213,8 +348,7 @@ QVariant QFrameTableModel::headerData(int section, Qt::Orientation orientation, 
     if (orientation == Qt::Vertical)
         return section + 1;
     static const char* const names[ColumnCount] = { QT_TR_NOOP("Group"), QT_TR_NOOP("Index"), QT_TR_NOOP("X"),
-                                                    QT_TR_NOOP("Y"),     QT_TR_NOOP("Time"),  QT_TR_NOOP("Flip"),
-                                                    QT_TR_NOOP("Blend"), QT_TR_NOOP("Scale X"),
-                                                    QT_TR_NOOP("Scale Y"), QT_TR_NOOP("Angle") };
+        QT_TR_NOOP("Y"), QT_TR_NOOP("Time"), QT_TR_NOOP("Flip"), QT_TR_NOOP("Blend"), QT_TR_NOOP("Scale X"),
+        QT_TR_NOOP("Scale Y"), QT_TR_NOOP("Angle"), QT_TR_NOOP("Interpolation"), QT_TR_NOOP("Loop start") };
     return section >= 0 && section < ColumnCount ? tr(names[section]) : QVariant();
 }

@@ -164,7 +164,46 @@ void QAnimSpriteWorkspace::reconfig()
 void QAnimSpriteWorkspace::play()
 {
     if (QAnimation* animation = m_renderer->animation())
-        m_player->play(animation);
+        m_player->play(animation, true);
+}
+
+void QAnimSpriteWorkspace::prepareStep()
+{
+    QAnimation* animation = m_renderer->animation();
+    if (animation && !m_player->isAt(animation, int(m_renderer->frameIndex())))
+        m_player->begin(animation, int(m_renderer->frameIndex()));
+}
+
+void QAnimSpriteWorkspace::stepTick()
+{
+    if (m_player->isPlaying() || !m_renderer->frame())
+        return;
+    prepareStep();
+    m_player->tick();
+}
+
+void QAnimSpriteWorkspace::stepFrame()
+{
+    if (m_player->isPlaying() || !m_renderer->frame())
+        return;
+    prepareStep();
+    m_player->advance();
+}
+
+bool QAnimSpriteWorkspace::isLooping() const
+{
+    return m_player->isLooping();
+}
+
+void QAnimSpriteWorkspace::setLooping(bool on)
+{
+    m_player->setLooping(on);
+}
+
+void QAnimSpriteWorkspace::setClock(QPlaybackClock* clock)
+{
+    m_player->stop();
+    m_player->setClock(clock ? clock : m_clock);
 }
 
 void QAnimSpriteWorkspace::stop()

@@ -10,6 +10,7 @@ class QAction;
 class QAnimation;
 class QAnimationPlayer;
 class QConfigManager;
+class QPlaybackClock;
 class QProject;
 class QSprRender;
 class QSystemPlaybackClock;
@@ -51,10 +52,21 @@ public:
     /// Passes the configuration on to the view, and changes the host if asked to.
     void reconfig();
 
-    /// Plays the animation the view shows, from its frame, until stop(); returns then.
+    /// Plays the animation the view shows, from its frame, until stop(); returns
+    /// then. After a pause on the same frame it goes on where it stopped.
     void play();
     void stop();
     bool isPlaying() const;
+    /// Counts one tick of the animation the view shows, as playing would.
+    void stepTick();
+    /// Goes on to the frame that follows, as the end of the present one would.
+    void stepFrame();
+    bool isLooping() const;
+    /// Without looping, playback ends on the last frame.
+    void setLooping(bool on);
+    /// The clock playback runs on from now on (tests give their own; null:
+    /// the system's). The caller keeps it alive while it is in use.
+    void setClock(QPlaybackClock* clock);
 
 public slots:
     void zoomActual();
@@ -78,6 +90,8 @@ private:
     QAction* addAction(const QString& key, const QString& text, bool checkable, const char* setting);
     bool setting(const char* key, bool fallback) const;
     int number(const char* key, int fallback) const;
+    /// Makes sure the player stands where the view does, for stepping.
+    void prepareStep();
 
     QConfigManager* m_config;
     // Widgets belong to the window and may go before this object does.
