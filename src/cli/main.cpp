@@ -1,6 +1,7 @@
-// pugilforge-cli: the project's files without a window, for authors' scripts
-// and continuous integration. Output is readable text, or JSON with --json;
-// a fault is one line on standard error and a non-zero exit.
+// pugilforge-cli-commands: the project's files without a window, for authors'
+// scripts and continuous integration, started through the pugilforge-cli
+// launcher (which answers --version itself). Output is readable text, or JSON
+// with --json; a fault is one line on standard error and a non-zero exit.
 #include "qclicommand.h"
 #include "qstderrprompt.h"
 
@@ -46,7 +47,7 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("PF_CLI_DEBUG"))
         qInstallMessageHandler(quietMessages);
     // Text documents and fonts need the GUI library but never a display;
-    // --version, --help and the commands of pixels and colours need neither,
+    // --help and the commands of pixels and colours need neither,
     // and starting the platform would be most of their time.
     std::unique_ptr<QCoreApplication> application;
     const QCliCommand* named = namedCommand(argc, argv);
@@ -69,10 +70,6 @@ int main(int argc, char** argv)
     const QCliRun run(arguments, json);
     if (name == QLatin1String("--help") || name == QLatin1String("help"))
         return printHelp(run);
-    if (name == QLatin1String("--version")) {
-        run.print(QStringLiteral("pugilforge-cli " PF_VERSION));
-        return 0;
-    }
     const QCliCommand* command = QCliCommand::find(name);
     if (!command) {
         QTextStream(stderr) << "pugilforge-cli: unknown command '" << name

@@ -101,6 +101,24 @@ DecodeEnd decodeIndexed(int bytesPerLine, const uchar* in, const uchar* end, QIm
         if (column > 0)
             storeRun(0, column);
         count -= column;
+        // Most of a line: one token a step without a branch on its kind, a
+        // literal being a run of one, while a store of 64 stays in the image.
+        const int quickLimit = std::min<qsizetype>(bytesPerLine, room - widestStore);
+        while (column < quickLimit && in < bothBytes) {
+            // Arithmetic rather than conditions, so the compiler cannot branch:
+            // run is 1 for a run byte (192 and above), 0 for a literal.
+            const int byte = in[0];
+            const int run = (byte + 64) >> 8;
+            const int n = (((byte & 63) - 1) & -run) + 1;
+            if (column + n > bytesPerLine)
+                break;
+            const uchar repeated = in[run];
+            std::memset(line + column, repeated, 16);
+            if (n > 16)
+                std::memset(line + column + 16, repeated, widestStore - 16);
+            in += 1 + run;
+            column += n;
+        }
         while (column < bytesPerLine && in < bothBytes) {
             if (*in < 192) {
                 if (column < shown)

@@ -9,46 +9,129 @@ namespace {
 
 constexpr qsizetype maxShortRun = 7;
 constexpr qsizetype maxRun = 263;
+constexpr qsizetype minLongCopy = 3;
+constexpr qsizetype edgeLengths = 4;
 
-/// First pass: the image as a list of run and copy packets.
+// What each packet costs, in eighths of a byte: its bytes and its flag bit.
+// The fourth short copy of each group of four carries no offset byte.
+constexpr quint32 shortRunCost = 8 + 1;
+constexpr quint32 longRunCost = 16 + 1;
+constexpr quint32 shortCopyCost = 16 + 1;
+constexpr quint32 longCopyCost = 24 + 1;
+
+/// Calls `take` with the first and the last edgeLengths lengths of from..to.
+template<typename Take>
+void offerLengths(qsizetype from, qsizetype to, Take take)
+{
+    const qsizetype head = std::min(to, from + edgeLengths - 1);
+    for (qsizetype length = from; length <= head; ++length)
+        take(length);
+    for (qsizetype length = std::max(head + 1, to - edgeLengths + 1); length <= to; ++length)
+        take(length);
+}
+
+/// How far back the nearest run as long as the one at `pos` (up to a short
+/// copy's length) and of its colour starts, within a short copy's reach; 0 if none.
+qsizetype nearestRun(const uchar* src, const QLz5Matcher& matcher, qsizetype pos)
+{
+    const qsizetype wanted = std::min(matcher.runAt(pos), QLz5Matcher::maxShortLength);
+    for (qsizetype p = pos - 1; p >= 0 && pos - p <= QLz5Matcher::maxShortOffset; --p)
+        if (src[p] == src[pos] && matcher.runAt(p) >= wanted)
+            return pos - p;
+    return 0;
+}
+
+/**
+ * First pass: the image as the list of run and copy packets that costs the
+ * fewest bytes, found by a shortest path over the pixel positions. From each
+ * position the path may take a run (up to seven, and the last eight lengths
+ * of a long run), a short copy of a nearby run, or a copy of the longest
+ * matches near and far the matcher finds, cut at their first or last four
+ * lengths: cutting in the middle of a long match has never paid off on the
+ * engine's own sprites, and trying every length made saving several times slower.
+ */
 std::vector<QPack> tokenize(const uchar* src, qsizetype total, bool useLz)
 {
-    std::vector<QPack> packs;
-    packs.reserve(size_t(total / 4 + 16));
-    QLz5Matcher matcher(src, useLz ? total : 0);
-    for (qsizetype pos = 0; pos < total;) {
-        if (useLz && pos >= 1) {
-            const QPack match = matcher.lzFind(pos);
-            if (match.isLz) {
-                packs.push_back(match);
-                pos += match.length;
+    // A short copy's cost depends on its place in its group of four, so each
+    // position is reached in four states: how many short copies before it, modulo 4.
+    struct Step
+    {
+        QPack pack; ///< the packet that reaches this position and state cheapest
+        int from = 0; ///< the state it starts from
+    };
+    std::vector<quint32> price(4 * (size_t(total) + 1), ~0u);
+    std::vector<Step> last(4 * (size_t(total) + 1));
+    price[0] = 0;
+    auto offer = [&](qsizetype pos, const QPack& pack, quint32 cost) {
+        const size_t to = 4 * size_t(pos + pack.length);
+        const bool shortCopy = pack.isLz && pack.isShort;
+        for (int state = 0; state < 4; ++state) {
+            const quint32 here = price[4 * size_t(pos) + size_t(state)];
+            if (here == ~0u)
                 continue;
+            const int next = shortCopy ? (state + 1) & 3 : state;
+            const quint32 reached = here + (shortCopy && state == 3 ? shortCopyCost - 8 : cost);
+            if (reached < price[to + size_t(next)]) {
+                price[to + size_t(next)] = reached;
+                last[to + size_t(next)] = Step { pack, state };
             }
         }
-        QPack run;
-        run.value = src[pos++];
-        while (pos < total && src[pos] == run.value && run.length < maxShortRun) {
-            ++run.length;
-            ++pos;
+    };
+    QLz5Matcher matcher(src, total);
+    for (qsizetype pos = 0; pos < total; ++pos) {
+        const qsizetype run = std::min(matcher.runAt(pos), maxRun);
+        QPack pack;
+        pack.value = src[pos];
+        pack.isShort = true;
+        for (qsizetype length = 1; length <= std::min(run, maxShortRun); ++length) {
+            pack.length = quint16(length);
+            offer(pos, pack, shortRunCost);
         }
-        // A run of seven with a copy ready behind it stays short.
-        if (useLz && run.length == maxShortRun) {
-            const QPack match = matcher.lzFind(pos);
-            if (match.isLz) {
-                run.isShort = true;
-                packs.push_back(run);
-                packs.push_back(match);
-                pos += match.length;
-                continue;
-            }
+        pack.isShort = false;
+        for (qsizetype length = std::max(maxShortRun + 1, run - maxShortRun); length <= run; ++length) {
+            pack.length = quint16(length);
+            offer(pos, pack, longRunCost);
         }
-        while (pos < total && src[pos] == run.value && run.length < maxRun) {
-            ++run.length;
-            ++pos;
-        }
-        run.isShort = run.length <= maxShortRun;
-        packs.push_back(run);
+        if (!useLz)
+            continue;
+        // A long run that repeats one near enough is a short copy, a quarter
+        // of a byte cheaper: inside a run, the pixel before repeats.
+        pack.isLz = true;
+        pack.isShort = true;
+        pack.value = quint16(run > maxShortRun ? nearestRun(src, matcher, pos) : 0);
+        if (pack.value)
+            offerLengths(maxShortRun + 1, std::min(run, QLz5Matcher::maxShortLength), [&](qsizetype length) {
+                pack.length = quint16(length);
+                offer(pos, pack, shortCopyCost);
+            });
+        const QLz5Matches matches = matcher.find(pos);
+        pack.isLz = true;
+        pack.isShort = true;
+        pack.value = matches.shortOffset;
+        const qsizetype shortLength = std::min<qsizetype>(matches.shortLength, QLz5Matcher::maxShortLength);
+        offerLengths(2, shortLength, [&](qsizetype length) {
+            pack.length = quint16(length);
+            offer(pos, pack, shortCopyCost);
+        });
+        pack.isShort = false;
+        pack.value = matches.longOffset;
+        // Where the far match is also near, its short lengths went as short copies.
+        const qsizetype from = matches.longOffset <= QLz5Matcher::maxShortOffset ? shortLength + 1 : minLongCopy;
+        offerLengths(from, matches.longLength, [&](qsizetype length) {
+            pack.length = quint16(length);
+            offer(pos, pack, longCopyCost);
+        });
     }
+    std::vector<QPack> packs;
+    const quint32* end = &price[4 * size_t(total)];
+    int state = int(std::min_element(end, end + 4) - end);
+    for (qsizetype pos = total; pos > 0;) {
+        const Step& step = last[4 * size_t(pos) + size_t(state)];
+        packs.push_back(step.pack);
+        state = step.from;
+        pos -= step.pack.length;
+    }
+    std::reverse(packs.begin(), packs.end());
     return packs;
 }
 

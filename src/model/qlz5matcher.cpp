@@ -69,40 +69,19 @@ void QLz5Matcher::insertUpTo(qsizetype pos)
     }
 }
 
-bool QLz5Matcher::accepts(qsizetype pos, qsizetype offset, qsizetype length) const
+QLz5Matches QLz5Matcher::find(qsizetype pos)
 {
-    // The match is runs of equal bytes; its first run ends at `first`, and
-    // `changes` counts where a byte differs from the one before (up to 3).
-    const qsizetype end = pos + length;
-    const qsizetype first = pos + m_runLength[size_t(pos)];
-    const qsizetype second = first + m_runLength[size_t(first)];
-    const qsizetype third = second < m_total ? second + m_runLength[size_t(second)] : second;
-    const int changes = 1 + (second < end) + (second < end && third < end);
-
-    if (length <= maxShortLength && offset <= maxShortOffset) {
-        // A short copy whose last run goes on past it is better left to a run packet.
-        return changes >= 2 || end == m_total || m_src[end] != m_src[end - 1];
-    }
-    if (changes == 2) {
-        const bool longRun = first - pos >= 8 || second - first >= 8 || end - second >= 8;
-        return longRun;
-    }
-    return changes > 2 && length > 3;
-}
-
-QPack QLz5Matcher::lzFind(qsizetype pos)
-{
-    QPack best;
+    QLz5Matches found;
     if (pos < 2 || pos >= m_total)
-        return best;
+        return found;
     insertUpTo(pos - 1);
     quint32 key;
     if (!keyOf(pos, key))
-        return best;
+        return found;
     const qsizetype limit = std::min(maxLength, m_total - pos);
     const qsizetype run = m_runLength[size_t(pos)];
     const uchar* here = m_src + pos;
-    qsizetype bestLength = 1;
+    // Nearest first, so a later candidate wins only by being longer.
     for (qint32 p = m_head[hashKey(key)]; p >= 0; p = m_previous[size_t(p)]) {
         const qsizetype offset = pos - p;
         if (offset > maxOffset)
@@ -110,15 +89,16 @@ QPack QLz5Matcher::lzFind(qsizetype pos)
         if (m_runLength[size_t(p)] != run || m_src[p] != here[0] || m_src[p + run] != here[run])
             continue;
         const qsizetype length = extend(m_src + p, here, run + 1, limit);
-        if (length <= bestLength || !accepts(pos, offset, length))
-            continue;
-        bestLength = length;
-        best.isLz = true;
-        best.isShort = length <= maxShortLength && offset <= maxShortOffset;
-        best.value = quint16(offset);
-        best.length = quint16(length);
-        if (length == limit)
+        if (offset <= maxShortOffset && length > found.shortLength) {
+            found.shortOffset = quint16(offset);
+            found.shortLength = quint16(length);
+        }
+        if (length > found.longLength) {
+            found.longOffset = quint16(offset);
+            found.longLength = quint16(length);
+        }
+        if (found.longLength == limit && (found.shortLength == limit || offset >= maxShortOffset))
             break;
     }
-    return best;
+    return found;
 }

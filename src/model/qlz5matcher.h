@@ -12,19 +12,26 @@ struct QPack
     quint16 length = 1; ///< pixels covered
 };
 
+/// The longest copies that reach back from one position: one within the
+/// short copies' 256 pixels, one within the long copies' 1024 (0 when none).
+struct QLz5Matches
+{
+    quint16 shortOffset = 0;
+    quint16 shortLength = 0;
+    quint16 longOffset = 0;
+    quint16 longLength = 0;
+};
+
 /**
- * Finds the back-reference that the LZ5 encoder takes at a position.
+ * Finds the back-references the LZ5 encoder can choose from at a position:
+ * the longest match (at most 258 bytes) at offsets up to 256 and up to 1024,
+ * ties going to the smaller offset.
  *
- * Its choice is fixed by tuned thresholds rather than by what the format
- * allows: a copy that a run packet would encode as cheaply is refused. Among
- * the candidates at offsets 2 to 1024 whose match (at most 258 bytes) passes
- * those thresholds, the longest wins, ties going to the smaller offset.
- *
- * Trying every offset would cost up to a thousand comparisons per position.
- * A candidate can only pass if its match contains a change of value, so it
- * must start with a run exactly as long as the run at the cursor, followed by
- * the same byte: positions are chained by that key, and only those are tried.
- * Call lzFind with positions that never go backwards.
+ * Only matches that contain a change of value are looked for: a copy of part
+ * of one run never costs less than a run packet. Such a match starts with a
+ * run exactly as long as the run at the cursor, followed by the same byte, so
+ * positions are chained by that key and only those are tried instead of every
+ * offset. Call find with positions that never go backwards.
  */
 class QLz5Matcher
 {
@@ -36,13 +43,13 @@ public:
 
     QLz5Matcher(const uchar* pixels, qsizetype total);
 
-    /// The match at `pos`; a pack with isLz false when none is taken.
-    QPack lzFind(qsizetype pos);
+    QLz5Matches find(qsizetype pos);
+    /// Equal bytes from `pos` on, capped at 65535.
+    qsizetype runAt(qsizetype pos) const { return m_runLength[size_t(pos)]; }
 
 private:
     bool keyOf(qsizetype pos, quint32& key) const;
     void insertUpTo(qsizetype pos);
-    bool accepts(qsizetype pos, qsizetype offset, qsizetype length) const;
 
     const uchar* m_src;
     qsizetype m_total;

@@ -60,6 +60,12 @@ bool plausibleSize(int width, int height, QImage::Format format, qint64 length)
     return bytes <= 1100 * length + 65536;
 }
 
+/// Whether two cached payloads are the same bytes of one image encoding (false for payloads kept on disk).
+bool samePayload(const QStreamCacheItem& a, const QStreamCacheItem& b)
+{
+    return a.filter != cfNone && a.filter == b.filter && !a.data.isEmpty() && a.data == b.data;
+}
+
 /// Sprites 0,0 and 9000,0 are the ones the engine draws with the character's palette.
 bool takesCharacterPalette(quint16 group, quint16 index)
 {
@@ -425,9 +431,11 @@ void QSFFReader::joinDuplicates()
         QList<QSpriteImageData*>& candidates = seen[key];
         QSpriteImageData* equal = nullptr;
         for (QSpriteImageData* other : candidates) {
-            // Decoded bytes, not the payloads: two PCX of one picture differ
-            // in their colours, and a CRC match alone proves nothing.
-            if (other == data || cache->itemData(other->item) == cache->itemData(data->item)) {
+            // Equal payloads of one encoding decode alike (their size and format
+            // are in the key); otherwise the decoded bytes decide: two PCX of one
+            // picture differ in their colours, and a CRC match alone proves nothing.
+            if (other == data || samePayload(*other->item, *data->item)
+                || cache->itemData(other->item) == cache->itemData(data->item)) {
                 equal = other;
                 break;
             }

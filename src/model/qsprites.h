@@ -67,7 +67,8 @@ public:
     /// First position among the first `limit` palettes with these 1024 bytes; -1 if none.
     int findPalette(const QRGBA* colors, int limit) const;
     /// Position of a sprite or palette of this file; -1 for another.
-    int indexOf(const QSprite* sprite) const { return m_sprites.indexOf(const_cast<QSprite*>(sprite)); }
+    // From the back: readers and editors mostly ask about the sprite they just added.
+    int indexOf(const QSprite* sprite) const { return m_sprites.lastIndexOf(const_cast<QSprite*>(sprite)); }
     int indexOfPalette(const QSpritePalette* palette) const
     {
         return m_palettes.indexOf(const_cast<QSpritePalette*>(palette));

@@ -23,12 +23,27 @@ QByteArray bitsOf(const QImage& image)
     return out;
 }
 
+/// Whether every row's padding is already zero, as the SFF decoders leave it (a few bytes a row to look at).
+bool paddingIsZero(const QImage& image)
+{
+    const qsizetype used = (qsizetype(image.width()) * image.depth() + 7) / 8;
+    const qsizetype stride = image.bytesPerLine();
+    const qsizetype height = image.height();
+    const uchar* bits = image.constBits();
+    for (qsizetype y = 0; y < height; ++y)
+        for (qsizetype x = used; x < stride; ++x)
+            if (bits[y * stride + x] != 0)
+                return false;
+    return true;
+}
+
 } // namespace
 
 quint64 imageChecksum(const QImage& image)
 {
-    // Rows without padding are hashed where they are, with no copy.
-    if (!image.isNull() && qsizetype(image.width()) * image.depth() == qsizetype(image.bytesPerLine()) * 8)
+    // Rows whose padding is zero are hashed where they are, with no copy into
+    // fresh memory.
+    if (!image.isNull() && paddingIsZero(image))
         return crc64(reinterpret_cast<const char*>(image.constBits()), quint32(image.sizeInBytes()));
     return crc64(bitsOf(image));
 }

@@ -32,6 +32,18 @@ private slots:
 
         const CliResult missingArgument = runCli({QStringLiteral("config")});
         QCOMPARE(missingArgument.exitCode, 2);
+
+        // The launcher answers --version after --json too, and an installed
+        // copy started through a link still finds the commands beside it.
+        QCOMPARE(runCli({QStringLiteral("--json"), QStringLiteral("--version")}).out, version.out);
+        QTemporaryDir elsewhere;
+        const QString link = elsewhere.filePath(QStringLiteral("pugilforge-cli"));
+        QVERIFY(QFile::link(qEnvironmentVariable("PF_BIN_DIR") + QStringLiteral("/pugilforge-cli"), link));
+        QProcess linked;
+        linked.start(link, {QStringLiteral("--json"), QStringLiteral("no-such-command")});
+        QVERIFY(linked.waitForFinished(30000));
+        QCOMPARE(linked.exitCode(), 2);
+        QVERIFY(linked.readAllStandardError().contains("unknown command 'no-such-command'"));
     }
 
     void configPrintsDefaultsAndWhatTheFileAdds()

@@ -14,6 +14,7 @@ private slots:
     void roundTrips_data();
     void roundTrips();
     void kfmOfBothEnginesAgree();
+    void kfmReencodedWithLZ5IsNoLarger();
     void exportImport_data();
     void exportImport();
     void compilerScriptNamesEachFileOnce();

@@ -6,6 +6,7 @@
 #include "sffcompare.h"
 
 #include "formats/qimagefiles.h"
+#include "model/qspritecodecs.h"
 #include "model/qspriteimagedata.h"
 #include "model/qsprites.h"
 
@@ -208,6 +209,34 @@ void TestSff::kfmOfBothEnginesAgree()
     QCOMPARE(resaved->getVersion(), sffVersion201);
     QCOMPARE(spriteDifferences(*old, *resaved, true), QStringList());
     QCOMPARE(paletteDifferences(*old, *resaved, false), QStringList());
+}
+
+void TestSff::kfmReencodedWithLZ5IsNoLarger()
+{
+    PF_REQUIRE_REALDATA();
+    QRecordingPrompt prompt;
+    auto kfm = loadSprites(realDataDir() + QStringLiteral("/fanyer__mugen/chars/kfm/kfm.sff"));
+    QVERIFY(kfm);
+    QStreamCache* cache = kfm->cache();
+    qsizetype engines = 0;
+    qsizetype ours = 0;
+    QSet<const QStreamCacheItem*> seen;
+    for (int i = 0; i < kfm->count(); ++i) {
+        const QSpriteImageData* data = kfm->at(i)->imageData();
+        if (!data || seen.contains(data->item) || cache->itemFilter(data->item) != cfLZ5)
+            continue;
+        seen.insert(data->item);
+        const QImage image = kfm->at(i)->image(sipOwn);
+        const QByteArray encoded = saveLZ5(image);
+        QImage decoded = loadLZ5(image.width(), image.height(), encoded);
+        decoded.setColorTable(image.colorTable());
+        QCOMPARE(decoded, image);
+        engines += cache->itemRawData(data->item).size();
+        ours += encoded.size();
+    }
+    QVERIFY(seen.size() > 200);
+    qInfo("kfm's LZ5 sprites: %lld bytes re-encoded, the engine's %lld", qint64(ours), qint64(engines));
+    QVERIFY2(ours <= engines, qPrintable(QStringLiteral("%1 bytes against the engine's %2").arg(ours).arg(engines)));
 }
 
 void TestSff::exportImport_data()
