@@ -79,6 +79,8 @@ QImage loadPNG(const QByteArray& data)
             return image;
         }
     }
+    if (QPngDecoder::claimsPastEnd(data))
+        return QImage();
     // Whatever the fast decoder leaves, other depths and damaged files alike,
     // is the general reader's to judge.
     return QImage::fromData(data, "PNG");

@@ -471,6 +471,27 @@ void TestFormats::pngSynthetic_data()
     }
 }
 
+void TestFormats::pngChunkClaimingPastTheEnd()
+{
+    // A text chunk before the rows claims 788 MB of a file of a hundred bytes: nothing is read
+    // (the general reader would allocate that much first), and nothing is refused that holds its chunks.
+    Picture palette;
+    palette.colours = 4;
+    Chunks chunks = chunksOf(palette);
+    chunks.insert(1, { "tEXt", QByteArray("Comment\0seed") });
+    const QByteArray whole = fileOf(chunks);
+    QVERIFY(!QPngDecoder::claimsPastEnd(whole));
+    QVERIFY(!loadPNG(whole).isNull());
+    QByteArray lying = whole;
+    qToBigEndian(quint32(0x2F00000C), lying.data() + 8 + 25); // the length of the chunk after IHDR
+    QVERIFY(QPngDecoder::claimsPastEnd(lying));
+    QVERIFY(loadPNG(lying).isNull());
+    // Past the rows the general reader has what it needs and stops before a lying length.
+    QByteArray lateLie = whole;
+    qToBigEndian(quint32(0x2F00000C), lateLie.data() + lateLie.size() - 12);
+    QVERIFY(!QPngDecoder::claimsPastEnd(lateLie));
+}
+
 void TestFormats::pngSynthetic()
 {
     compareWithGeneralReader();

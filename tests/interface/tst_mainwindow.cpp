@@ -313,6 +313,28 @@ private slots:
         inStates->setVisible(false);
     }
 
+    void pageKeysMeetNoWindowKeys()
+    {
+        // An editor page's own keys work while the focus is inside the page, the manager's keys
+        // in the whole window: where both claim a key, Qt calls it ambiguous and neither fires.
+        QMap<QKeySequence, QString> windowKeys;
+        for (QAction* carrier : intf->actions()->shortcutActions())
+            windowKeys.insert(carrier->shortcut(), carrier->shortcut().toString());
+        QMap<QPair<QObject*, QKeySequence>, QString> pageKeys;
+        for (QAction* each : m_window->findChildren<QAction*>()) {
+            if (each->shortcut().isEmpty() || each->shortcutContext() != Qt::WidgetWithChildrenShortcut)
+                continue;
+            QVERIFY2(!windowKeys.contains(each->shortcut()),
+                     qPrintable(each->objectName() + QStringLiteral(" takes the window's ") + each->shortcut().toString()));
+            for (QObject* page : each->associatedObjects()) {
+                const QString other = pageKeys.value({page, each->shortcut()});
+                QVERIFY2(other.isEmpty(), qPrintable(each->objectName() + QStringLiteral(" and ") + other));
+                pageKeys.insert({page, each->shortcut()}, each->objectName());
+            }
+        }
+        QVERIFY(pageKeys.size() > 10);
+    }
+
     void historyOffersToForgetDeletedFiles()
     {
         const QString file = copyOfSample(m_programDir.filePath(QStringLiteral("history")));
