@@ -90,10 +90,10 @@ std::string name(const LCommand& c) { return lua::std(c.command()->name(false));
 void setName(const LCommand& c, const std::string& name) { c.command()->setName(lua::str(name), false); }
 std::string keys(const LCommand& c) { return paramValue(c, "command"); }
 void setKeys(const LCommand& c, const std::string& keys) { setValue(c, "command", keys); }
-std::string commandTime(const LCommand& c) { return paramValue(c, "time"); }
-void setTime(const LCommand& c, const std::string& time) { setValue(c, "time", time); }
-std::string bufferTime(const LCommand& c) { return paramValue(c, "buffer.time"); }
-void setBufferTime(const LCommand& c, const std::string& time) { setValue(c, "buffer.time", time); }
+int commandTime(const LCommand& c) { return lua::str(paramValue(c, "time")).toInt(); }
+void setTime(const LCommand& c, int time) { setValue(c, "time", std::to_string(time)); }
+int bufferTime(const LCommand& c) { return lua::str(paramValue(c, "buffer.time")).toInt(); }
+void setBufferTime(const LCommand& c, int time) { setValue(c, "buffer.time", std::to_string(time)); }
 int length(const LCommand& c) { return c.command()->length(); }
 int line(const LCommand& c) { return c.command()->line(); }
 

@@ -27,3 +27,9 @@ QLuaProjects& QLuaProjects::installed()
     static QLuaProjects projects;
     return projects;
 }
+
+QLuaDialogs& QLuaDialogs::installed()
+{
+    static QLuaDialogs dialogs;
+    return dialogs;
+}

@@ -52,3 +52,18 @@ struct QLuaProjects
 
     static QLuaProjects& installed();
 };
+
+/// The few questions a script asks the author (a value, a file name) and
+/// what it tells them. The window installs dialogs; without them a script
+/// takes its answers from the global table `answers` (keyed by the label or
+/// title) and its messages go to the script messages, so tools run in tests
+/// and on the command line alike.
+struct QLuaDialogs
+{
+    /// Null string when the author cancels.
+    std::function<QString(const QString& title, const QString& label, const QString& value)> ask;
+    std::function<QString(const QString& title, const QString& filter)> saveFileName;
+    std::function<void(const QString& title, const QString& text)> message;
+
+    static QLuaDialogs& installed();
+};

@@ -9,6 +9,9 @@
 #include "model/qsounds.h"
 #include "model/qsprites.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 namespace {
 
 int projectType(const LProject& p) { return p.project()->type(); }
@@ -36,9 +39,31 @@ bool fromFile(const LProject& p, const std::string& fileName)
     return p.project()->open(lua::str(fileName), 0, false, false);
 }
 
+// Writes the DEF as `fileName` and every model beside it under the name the
+// DEF gives it, the state files in the DEF's order: a project a template
+// made has no file names of its own yet.
 bool toFile(const LProject& p, const std::string& fileName)
 {
-    return p.project()->saveAs(lua::str(fileName), false);
+    QProject* project = p.project();
+    // The DEF's facts follow its text after a delay; a script saves at once.
+    project->definitions()->updateHierarchy();
+    bool saved = project->definitions()->toFile(lua::str(fileName), false, false);
+    const QProjectFiles files = project->definitions()->files();
+    // A DEF that was never read has no folder of its own yet: the files go beside the new one.
+    const QDir base = QFileInfo(lua::str(fileName)).absoluteDir();
+    if (!files.sprites.isEmpty() && project->sprites()->count() > 0)
+        saved = project->sprites()->toFile(base.filePath(files.sprites)) && saved;
+    if (!files.animations.isEmpty() && !project->animations()->isEmpty())
+        saved = project->animations()->toFile(base.filePath(files.animations), false, false) && saved;
+    if (!files.commands.isEmpty() && !project->commands()->isEmpty())
+        saved = project->commands()->toFile(base.filePath(files.commands), false, false) && saved;
+    if (!files.sounds.isEmpty() && project->sounds()->count() > 0)
+        saved = project->sounds()->toFile(base.filePath(files.sounds)) && saved;
+    QStringList names = files.states;
+    names.removeDuplicates();
+    for (int i = 0; i < names.size() && i < project->statesCount(); ++i)
+        saved = project->states(i)->toFile(base.filePath(names.at(i)), false, false) && saved;
+    return saved;
 }
 
 int projectCount()

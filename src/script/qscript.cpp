@@ -41,7 +41,29 @@ QScript::QScript()
     lua_pushlightuserdata(m_state, this);
     lua_rawset(m_state, LUA_REGISTRYINDEX);
     lua_sethook(m_state, &QScript::countHook, LUA_MASKCOUNT, hookInterval);
+    guardProtectedCalls();
     registerBindings();
+}
+
+void QScript::guardProtectedCalls()
+{
+    // A script that loops around pcall would catch the stop each time and
+    // go on: pcall and xpcall hand the stop on to their caller instead.
+    static const char* const guard =
+        "local stop, pcall0, xpcall0 = ...\n"
+        "local function pass(ok, ...)\n"
+        "    if not ok and ... == stop then error(stop, 0) end\n"
+        "    return ok, ...\n"
+        "end\n"
+        "pcall = function(...) return pass(pcall0(...)) end\n"
+        "xpcall = function(f, handler, ...)\n"
+        "    return pass(xpcall0(f, function(e) if e == stop then return e end return handler(e) end, ...))\n"
+        "end\n";
+    luaL_loadstring(m_state, guard);
+    lua_pushstring(m_state, tooLongMessage);
+    lua_getglobal(m_state, "pcall");
+    lua_getglobal(m_state, "xpcall");
+    lua_call(m_state, 3, 0);
 }
 
 QScript::~QScript()
@@ -55,15 +77,17 @@ QScript::~QScript()
 void QScript::registerBindings()
 {
     registerLuaGlobals(m_state);
+    // A class's base goes first: TextDocument before Definitions and Commands.
+    registerLuaText(m_state);
     registerLuaProject(m_state);
     registerLuaDefinitions(m_state);
-    registerLuaText(m_state);
     registerLuaSprites(m_state);
     registerLuaPalettes(m_state);
     registerLuaAnimations(m_state);
     registerLuaCommands(m_state);
     registerLuaSounds(m_state);
     registerLuaImage(m_state);
+    registerLuaAuthor(m_state);
     if (extraBinder())
         extraBinder()(m_state);
 }
@@ -128,9 +152,11 @@ void QScript::countHook(lua_State* state, lua_Debug*)
         return;
     script->m_used += hookInterval;
     if (script->m_used > script->m_limit) {
-        // Once over, every later check fails too, so a pcall in the script
-        // can't swallow the stop and go on.
-        luaL_error(state, tooLongMessage);
+        // The bare message, without a position, so that the pcall and xpcall
+        // of the state recognise it and pass it on; and once over, every
+        // later check fails too.
+        lua_pushstring(state, tooLongMessage);
+        lua_error(state);
     }
 }
 

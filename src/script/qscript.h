@@ -69,6 +69,7 @@ public:
 
 private:
     void run(int loadResult);
+    void guardProtectedCalls();
     static void countHook(lua_State* state, struct lua_Debug* debug);
 
     lua_State* m_state = nullptr;
