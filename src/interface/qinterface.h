@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QPointer>
 
 #include "util/qprojecttypes.h"
 
@@ -25,6 +26,7 @@ class QMainWindow;
 class QMenu;
 class QPanelWidget;
 class QProject;
+class ScriptEd;
 class QStackedLayout;
 class QTabBar;
 class QToolBar;
@@ -128,6 +130,8 @@ public slots:
     /// Runs a shared Edit command ("edit_cut", "edit_copy", "edit_paste") in the current editor.
     void execAction(const QString& action);
     void toolsOptions();
+    void toolsScript();
+    void toolActivated();
     void helpAbout();
     /// Closes the tab; the last tab of an empty project stays.
     void projTabsClosed(int index);
@@ -162,6 +166,12 @@ private:
     void updateWindowTitle();
     void connectEditor(QInterfaceEditor* editor, bool on);
     void checkProject(QProject* project);
+    /// Scripts: the projects and dialogs they see, and the Tools menu's entries.
+    void initScripts();
+    void updateToolsMenu();
+    /// Asks for a template and runs it on `project`; false when the author
+    /// cancels or the script fails or answers false.
+    bool fillFromTemplate(QProject* project);
     QMenu* menu(const char* name) const;
     /// The shared Edit commands: the window asks, the current editor acts.
     void forCurrentEditor(void (QInterfaceEditor::*call)());
@@ -201,6 +211,8 @@ private:
     QInterfaceWorkspaces m_currentWorkspace = iwNone;
     QMap<QInterfaceWorkspaces, QInterfaceWorkspace*> m_workspaces;
     int m_projectCounter = 0;
+    QPointer<ScriptEd> m_scriptEd;
+    QList<QAction*> m_toolScripts;
     QString m_baseTitle; ///< the window's title without a project
 };
 
