@@ -24,7 +24,6 @@ local defaults = {
     SprPriority = 2,
     Damage = 70,
     PowerAdd = 40,
-    Reach = 12,          -- guard.dist-free closeness: the attempt's own hit box does the rest
     Facing = 1,          -- 1 throws forward, -1 throws behind
 }
 
@@ -51,113 +50,49 @@ function makeThrow(options)
     local attempt, hold = o.StateNo, o.StateNo + 10
     local held, flying = o.StateNo + 20, o.StateNo + 21
     local lines = {}
-    local function add(text, ...)
-        lines[#lines + 1] = string.format(text, ...)
+    -- A section: its header line, then "key = value" for each pair, then a blank line.
+    local function section(header, pairs)
+        lines[#lines + 1] = header
+        for i = 1, #pairs, 2 do
+            lines[#lines + 1] = pairs[i] .. " = " .. pairs[i + 1]
+        end
+        lines[#lines + 1] = ""
     end
+    local function controller(state, name, kind, pairs)
+        section(string.format("[State %d, %s]", state, name), {"type", kind, table.unpack(pairs)})
+    end
+    local function statedef(comment, state, kind, movetype, physics, extra)
+        lines[#lines + 1] = "; " .. comment
+        section(string.format("[Statedef %d]", state),
+                {"type", kind, "movetype", movetype, "physics", physics, table.unpack(extra)})
+    end
+    local backToStand = {"trigger1", "AnimTime = 0", "value", "0", "ctrl", "1"}
 
-    add("; Throw attempt")
-    add("[Statedef %d]", attempt)
-    add("type = S")
-    add("movetype = A")
-    add("physics = S")
-    add("juggle = 0")
-    add("velset = 0, 0")
-    add("ctrl = 0")
-    add("anim = %d", o.P1AnimStart)
-    add("sprpriority = %d", o.SprPriority)
-    add("")
-    add("[State %d, HitDef]", attempt)
-    add("type = HitDef")
-    add("trigger1 = AnimElem = 2")
-    add("attr = S, NT")
-    add("hitflag = M-")
-    add("priority = 1, Miss")
-    add("sparkno = -1")
-    add("p1sprpriority = %d", o.SprPriority)
-    add("p1facing = %d", o.Facing)
-    add("p2facing = 1")
-    add("p1stateno = %d", hold)
-    add("p2stateno = %d", held)
-    add("guard.dist = 0")
-    add("fall = 1")
-    add("")
-    add("[State %d, Miss]", attempt)
-    add("type = ChangeState")
-    add("trigger1 = AnimTime = 0")
-    add("value = 0")
-    add("ctrl = 1")
-    add("")
+    statedef("Throw attempt", attempt, "S", "A", "S",
+             {"juggle", "0", "velset", "0, 0", "ctrl", "0", "anim", number(o.P1AnimStart),
+              "sprpriority", number(o.SprPriority)})
+    controller(attempt, "HitDef", "HitDef",
+               {"trigger1", "AnimElem = 2", "attr", "S, NT", "hitflag", "M-", "priority", "1, Miss",
+                "sparkno", "-1", "p1sprpriority", number(o.SprPriority), "p1facing", number(o.Facing),
+                "p2facing", "1", "p1stateno", number(hold), "p2stateno", number(held), "guard.dist", "0",
+                "fall", "1"})
+    controller(attempt, "Miss", "ChangeState", backToStand)
 
-    add("; Throw: holding the opponent")
-    add("[Statedef %d]", hold)
-    add("type = S")
-    add("movetype = A")
-    add("physics = N")
-    add("velset = 0, 0")
-    add("anim = %d", o.P1Anim)
-    add("poweradd = %d", o.PowerAdd)
-    add("")
-    add("[State %d, Bind]", hold)
-    add("type = TargetBind")
-    add("trigger1 = Time < %d", o.BindCount)
-    add("pos = %s, %s", number(o.BindX), number(o.BindY))
-    add("")
-    add("[State %d, Damage]", hold)
-    add("type = TargetLifeAdd")
-    add("trigger1 = Time = %d", o.BindCount)
-    add("value = -%d", o.Damage)
-    add("")
-    add("[State %d, Release]", hold)
-    add("type = TargetState")
-    add("trigger1 = Time = %d", o.BindCount)
-    add("value = %d", flying)
-    add("")
-    add("[State %d, End]", hold)
-    add("type = ChangeState")
-    add("trigger1 = AnimTime = 0")
-    add("value = 0")
-    add("ctrl = 1")
-    add("")
+    statedef("Throw: holding the opponent", hold, "S", "A", "N",
+             {"velset", "0, 0", "anim", number(o.P1Anim), "poweradd", number(o.PowerAdd)})
+    controller(hold, "Bind", "TargetBind",
+               {"trigger1", "Time < " .. number(o.BindCount), "pos", number(o.BindX) .. ", " .. number(o.BindY)})
+    controller(hold, "Damage", "TargetLifeAdd", {"trigger1", "Time = " .. number(o.BindCount), "value", "-" .. number(o.Damage)})
+    controller(hold, "Release", "TargetState", {"trigger1", "Time = " .. number(o.BindCount), "value", number(flying)})
+    controller(hold, "End", "ChangeState", backToStand)
 
-    add("; Thrown: the opponent held (a custom state)")
-    add("[Statedef %d]", held)
-    add("type = A")
-    add("movetype = H")
-    add("physics = N")
-    add("velset = 0, 0")
-    add("")
-    add("[State %d, Anim]", held)
-    add("type = ChangeAnim2")
-    add("trigger1 = Time = 0")
-    add("value = %d", o.P2Anim)
-    add("")
-    add("; Thrown: let go, flying until the ground")
-    add("[Statedef %d]", flying)
-    add("type = A")
-    add("movetype = H")
-    add("physics = N")
-    add("")
-    add("[State %d, Anim]", flying)
-    add("type = ChangeAnim2")
-    add("trigger1 = Time = 0")
-    add("value = %d", o.P2AirAnim)
-    add("")
-    add("[State %d, Launch]", flying)
-    add("type = VelSet")
-    add("trigger1 = Time = 0")
-    add("x = %s", number(o.XVelocity))
-    add("y = %s", number(o.YVelocity))
-    add("")
-    add("[State %d, Gravity]", flying)
-    add("type = VelAdd")
-    add("trigger1 = Time > 0")
-    add("y = %s", number(o.Gravity))
-    add("")
-    add("[State %d, Landed]", flying)
-    add("type = SelfState")
-    add("trigger1 = Vel Y > 0")
-    add("trigger1 = Pos Y >= 0")
-    add("value = 5100")
-    add("")
+    statedef("Thrown: the opponent held (a custom state)", held, "A", "H", "N", {"velset", "0, 0"})
+    controller(held, "Anim", "ChangeAnim2", {"trigger1", "Time = 0", "value", number(o.P2Anim)})
+
+    statedef("Thrown: let go, flying until the ground", flying, "A", "H", "N", {})
+    controller(flying, "Anim", "ChangeAnim2", {"trigger1", "Time = 0", "value", number(o.P2AirAnim)})
+    controller(flying, "Launch", "VelSet", {"trigger1", "Time = 0", "x", number(o.XVelocity), "y", number(o.YVelocity)})
+    controller(flying, "Gravity", "VelAdd", {"trigger1", "Time > 0", "y", number(o.Gravity)})
+    controller(flying, "Landed", "SelfState", {"trigger1", "Vel Y > 0", "trigger1", "Pos Y >= 0", "value", "5100"})
     return table.concat(lines, "\n")
 end

@@ -1,24 +1,26 @@
--- A light standing hit: a HitDef with the fields most attacks set.
+-- A low hit of a crouching attack: a HitDef that must be guarded low, with a trip on air hits.
 function codeSnippet()
     return [[
-[State 200, Hit]
+[State 400, Hit]
 type = HitDef
-trigger1 = AnimElem = 2
-attr = S, NA
-damage = 20, 0
-animtype = Light
-guardflag = MA
-hitflag = MAF
+trigger1 = AnimElem = 3
+attr = C, NA
+damage = 25, 2
+animtype = Medium
+guardflag = L
+hitflag = MAFD
 priority = 3, Hit
-pausetime = 8, 8
-sparkno = 0
-sparkxy = -10, -70
-hitsound = 5, 0
+pausetime = 10, 10
+sparkno = 1
+sparkxy = -10, -20
+hitsound = 5, 1
 guardsound = 6, 0
-ground.type = High
-ground.slidetime = 10
-ground.hittime = 12
-ground.velocity = -4
-air.velocity = -3, -4
+ground.type = Low
+ground.slidetime = 12
+ground.hittime = 14
+ground.velocity = -5
+air.animtype = Back
+air.velocity = -2.5, -3
+air.fall = 1
 ]]
 end

@@ -1,15 +1,15 @@
--- The head of a standing attack's state.
+-- The head of a crouching attack's state: the player stays crouched and keeps its crouch friction.
 function codeSnippet()
     return [[
-[Statedef 200]
-type = S
+[Statedef 400]
+type = C
 movetype = A
-physics = S
-juggle = 1
-velset = 0, 0
+physics = C
+juggle = 2
 ctrl = 0
-anim = 200
-poweradd = 20
+anim = 400
+poweradd = 25
 sprpriority = 2
+facep2 = 1
 ]]
 end
