@@ -23,6 +23,7 @@
 #include "managers/qpresetmanager.h"
 #include "managers/qstylesheetmanager.h"
 #include "model/gui/qmultimediasoundplayer.h"
+#include "script/qscriptmanager.h"
 #include "text/qcodecs.h"
 
 #include <QApplication>
@@ -55,6 +56,7 @@ void deleteManager(T*& manager)
 
 void deleteManagers()
 {
+    deleteManager(scriptMan);
     deleteManager(presetMan);
     deleteManager(configMan);
     deleteManager(colorMan);
@@ -85,6 +87,7 @@ int main(int argc, char** argv)
     colorMan = new QColorsetManager(programDir + QStringLiteral("/colorsets"));
     configMan = new QConfigManager;
     configMan->fromFile(programDir + QStringLiteral("/config.xml"));
+    scriptMan = new QScriptManager(nullptr, programDir);
     initCodecs();
 
     QInstanceClaim instance(QStringLiteral("Pugilforge3"));

@@ -232,6 +232,7 @@ void QInterface::run(bool master)
     }
     newProject(false);
     applyConfig();
+    initScripts();
     if (!m_extraEditors.isEmpty())
         switchExtraEditor(m_extraEditors.firstKey());
     if (master) {

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QPointer>
 
 #include "util/qprojecttypes.h"
 
@@ -26,6 +27,7 @@ class QMenu;
 class QMugenRun;
 class QPanelWidget;
 class QProject;
+class ScriptEd;
 class QStackedLayout;
 class QTabBar;
 class QToolBar;
@@ -144,6 +146,8 @@ public slots:
     /// Runs a shared Edit command ("edit_cut", "edit_copy", "edit_paste") in the current editor.
     void execAction(const QString& action);
     void toolsOptions();
+    void toolsScript();
+    void toolActivated();
     void helpAbout();
     /// Closes the tab; the last tab of an empty project stays.
     void projTabsClosed(int index);
@@ -182,6 +186,12 @@ private:
     void updateWindowTitle();
     void connectEditor(QInterfaceEditor* editor, bool on);
     void checkProject(QProject* project);
+    /// Scripts: the projects and dialogs they see, and the Tools menu's entries.
+    void initScripts();
+    void updateToolsMenu();
+    /// Asks for a template and runs it on `project`; false when the author
+    /// cancels or the script fails or answers false.
+    bool fillFromTemplate(QProject* project);
     QMenu* menu(const char* name) const;
     /// The shared Edit commands: the window asks, the current editor acts.
     void forCurrentEditor(void (QInterfaceEditor::*call)());
@@ -225,6 +235,8 @@ private:
     QMap<QInterfaceWorkspaces, QInterfaceWorkspace*> m_workspaces;
     int m_projectCounter = 0;
     QMugenRun* m_run = nullptr; ///< the engine run under way, if any
+    QPointer<ScriptEd> m_scriptEd;
+    QList<QAction*> m_toolScripts;
     QString m_baseTitle; ///< the window's title without a project
 };
 

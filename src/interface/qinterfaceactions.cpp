@@ -99,6 +99,7 @@ void QInterface::initMenus()
 
     QMenu* tools = menu("menuTools");
     tools->addAction(add({everywhere}, "tools_options", QT_TRANSLATE_NOOP("QActionManager", "&Options..."), SLOT(toolsOptions())));
+    tools->addAction(add({everywhere}, "tools_script_editor", QT_TRANSLATE_NOOP("QActionManager", "&Script editor..."), SLOT(toolsScript())));
     QMenu* help = menu("menuHelp");
     help->addAction(add({everywhere}, "help_about", QT_TRANSLATE_NOOP("QActionManager", "&About Pugilforge"), SLOT(helpAbout())));
 

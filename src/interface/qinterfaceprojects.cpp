@@ -64,9 +64,13 @@ void QInterface::addProject(QProject* project, const QString& title)
     m_tabs->setCurrentIndex(tab);
 }
 
-void QInterface::newProject(bool)
+void QInterface::newProject(bool fromTemplate)
 {
     auto* project = new QProject(cacheType(), cacheCompression());
+    if (fromTemplate && !fillFromTemplate(project)) {
+        delete project;
+        return;
+    }
     setupProject(project);
     // The number only grows, so a closed "Project 2" never comes back as another.
     addProject(project, tr("Project %1").arg(++m_projectCounter));

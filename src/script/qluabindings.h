@@ -1,0 +1,18 @@
+#pragma once
+
+struct lua_State;
+
+// One registration per part of the scripting API; QScript::registerBindings
+// runs them all on every new state, a base class before the classes derived from it.
+
+void registerLuaGlobals(lua_State* state);     ///< print, translate, bit_*, colours, Object, connect
+void registerLuaText(lua_State* state);        ///< TextDocument (state files)
+void registerLuaProject(lua_State* state);     ///< Project, project(), projectCount()
+void registerLuaDefinitions(lua_State* state); ///< Definitions
+void registerLuaSprites(lua_State* state);     ///< Sprites, Sprite
+void registerLuaPalettes(lua_State* state);    ///< SpritePalette
+void registerLuaAnimations(lua_State* state);  ///< Animations, Animation, AnimationFrame, HitBoxes, HitBox
+void registerLuaCommands(lua_State* state);    ///< Commands, Command
+void registerLuaSounds(lua_State* state);      ///< Sounds
+void registerLuaImage(lua_State* state);       ///< Image, the pixels a script draws or reads
+void registerLuaAuthor(lua_State* state);      ///< ask, message, saveFileName, writeFile, include

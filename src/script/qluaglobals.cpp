@@ -1,0 +1,102 @@
+// The global functions of the scripting API and the Object class every
+// bound QObject derives from: printing, translation, bit and colour helpers,
+// signals.
+#include "qluabindings.h"
+#include "qluaobject.h"
+#include "qluaslot.h"
+#include "qscriptmanager.h"
+#include "util/qmessages.h"
+
+#include <QByteArray>
+#include <QColor>
+#include <QCoreApplication>
+#include <QTimer>
+
+namespace {
+
+// print(...) as Lua's own, but into the script messages.
+int luaPrint(lua_State* state)
+{
+    QStringList parts;
+    const int count = lua_gettop(state);
+    for (int i = 1; i <= count; ++i) {
+        size_t length = 0;
+        const char* text = luaL_tolstring(state, i, &length);
+        parts << QString::fromUtf8(text, int(length));
+        lua_pop(state, 1);
+    }
+    QScriptManager::scriptMsgs().add(mtInformation, parts.join(QLatin1Char('\t')), 0, -1);
+    return 0;
+}
+
+// translate(text): the script's own name (_SCRIPT) disambiguates, empty for a script run from text.
+int luaTranslate(lua_State* state)
+{
+    const char* text = luaL_checkstring(state, 1);
+    lua_getglobal(state, "_SCRIPT");
+    const char* script = lua_isstring(state, -1) ? lua_tostring(state, -1) : "";
+    const QString translated = QCoreApplication::translate("QScriptManager", text, script);
+    lua_pop(state, 1);
+    lua_pushstring(state, translated.toUtf8().constData());
+    return 1;
+}
+
+unsigned int bitAnd(unsigned int a, unsigned int b) { return a & b; }
+unsigned int bitOr(unsigned int a, unsigned int b) { return a | b; }
+unsigned int bitXor(unsigned int a, unsigned int b) { return a ^ b; }
+unsigned int rgb(int r, int g, int b) { return qRgb(r, g, b); }
+unsigned int rgba(int r, int g, int b, int a) { return qRgba(r, g, b, a); }
+int alpha(unsigned int colour) { return qAlpha(colour); }
+int red(unsigned int colour) { return qRed(colour); }
+int green(unsigned int colour) { return qGreen(colour); }
+int blue(unsigned int colour) { return qBlue(colour); }
+
+std::string toBase64(const std::string& bytes)
+{
+    return QByteArray::fromStdString(bytes).toBase64().toStdString();
+}
+
+std::string fromBase64(const std::string& text)
+{
+    return QByteArray::fromBase64(QByteArray::fromStdString(text)).toStdString();
+}
+
+void connectFunction(const LObject& sender, const std::string& signal, const luabind::object& function)
+{
+    QLuaSlot::connect(sender.object(), lua::str(signal), function);
+}
+
+// Timer.singleShot(ms, function): the function runs once, later, from the event loop.
+void singleShot(int milliseconds, const luabind::object& function)
+{
+    auto* timer = new QTimer;
+    timer->setSingleShot(true);
+    QLuaSlot* slot = QLuaSlot::connect(timer, QStringLiteral("timeout()"), function, true);
+    timer->setParent(slot);
+    timer->start(milliseconds);
+}
+
+struct LTimer
+{
+};
+
+} // namespace
+
+void registerLuaGlobals(lua_State* state)
+{
+    using namespace luabind;
+    lua_register(state, "print", &luaPrint);
+    lua_register(state, "translate", &luaTranslate);
+    module(state)[
+        def("bit_and", &bitAnd), def("bit_or", &bitOr), def("bit_xor", &bitXor),
+        def("rgb", &rgb), def("rgba", &rgba),
+        def("alpha", &alpha), def("red", &red), def("green", &green), def("blue", &blue),
+        def("toBase64", &toBase64), def("fromBase64", &fromBase64),
+        def("connect", &connectFunction),
+        class_<LObject>("Object")
+            .property("objectName", &LObject::objectName, &LObject::setObjectName)
+            .property("alive", &LObject::isAlive),
+        class_<LTimer>("Timer")
+            .scope[def("singleShot", &singleShot)]
+    ];
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "qluaheaders.h"
+
+#include <QObject>
+#include <QString>
+
+/**
+ * A Lua function taking part in Qt's signals: connect() makes one per
+ * connection, with the signal's signature, and Qt calls the general_slot
+ * overload that fits the signal's arguments. The slot lives as a child of
+ * its script's slot parent, so it goes before the Lua state does.
+ *
+ * An error inside the function never goes through Qt: it is reported with
+ * QScript::report under "Script error" and the signal's sender carries on.
+ */
+class QLuaSlot : public QObject
+{
+    Q_OBJECT
+public:
+    QLuaSlot(QObject* parent, const luabind::object& function, const QString& signal, bool oneShot);
+
+    /// Connects `function` to the signal of `sender` named by `signal`
+    /// ("valueChanged(int)" or just "valueChanged"); throws a Lua fault for
+    /// an unknown signal or one whose arguments no slot takes.
+    static QLuaSlot* connect(QObject* sender, const QString& signal, const luabind::object& function,
+                             bool oneShot = false);
+
+    const luabind::object& function() const { return m_function; }
+    QString signal() const { return m_signal; }
+    bool isOneShot() const { return m_oneShot; }
+
+public slots:
+    void general_slot();
+    void general_slot(int value);
+    void general_slot(bool value);
+    void general_slot(double value);
+    void general_slot(qint64 value);
+    void general_slot(const QString& value);
+    void general_slot(int first, int second);
+    void general_slot(qint64 first, qint64 second);
+    void general_slot(int first, bool second);
+    void general_slot(int first, const QString& second);
+    void general_slot(int first, int second, int third, int fourth);
+
+signals:
+    void general_signal();
+    void general_signal(int value);
+    void general_signal(bool value);
+    void general_signal(const QString& value);
+
+private:
+    template<typename... Args>
+    void call(const Args&... args);
+
+    luabind::object m_function;
+    QString m_signal;
+    bool m_oneShot;
+};
