@@ -42,8 +42,9 @@ MainWindow::MainWindow(QWidget* parent)
     QProject::init();
     connect(langMan, &QLanguageManager::langChanged, this, &MainWindow::retranslate);
 
-    // The managers of the editors, in the order the rest relies on: the
-    // scripts come between the controller templates and the snippets.
+    // The managers of the editors, in the order the rest relies on. The
+    // scripts' manager is made before the window, with the program's own:
+    // the tools menu and the project templates ask it as the window builds.
     sctrlsMan = new QSCtrlManager(programDirectory() + QStringLiteral("/sctrls"));
     snipMan = new QSnippetManager(this, programDirectory() + QStringLiteral("/snippets"));
     watchMan = new QFileWatcherManager;
