@@ -70,22 +70,35 @@ double percentile(std::vector<double> values, double p)
     return values[std::min(values.size() - 1, size_t(p * double(values.size())))];
 }
 
+/// The `i`th key of typing new lines of a trigger: Return opens each line.
+QString typedKey(int i)
+{
+    static const QString line = QStringLiteral("trigger2 = Time > 10 && StateNo = 200");
+    const int at = i % (int(line.size()) + 1);
+    return at == 0 ? QStringLiteral("\r") : QString(line.at(at - 1));
+}
+
+/// Where the typing starts: the end of a line in the middle of the text.
+QTextCursor middleLineEnd(QTextDocument* document)
+{
+    QTextCursor cursor(document->findBlockByNumber(document->blockCount() / 2));
+    cursor.movePosition(QTextCursor::EndOfBlock);
+    return cursor;
+}
+
 /// Types lines of a trigger into the middle of the text, each key followed by
 /// the repaint it asked for.
 Latency typeInto(QPlainTextEdit& editor, int keys)
 {
-    QTextCursor cursor(editor.document()->findBlockByNumber(editor.document()->blockCount() / 2));
-    editor.setTextCursor(cursor);
+    editor.setTextCursor(middleLineEnd(editor.document()));
     editor.centerCursor();
     QApplication::processEvents();
-    const QString line = QStringLiteral("trigger2 = Time > 10 && StateNo = 200");
     std::vector<double> total;
     std::vector<double> keyOnly;
     std::vector<double> cpu;
     for (int i = 0; i < keys; ++i) {
-        const int at = i % (line.size() + 1);
-        const bool enter = at == line.size();
-        const QString text = enter ? QStringLiteral("\r") : QString(line.at(at));
+        const QString text = typedKey(i);
+        const bool enter = text == QStringLiteral("\r");
         QKeyEvent press(QEvent::KeyPress, enter ? Qt::Key_Return : 0, Qt::NoModifier, text);
         QKeyEvent release(QEvent::KeyRelease, enter ? Qt::Key_Return : 0, Qt::NoModifier, text);
         QElapsedTimer timer;
@@ -108,13 +121,12 @@ Latency typeIntoDocument(const QString& text, bool linked, int keys)
 {
     QSyntaxTextEditor states(nullptr, pftStates, linked, engineVersion::v1_1, true);
     states.document()->setPlainText(text);
-    QTextCursor cursor(states.document()->findBlockByNumber(states.document()->blockCount() / 2));
-    const QString line = QStringLiteral("trigger2 = Time > 10 && StateNo = 200");
+    QTextCursor cursor = middleLineEnd(states.document());
     std::vector<double> cpu;
     for (int i = 0; i < keys; ++i) {
-        const int at = i % (line.size() + 1);
+        const QString key = typedKey(i);
         const double start = threadCpuMs();
-        cursor.insertText(at == line.size() ? QStringLiteral("\n") : QString(line.at(at)));
+        cursor.insertText(key == QStringLiteral("\r") ? QStringLiteral("\n") : key);
         cpu.push_back(threadCpuMs() - start);
     }
     return { 0, 0, 0, percentile(cpu, 0.5), percentile(cpu, 0.99) };
