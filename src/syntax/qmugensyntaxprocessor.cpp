@@ -16,6 +16,23 @@ QTextCharFormat colourFormat(const QColor& colour, bool bold = false)
 
 constexpr auto underlineStyle = QTextCharFormat::UnderlineStyle(7);
 
+/// For a line behind a section's lines: -1 when it doesn't count (blank, a
+/// comment, a byte-order mark), 1 for a header, 0 for any other line.
+/// `isState` tells whether the header is a [State ...].
+int headerVerdict(const QString& line, bool& isState)
+{
+    isState = false;
+    const QString text = line.trimmed();
+    if (text.isEmpty() || text.startsWith(QLatin1Char(';')) || text == QChar(0xFEFF))
+        return -1;
+    if (!text.startsWith(QLatin1Char('[')))
+        return 0;
+    const QString name = text.mid(1).trimmed();
+    isState = name.startsWith(QLatin1String("state"), Qt::CaseInsensitive)
+              && !name.startsWith(QLatin1String("statedef"), Qt::CaseInsensitive);
+    return 1;
+}
+
 } // namespace
 
 QMugenSyntaxProcessor::QMugenSyntaxProcessor(QTextDocument* document, const QMugenSyntaxProperties* properties,
@@ -44,6 +61,35 @@ void QMugenSyntaxProcessor::highlightBlock(const QString& text)
     m_inBlock = false;
     data->messages = m_messages;
     data->parentheses = m_parentheses;
+    data->endsSection = m_endsSection;
+    recheckLineAbove();
+}
+
+// What a state's block misses is reported on its last line. The highlighter
+// goes down from an edit only, so a line typed below the last one, or a line
+// after it becoming a header or a comment, leaves the line above with what it
+// said as the last (or not the last). That line is checked again from the
+// event loop, off the keystroke, and only when its place changed.
+void QMugenSyntaxProcessor::recheckLineAbove()
+{
+    QTextBlock above = currentBlock().previous();
+    bool isState = false;
+    int kind = -1;
+    for (; above.isValid() && (kind = headerVerdict(above.text(), isState)) < 0; above = above.previous()) {
+    }
+    const QTextEditorBlockData* data = above.isValid() ? blockData(above.userData()) : nullptr;
+    if (!data || kind == 1)
+        return;
+    const bool ends = (above.userState() & 0x3F) == secState && endsAt(above.next(), isState);
+    if (ends == data->endsSection)
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, above] {
+            if (above.isValid() && above.document() == document())
+                rehighlightBlock(above);
+        },
+        Qt::QueuedConnection);
 }
 
 QVector<QSynMsgList> QMugenSyntaxProcessor::checkText(const QString& text)
@@ -73,6 +119,7 @@ int QMugenSyntaxProcessor::processLine(const QString& text, int previousState)
     m_expression = false;
     m_messages.clear();
     m_parentheses.clear();
+    m_endsSection = false;
     m_state = previousState < 0 ? secNone : previousState;
 
     nextToken();
@@ -86,6 +133,7 @@ int QMugenSyntaxProcessor::processLine(const QString& text, int previousState)
 
     bool nextIsState = false;
     if (section() == secState && isBlockEnded(nextIsState)) {
+        m_endsSection = true;
         if ((m_state & (hasTypeFlag | hasTriggerFlag)) != (hasTypeFlag | hasTriggerFlag))
             report(QSynMessageKind::CodeEndsBeforeLine, 0, int(text.size()));
         checkRequired(int(text.size()));
@@ -213,29 +261,25 @@ void QMugenSyntaxProcessor::parseHeader()
 // whether that header is a [State ...].
 bool QMugenSyntaxProcessor::isBlockEnded(bool& isState)
 {
+    if (!m_lines)
+        return endsAt(currentBlock().next(), isState);
+    for (int i = m_lineIndex + 1; i < m_lines->size(); ++i) {
+        const int header = headerVerdict(m_lines->at(i), isState);
+        if (header >= 0)
+            return header == 1;
+    }
     isState = false;
-    const auto check = [&isState](const QString& line, bool& ended) {
-        const QString text = line.trimmed();
-        if (text.isEmpty() || text.startsWith(QLatin1Char(';')) || text == QChar(0xFEFF))
-            return false;
-        ended = text.startsWith(QLatin1Char('['));
-        if (ended)
-            isState = text.mid(1).trimmed().startsWith(QLatin1String("state"), Qt::CaseInsensitive)
-                      && !text.mid(1).trimmed().startsWith(QLatin1String("statedef"), Qt::CaseInsensitive);
-        return true;
-    };
-    bool ended = true;
-    if (m_lines) {
-        for (int i = m_lineIndex + 1; i < m_lines->size(); ++i) {
-            if (check(m_lines->at(i), ended))
-                return ended;
-        }
-        return true;
+    return true;
+}
+
+bool QMugenSyntaxProcessor::endsAt(QTextBlock next, bool& isState)
+{
+    for (; next.isValid(); next = next.next()) {
+        const int header = headerVerdict(next.text(), isState);
+        if (header >= 0)
+            return header == 1;
     }
-    for (QTextBlock block = currentBlock().next(); block.isValid(); block = block.next()) {
-        if (check(block.text(), ended))
-            return ended;
-    }
+    isState = false;
     return true;
 }
 

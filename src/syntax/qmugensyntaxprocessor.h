@@ -121,6 +121,12 @@ private:
     void parseTableLine(const char* table, const QString& title);
     void matchCmdKey(const QTextCharFormat* format);
     bool isBlockEnded(bool& isState);
+    /// Whether the lines from `next` on, skipping blanks and comments, start
+    /// with a header or end the text; `isState` tells whether it is a [State ...].
+    static bool endsAt(QTextBlock next, bool& isState);
+    /// Queues the line above the current one for checking again when the
+    /// current line changed whether that line ends its section.
+    void recheckLineAbove();
     /// The lowered keys of the lines above the current one, up to the section's header.
     QStringList keysAboveInBlock() const;
     static QString unprefixedKey(const QString& key);
@@ -161,6 +167,7 @@ private:
     bool m_eot = false;
     bool m_expression = false;
     bool m_inBlock = false;
+    bool m_endsSection = false; ///< the line checked last ends its section
     int m_state = 0;
     QSynMsgList m_messages;
     QVector<QParenthesis> m_parentheses;

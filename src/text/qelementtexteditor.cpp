@@ -88,7 +88,7 @@ void QElementTextEditor::endChange()
 void QElementTextEditor::updateAllElements()
 {
     QList<QTextElementChange> changes;
-    QTextElement* previous = nullptr;
+    Preceding previous { QTextBlock(), nullptr, true };
     int result = takeDeletedLines(changes);
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next())
         result |= processBlock(block, previous, changes);
@@ -107,10 +107,7 @@ void QElementTextEditor::contentsChanged(int position, int removed, int added)
         stop = stop.next();
     first = lookaheadStart(first);
 
-    QTextElement* previous = nullptr;
-    for (QTextBlock block = first.previous(); block.isValid() && !previous; block = block.previous())
-        previous = elementOf(block);
-
+    Preceding previous { first.previous(), nullptr, false };
     QList<QTextElementChange> changes;
     int result = takeDeletedLines(changes);
     for (QTextBlock block = first; block.isValid() && block != stop; block = block.next())
@@ -130,8 +127,18 @@ int QElementTextEditor::takeDeletedLines(QList<QTextElementChange>& changes)
     return 1;
 }
 
+QTextElement* QElementTextEditor::precedingElement(Preceding& preceding)
+{
+    for (; !preceding.known && preceding.above.isValid(); preceding.above = preceding.above.previous()) {
+        preceding.element = elementOf(preceding.above);
+        preceding.known = preceding.element != nullptr;
+    }
+    preceding.known = true;
+    return preceding.element;
+}
+
 int QElementTextEditor::processBlock(
-    const QTextBlock& block, QTextElement*& previous, QList<QTextElementChange>& changes)
+    const QTextBlock& block, Preceding& previous, QList<QTextElementChange>& changes)
 {
     QTextEditorBlockData* data = blockData(block);
     if (!data) {
@@ -147,7 +154,7 @@ int QElementTextEditor::processBlock(
         if (!element)
             return 0;
         removeElement(element, changes);
-        previous = element;
+        previous = { QTextBlock(), element, true };
         return 1;
     }
 
@@ -156,7 +163,7 @@ int QElementTextEditor::processBlock(
     int result = 0;
     if (element && element->m_reg != match) {
         removeElement(element, changes);
-        previous = element;
+        previous = { QTextBlock(), element, true };
         element = nullptr;
         result |= 1;
     }
@@ -166,7 +173,7 @@ int QElementTextEditor::processBlock(
         element->m_block = block;
         element->m_valid = true;
         element->m_reg = match;
-        link(element, previous);
+        link(element, precedingElement(previous));
         data->setElement(element);
         element->update(tokens);
         changes.append(QTextElementChange { QTextElementChange::Added, element });
@@ -177,7 +184,7 @@ int QElementTextEditor::processBlock(
         result |= 2;
     }
     if (element)
-        previous = element;
+        previous = { QTextBlock(), element, true };
     return result;
 }
 

@@ -86,9 +86,20 @@ protected:
 private:
     friend class QTextElement;
 
+    /// The element the next line read again follows in the chain. Looking for
+    /// it may go far up a file whose lines mostly have none, so it is looked
+    /// for only when a new element is linked in: most edits keep or drop the
+    /// element their line has.
+    struct Preceding
+    {
+        QTextBlock above; ///< where to look up from while `known` is false
+        QTextElement* element = nullptr;
+        bool known = false;
+    };
+    static QTextElement* precedingElement(Preceding& preceding);
     /// Reads one line again; returns bit 1 when the chain changed, bit 2 when
     /// an element was updated.
-    int processBlock(const QTextBlock& block, QTextElement*& previous, QList<QTextElementChange>& changes);
+    int processBlock(const QTextBlock& block, Preceding& previous, QList<QTextElementChange>& changes);
     /// Reports the elements whose lines the document deleted.
     int takeDeletedLines(QList<QTextElementChange>& changes);
     void finishChange(int result, QList<QTextElementChange>& changes);

@@ -34,6 +34,9 @@ public:
 
     QSynMsgList messages;
     QVector<QParenthesis> parentheses;
+    /// Checked as the last line of its section, where what the section
+    /// misses is reported.
+    bool endsSection = false;
 
 private:
     QTextElement* m_element = nullptr;

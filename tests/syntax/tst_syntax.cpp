@@ -459,6 +459,47 @@ private slots:
         QCOMPARE(processor.errorCount(), 1);
     }
 
+    // Typed as in the editor, each edit reported: a line added below a
+    // state's last line takes over what the state misses, and gives it back
+    // when it goes or becomes a comment.
+    void lastLineOfStateFollowsTyping()
+    {
+        QMugenSyntaxProperties vocabulary;
+        QVERIFY(vocabulary.fromFile(sourcePath(QStringLiteral("data/syntax_mugen.xml"))));
+        QTextDocument document(QStringLiteral("[Statedef 1]\n[State 1, a]\ntype = ChangeState\ntrigger1 = 1\n\n"
+                                              "[State 1, b]\ntype = Null\ntrigger1 = 1\n"));
+        document.documentLayout(); // a document reports its edits only once it has a layout
+        QMugenSyntaxProcessor processor(&document, &vocabulary);
+        processor.setVersion(engineVersion::v1_1);
+        const auto messagesOf = [&document](int line) {
+            const auto* data = QSyntaxProcessor::blockData(document.findBlockByNumber(line).userData());
+            return data ? int(data->messages.size()) : 0;
+        };
+        QCOMPARE(messagesOf(3), 1); // no value
+
+        QTextCursor cursor(document.findBlockByNumber(3));
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        cursor.insertText(QStringLiteral("\n"));
+        for (const QChar c : QStringLiteral("value = 0"))
+            cursor.insertText(QString(c));
+        QTRY_COMPARE(messagesOf(3), 0);
+        QCOMPARE(messagesOf(4), 0);
+        QCOMPARE(processor.errorCount(), 0);
+
+        // Commented out, the value no longer counts: the trigger is last again.
+        cursor.movePosition(QTextCursor::StartOfBlock);
+        cursor.insertText(QStringLiteral(";"));
+        QTRY_COMPARE(messagesOf(3), 1);
+        cursor.deletePreviousChar();
+        QTRY_COMPARE(messagesOf(3), 0);
+
+        // Removed with its line, likewise.
+        cursor.select(QTextCursor::BlockUnderCursor);
+        cursor.removeSelectedText();
+        QTRY_COMPARE(messagesOf(3), 1);
+        QCOMPARE(processor.errorCount(), 1);
+    }
+
     // The engine's own character and common states check clean at their own
     // version with the shipped vocabulary: no error, no warning, no deprecation.
     void engineFilesCheckClean_data()

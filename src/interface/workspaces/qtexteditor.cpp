@@ -2,6 +2,7 @@
 
 #include "qtextcompletions.h"
 #include "qtexteditorgutter.h"
+#include "qtexteditorlayout.h"
 #include "text/qtexteditorblockdata.h"
 
 #include <QAbstractItemView>
@@ -9,7 +10,6 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPlainTextDocumentLayout>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QTextBlock>
@@ -130,8 +130,8 @@ void QTextEditor::setColors(const QColor& line, const QColor& paren, const QColo
 
 void QTextEditor::setTextDocument(QTextDocument* document)
 {
-    if (!qobject_cast<QPlainTextDocumentLayout*>(document->documentLayout()))
-        document->setDocumentLayout(new QPlainTextDocumentLayout(document));
+    if (!qobject_cast<QTextEditorLayout*>(document->documentLayout()))
+        document->setDocumentLayout(new QTextEditorLayout(document));
     setDocument(document);
     m_completer->popup()->hide();
     updateGutterWidth();
