@@ -91,7 +91,7 @@ public:
     virtual void reconfig() {}
     virtual void setProject(QProject* project) = 0;
     virtual void retranslate() {}
-    /// Shows a place: which file of its type, the column and the line.
+    /// Shows a place: which file of its type, the column and the line; without a line (-1), the item at `index`.
     virtual void navigateTo(int fileIndex, int index, int line) {}
     virtual void projectTypeChanged() {}
 

@@ -6,6 +6,7 @@
 #include "interface/editors/qanimationseditor.h"
 #include "interface/editors/qspriteseditor.h"
 #include "interface/editors/qthumbnailcache.h"
+#include "interface/extras/qspritedraglistview.h"
 #include "interface/extras/qthumbnailseditor.h"
 #include "interface/qinterface.h"
 #include "managers/qactionmanager.h"
@@ -20,11 +21,16 @@
 #include <QAction>
 #include <QApplication>
 #include <QListView>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSet>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QToolButton>
+#include <QUndoStack>
 #include <QtTest>
+
+#include <memory>
 
 namespace {
 
@@ -138,7 +144,7 @@ private slots:
         intf->switchEditor(ieSprites);
         intf->actions()->fromName(QStringLiteral("view_thumbnails"))->trigger();
         auto* panel = static_cast<QThumbnailsEditor*>(intf->extraEditor(ieeThumbnails));
-        QListView* grid = panel->grid();
+        QSpriteDragListView* grid = panel->grid();
         QVERIFY(grid->isVisible());
         QVERIFY(!panel->showsActions());
         QCOMPARE(grid->model()->rowCount(), project->sprites()->count());
@@ -159,6 +165,31 @@ private slots:
         auto* animations = static_cast<QAnimationsEditor*>(intf->editor(ieAnimations));
         QCOMPARE(animations->currentAction(), 4);
         QCOMPARE(intf->currentEditor(), ieAnimations);
+
+        // The sprites beside the action: two picked out of order drag in as two frames, in the grid's order.
+        grid->parentWidget()->findChild<QToolButton*>(QStringLiteral("thumbnailsShowSprites"))->click();
+        QVERIFY(!panel->showsActions());
+        QCOMPARE(grid->model()->rowCount(), project->sprites()->count());
+        QVERIFY(grid->dragEnabled());
+        grid->selectionModel()->select(grid->model()->index(9, 0), QItemSelectionModel::ClearAndSelect);
+        grid->selectionModel()->select(grid->model()->index(2, 0), QItemSelectionModel::Select);
+        std::unique_ptr<QMimeData> dragged(grid->selectionMime());
+        QVERIFY(dragged);
+        QAbstractItemModel* frames = animations->frameTable()->model();
+        const int before = frames->rowCount();
+        QVERIFY(frames->dropMimeData(dragged.get(), Qt::CopyAction, before, 0, QModelIndex()));
+        QCOMPARE(frames->rowCount(), before + 2);
+        for (const int row : { 2, 9 }) {
+            const QSprite* sprite = project->sprites()->at(row);
+            const int frame = before + (row == 2 ? 0 : 1);
+            QCOMPARE(frames->index(frame, 0).data().toInt(), sprite->itemGroup());
+            QCOMPARE(frames->index(frame, 1).data().toInt(), sprite->itemIndex());
+        }
+        intf->editor(ieAnimations)->undoStack()->undo();
+        QCOMPARE(frames->rowCount(), before);
+        grid->parentWidget()->findChild<QToolButton*>(QStringLiteral("thumbnailsShowActions"))->click();
+        QVERIFY(panel->showsActions());
+        QVERIFY(!grid->selectionMime());
         intf->switchEditor(ieSprites);
         QVERIFY(!panel->showsActions());
     }

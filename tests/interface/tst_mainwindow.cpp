@@ -317,6 +317,10 @@ private slots:
     {
         // An editor page's own keys work while the focus is inside the page, the manager's keys
         // in the whole window: where both claim a key, Qt calls it ambiguous and neither fires.
+        // Each editor makes its page as it first comes forward.
+        QVERIFY(intf->openProject(sample()));
+        for (const QInterfaceEditors editor : { ieDefinitions, ieSprites, ieAnimations, ieCommands, ieStates, ieSounds })
+            intf->switchEditor(editor);
         QMap<QKeySequence, QString> windowKeys;
         for (QAction* carrier : intf->actions()->shortcutActions())
             windowKeys.insert(carrier->shortcut(), carrier->shortcut().toString());

@@ -255,7 +255,7 @@ void QAnimationsEditor::updateSummary()
     const QAnimations* animations = m_project ? m_project->animations() : nullptr;
     summary()->setText(
         tr("<b>Actions:</b> %1<br>Double-click a cell of the frames to change it, drop sprites on "
-           "the table to add frames; drag the sprite in the view to move it, Ctrl+2 draws a Clsn2 box.")
+           "the table to add frames; drag the sprite in the view to move it, Alt+2 draws a Clsn2 box.")
             .arg(animations ? animations->count() : 0));
 }
 
@@ -264,6 +264,12 @@ void QAnimationsEditor::navigateTo(int, int index, int line)
     QAnimations* animations = m_project ? m_project->animations() : nullptr;
     if (!animations)
         return;
+    // Without a line, what is named is an action by its place in the list.
+    if (line < 0) {
+        if (index >= 0 && index < animations->count())
+            setCurrentAction(index);
+        return;
+    }
     // The action is the last one whose header stands at or above the line;
     // the frame the first of it at or below the line (its boxes stand above it).
     int action = -1;

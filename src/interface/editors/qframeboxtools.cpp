@@ -31,7 +31,7 @@ void QFrameBoxTools::addActions(QWidget* page, QToolBar* toolBar)
         QAction*& draw = m_draw[clsn2 ? 1 : 0];
         draw = QEditorPage::addAction(page, toolBar,
             clsn2 ? QStringLiteral("anim_draw_clsn2") : QStringLiteral("anim_draw_clsn1"),
-            clsn2 ? tr("Clsn2") : tr("Clsn1"), QKeySequence(Qt::CTRL | (clsn2 ? Qt::Key_2 : Qt::Key_1)));
+            clsn2 ? tr("Clsn2") : tr("Clsn1"), QKeySequence(Qt::ALT | (clsn2 ? Qt::Key_2 : Qt::Key_1)));
         draw->setCheckable(true);
         draw->setToolTip(tr("Draw %1 boxes with the mouse; the right button ends (%2)")
                              .arg(draw->text(), draw->shortcut().toString(QKeySequence::NativeText)));

@@ -40,7 +40,7 @@ void QPlaybackControls::addActions(QWidget* page, QToolBar* toolBar)
         QKeySequence(Qt::Key_F6), &QPlaybackControls::stop);
     add(QStringLiteral("anim_step_tick"), tr("Tick"), tr("One tick on"), QKeySequence(Qt::Key_F8),
         &QPlaybackControls::stepTick);
-    add(QStringLiteral("anim_step_frame"), tr("Frame"), tr("On to the next frame"), QKeySequence(Qt::Key_F9),
+    add(QStringLiteral("anim_step_frame"), tr("Frame"), tr("On to the next frame"), QKeySequence(Qt::SHIFT | Qt::Key_F8),
         &QPlaybackControls::stepFrame);
     toolBar->addSeparator();
     m_loop = QEditorPage::addAction(page, toolBar, QStringLiteral("anim_loop"), tr("Loop"),

@@ -1,5 +1,6 @@
 #include "qthumbnailseditor.h"
 
+#include "qspritedraglistview.h"
 #include "interface/editors/qthumbnailcache.h"
 #include "interface/editors/qthumbnaildelegate.h"
 #include "interface/qinterface.h"
@@ -10,8 +11,10 @@
 #include "model/qsprite.h"
 #include "model/qsprites.h"
 
+#include <QButtonGroup>
+#include <QHBoxLayout>
 #include <QLabel>
-#include <QListView>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 void QThumbnailsEditor::initialized(QWidget* rightPage)
@@ -20,7 +23,7 @@ void QThumbnailsEditor::initialized(QWidget* rightPage)
     m_caption = new QLabel(rightPage);
     m_caption->setObjectName(QStringLiteral("thumbnailsCaption"));
     m_caption->setWordWrap(true);
-    m_grid = new QListView(rightPage);
+    m_grid = new QSpriteDragListView(rightPage);
     m_grid->setObjectName(QStringLiteral("thumbnailsGrid"));
     auto* delegate = new QThumbnailDelegate(
         m_cache,
@@ -47,11 +50,39 @@ void QThumbnailsEditor::initialized(QWidget* rightPage)
         m_grid);
     delegate->setUpGrid(m_grid);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->setSprites([this](const QModelIndexList& rows) {
+        QList<QSubItem> sprites;
+        if (m_actions || !m_project)
+            return sprites;
+        for (const QModelIndex& row : rows)
+            if (const QSprite* sprite = m_project->sprites()->at(row.row()))
+                sprites.append(QSubItem(sprite->itemGroup(), sprite->itemIndex()));
+        return sprites;
+    });
     connect(m_grid, &QListView::clicked, this, &QThumbnailsEditor::open);
     connect(m_grid, &QListView::activated, this, &QThumbnailsEditor::open);
 
+    // Beside the animations editor the author may want the sprites, to drag them in as frames.
+    auto* choice = new QButtonGroup(this);
+    auto* buttons = new QHBoxLayout;
+    for (QToolButton** button : { &m_showSprites, &m_showActions }) {
+        *button = new QToolButton(rightPage);
+        (*button)->setCheckable(true);
+        (*button)->setAutoRaise(true);
+        choice->addButton(*button);
+        buttons->addWidget(*button);
+    }
+    buttons->addStretch(1);
+    m_showSprites->setObjectName(QStringLiteral("thumbnailsShowSprites"));
+    m_showSprites->setText(tr("Sprites"));
+    m_showActions->setObjectName(QStringLiteral("thumbnailsShowActions"));
+    m_showActions->setText(tr("Actions"));
+    connect(m_showSprites, &QToolButton::clicked, this, [this] { showActions(false); });
+    connect(m_showActions, &QToolButton::clicked, this, [this] { showActions(true); });
+
     auto* layout = new QVBoxLayout(rightPage);
     layout->setContentsMargins(4, 4, 4, 4);
+    layout->addLayout(buttons);
     layout->addWidget(m_caption);
     layout->addWidget(m_grid, 1);
     if (intf)
@@ -67,8 +98,12 @@ void QThumbnailsEditor::setProject(QProject* project)
 
 void QThumbnailsEditor::follow(QInterfaceEditors editor)
 {
-    const bool actions = editor == ieAnimations;
-    if (actions == m_actions)
+    showActions(editor == ieAnimations);
+}
+
+void QThumbnailsEditor::showActions(bool actions)
+{
+    if (m_grid && actions == m_actions && m_grid->model())
         return;
     m_actions = actions;
     fill();
@@ -85,8 +120,10 @@ void QThumbnailsEditor::fill()
     if (m_grid->model() && m_grid->model() != model)
         m_grid->model()->disconnect(this);
     m_grid->setModel(model);
+    m_showSprites->setChecked(!m_actions);
+    m_showActions->setChecked(m_actions);
     m_caption->setText(m_actions ? tr("First frame of each action; click to open it")
-                                 : tr("Every sprite; click to open it"));
+                                 : tr("Every sprite; click to open it, or drag it into an action's frames"));
     if (!model)
         return;
     // Pictures edited in place keep their record: what changed is drawn again.

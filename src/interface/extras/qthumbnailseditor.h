@@ -9,12 +9,15 @@ class QLabel;
 class QListView;
 class QModelIndex;
 class QProject;
+class QSpriteDragListView;
 class QThumbnailCache;
+class QToolButton;
 
 /**
  * Thumbnails on the right panel: the pictures of the sprites, or, while the
- * animations editor is current, the first frame of each action. A click (or
- * Enter) on one brings its editor forward on that sprite or action. Only the
+ * animations editor is current, the first frame of each action; two buttons
+ * switch between them. A click (or Enter) on one brings its editor forward on
+ * that sprite or action, and sprites drag into the frames table. Only the
  * cells in view are decoded, as in the sprites editor's grid.
  */
 class QThumbnailsEditor : public QInterfaceExtraEditor
@@ -31,8 +34,10 @@ public:
 
     /// Shows what belongs with `editor`: actions for the animations editor, sprites for any other.
     void follow(QInterfaceEditors editor);
+    /// Shows the actions' first frames, or the sprites.
+    void showActions(bool actions);
     bool showsActions() const { return m_actions; }
-    QListView* grid() const { return m_grid; }
+    QSpriteDragListView* grid() const { return m_grid; }
     QThumbnailCache* cache() const { return m_cache; }
 
 private:
@@ -43,6 +48,8 @@ private:
     QPointer<QProject> m_project;
     bool m_actions = false;
     QLabel* m_caption = nullptr;
-    QListView* m_grid = nullptr;
+    QToolButton* m_showSprites = nullptr;
+    QToolButton* m_showActions = nullptr;
+    QSpriteDragListView* m_grid = nullptr;
     QThumbnailCache* m_cache = nullptr;
 };
