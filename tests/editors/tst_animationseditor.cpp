@@ -29,11 +29,11 @@
 #include "util/qmessages.h"
 #include "model/qprojectfile.h"
 #include "clirunner.h"
+#include "mainwindowsession.h"
 #include "qfakeplaybackclock.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
-#include "testwindow.h"
 #include "windowmanagers.h"
 
 #include <QApplication>
@@ -122,7 +122,7 @@ class TestAnimationsEditor : public QObject
     Q_OBJECT
 
 private:
-    QTemporaryDir m_programDir;
+    MainWindowSession m_session;
     QTemporaryDir m_work;
     QRecordingPrompt* m_prompt = nullptr;
     MainWindow* m_window = nullptr;
@@ -159,17 +159,14 @@ private:
 private slots:
     void initTestCase()
     {
-        m_prompt = new QRecordingPrompt;
-        m_window = testWindow::open(m_programDir.path(), QSize(1280, 800));
-        QVERIFY(m_window);
+        // The editor's keys are part of what is tested: the window must be the active one.
+        QVERIFY(m_session.open(QSize(1280, 800)));
+        m_window = m_session.window();
+        m_prompt = m_session.prompt();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
     }
 
-    void cleanupTestCase()
-    {
-        delete m_window;
-        delete m_prompt;
-        windowManagers::destroy();
-    }
+    void cleanupTestCase() { m_session.close(); }
 
     void spriteDragFormat()
     {

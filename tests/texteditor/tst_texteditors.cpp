@@ -16,6 +16,7 @@
 #include "model/qcommands.h"
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
+#include "mainwindowsession.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
@@ -36,7 +37,7 @@ class TestTextEditors : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_programDir;
+    MainWindowSession m_session;
     QTemporaryDir m_work;
     QRecordingPrompt* m_prompt = nullptr;
     MainWindow* m_window = nullptr;
@@ -71,14 +72,10 @@ private slots:
     void initTestCase()
     {
         PF_REQUIRE_REALDATA();
-        QVERIFY(windowManagers::create(m_programDir.path()));
         qRegisterMetaType<QProject*>();
-        m_prompt = new QRecordingPrompt;
-        m_window = new MainWindow;
-        m_window->resize(1280, 800);
-        m_window->show();
-        QApplication::setActiveWindow(m_window);
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QVERIFY(m_session.open(QSize(1280, 800)));
+        m_window = m_session.window();
+        m_prompt = m_session.prompt();
     }
 
     void cleanupTestCase()
@@ -86,9 +83,7 @@ private slots:
         if (!m_window)
             return;
         m_prompt->script(QList<QPrompt::Button>(32, QPrompt::No));
-        delete m_window;
-        delete m_prompt;
-        windowManagers::destroy();
+        m_session.close();
     }
 
     void keyImagesOfEachStep()

@@ -12,6 +12,7 @@
 #include "managers/qactionmanager.h"
 #include "interface/workspaces/qtextview.h"
 #include "model/qproject.h"
+#include "mainwindowsession.h"
 #include "qrecordingprompt.h"
 #include "realdata.h"
 #include "screenshots.h"
@@ -35,7 +36,7 @@ class TestTextEditorWindow : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_programDir;
+    MainWindowSession m_session;
     QTemporaryDir m_work; ///< a copy of kfm the replace may change
     QRecordingPrompt* m_prompt = nullptr;
     MainWindow* m_window = nullptr;
@@ -68,14 +69,10 @@ private slots:
     void initTestCase()
     {
         PF_REQUIRE_REALDATA();
-        QVERIFY(windowManagers::create(m_programDir.path()));
         qRegisterMetaType<QProject*>();
-        m_prompt = new QRecordingPrompt;
-        m_window = new MainWindow;
-        m_window->resize(1280, 800);
-        m_window->show();
-        QApplication::setActiveWindow(m_window);
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QVERIFY(m_session.open(QSize(1280, 800)));
+        m_window = m_session.window();
+        m_prompt = m_session.prompt();
     }
 
     void cleanupTestCase()
@@ -83,9 +80,7 @@ private slots:
         if (!m_window)
             return;
         m_prompt->script(QList<QPrompt::Button>(32, QPrompt::No));
-        delete m_window;
-        delete m_prompt;
-        windowManagers::destroy();
+        m_session.close();
     }
 
     void misspelledControllerIsShownAndCompleted()
