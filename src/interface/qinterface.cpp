@@ -93,6 +93,11 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
     m_actionView->setModel(m_actionList);
     m_actionView->setIconSize(QSize(16, 16));
     connect(m_actionView, &QListView::clicked, this, &QInterface::actionChanged);
+    // The dock's own close button unchecks the View menu's entry, so the list stays
+    // closed as the author switches editors, and F4 brings it back.
+    connect(m_actionDock, &QDockWidget::visibilityChanged, this, [this]() {
+        m_actions->fromName(QStringLiteral("view_actions"))->setChecked(!m_actionDock->isHidden());
+    });
 }
 
 QInterface::~QInterface()

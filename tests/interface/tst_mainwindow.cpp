@@ -30,6 +30,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDockWidget>
 #include <QListView>
 #include <QListWidget>
 #include <QMenu>
@@ -450,6 +451,37 @@ private slots:
         QCOMPARE(m_window->findChild<QMenu*>(QStringLiteral("menuFile"))->title(), QStringLiteral("Project"));
         QVERIFY(!qApp->styleSheet().isEmpty());
         QVERIFY(!qApp->styleSheet().contains(QStringLiteral("[2]")));
+    }
+
+    void actionListOpensOnF4()
+    {
+        // A new installation starts from the shipped settings, where the list is closed.
+        QVERIFY(configMan->fromFile(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data/config.xml")));
+        (*configMan)[QStringLiteral("confirm_close")] = false;
+        intf->loadConfig();
+        auto* dock = m_window->findChild<QDockWidget*>(QStringLiteral("actions"));
+        QVERIFY(dock);
+        QVERIFY(intf->openProject(sample()));
+        intf->switchEditor(ieAnimations);
+        QVERIFY(!dock->isVisible());
+        QVERIFY(!action("view_actions")->isChecked());
+
+        QApplication::setActiveWindow(m_window);
+        QTest::keyClick(m_window, Qt::Key_F4);
+        QVERIFY(dock->isVisible());
+        QVERIFY(action("view_actions")->isChecked());
+        QTest::keyClick(m_window, Qt::Key_F4);
+        QVERIFY(!dock->isVisible());
+
+        // Closed by its own button, it stays closed as the editors change.
+        action("view_actions")->trigger();
+        QVERIFY(dock->isVisible());
+        QVERIFY(dock->close());
+        QVERIFY(!action("view_actions")->isChecked());
+        intf->switchEditor(ieSprites);
+        QVERIFY(!dock->isVisible());
+        intf->saveConfig();
+        QCOMPARE((*configMan)[QStringLiteral("show_action_list")].toBool(), false);
     }
 };
 
