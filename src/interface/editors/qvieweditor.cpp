@@ -4,7 +4,7 @@
 #include "managers/qiconmanager.h"
 
 #include <QAction>
-
+#include <QToolBar>
 #include <QWidget>
 
 QViewEditor::QViewEditor(QViewWorkspace* workspace, QWidget* view, QObject* parent)
@@ -30,9 +30,16 @@ void QViewEditor::activate(bool switched)
     QInterfaceEditor::activate(switched);
     if (switched)
         m_workspace->showView(m_view);
-    // The view's own tool bar takes its icons from the set in use, which may have changed since.
-    for (QAction* action : m_view->actions())
-        if (iconMan)
-            action->setIcon(iconMan->icon(action->objectName()));
+    // The view's own tool bars take their icons from the set in use, which may have changed since.
+    // Their actions are walked, not the page's: an action whose keys work in one widget only
+    // (the animations list's Rename) lives on that widget, not on the page.
+    if (iconMan) {
+        QList<QAction*> actions = m_view->actions();
+        for (const QToolBar* bar : m_view->findChildren<QToolBar*>())
+            actions += bar->actions();
+        for (QAction* action : std::as_const(actions))
+            if (!action->objectName().isEmpty())
+                action->setIcon(iconMan->icon(action->objectName()));
+    }
     emit undoStackChanged(undoStack());
 }
