@@ -451,6 +451,51 @@ private slots:
         closeAll();
     }
 
+    void altArrowsMoveTextLinesInTheText()
+    {
+        // The page moves actions with Alt+Up/Down; in the AIR text the same keys move the lines.
+        const QString dir = m_work.filePath(QStringLiteral("alt-keys"));
+        QVERIFY(QDir().mkpath(dir));
+        const QDir sample(qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/samples/ember"));
+        for (const QString& file : sample.entryList(QDir::Files))
+            QVERIFY(QFile::copy(sample.filePath(file), dir + QLatin1Char('/') + file));
+        QVERIFY(intf->openProject(dir + QStringLiteral("/ember.def")));
+        intf->switchEditor(ieAnimations);
+        m_editor = static_cast<QAnimationsEditor*>(intf->editor(ieAnimations));
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window));
+        QAnimations* animations = intf->currentProject()->animations();
+        QList<int> numbers;
+        for (int i = 0; i < animations->count(); ++i)
+            numbers << animations->at(i)->number();
+        m_editor->setCurrentAction(1);
+
+        QTextEditor* text = m_editor->textView();
+        const int line = animations->at(1)->frame(0)->line();
+        const QString first = text->document()->findBlockByNumber(line).text();
+        const QString second = text->document()->findBlockByNumber(line + 1).text();
+        QVERIFY(first != second);
+        text->setFocus();
+        text->setTextCursor(QTextCursor(text->document()->findBlockByNumber(line)));
+        QTest::keyClick(text, Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(text->document()->findBlockByNumber(line).text(), second);
+        QCOMPARE(text->document()->findBlockByNumber(line + 1).text(), first);
+        QCOMPARE(text->textCursor().blockNumber(), line + 1);
+        QTest::keyClick(text, Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(text->document()->findBlockByNumber(line).text(), first);
+        QList<int> after;
+        for (int i = 0; i < animations->count(); ++i)
+            after << animations->at(i)->number();
+        QCOMPARE(after, numbers);
+
+        // In the list the keys still move the action.
+        m_editor->actionList()->setFocus();
+        QTest::keyClick(m_editor->actionList(), Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(animations->at(2)->number(), numbers.at(1));
+        QCOMPARE(m_editor->currentAction(), 2);
+        closeAll();
+    }
+
     void faultsAndNavigation()
     {
         PF_REQUIRE_REALDATA();
