@@ -136,6 +136,55 @@ private slots:
         QCOMPARE(editor->selectedRows(), QList<int>({ 3, 4, 5 }));
     }
 
+    void panelDropsOnlyTheChangedThumbnail()
+    {
+        intf->newProject(false);
+        QSprites* sprites = intf->currentProject()->sprites();
+        fillSprites(sprites, 12); // all in view
+        intf->switchEditor(ieSprites);
+        QAction* panelAction = intf->actions()->fromName(QStringLiteral("view_thumbnails"));
+        if (!panelAction->isChecked())
+            panelAction->trigger();
+        auto* panel = static_cast<QThumbnailsEditor*>(intf->extraEditor(ieeThumbnails));
+        QSpriteDragListView* grid = panel->grid();
+        QVERIFY(grid->isVisible());
+        QCOMPARE(grid->model()->rowCount(), 12);
+        QCOMPARE(visibleRows(grid).size(), 12); // laid out
+        int decoded = panel->cache()->decodes();
+        // The panel paints as it comes into view, with the event loop.
+        QTRY_COMPARE(panel->cache()->decodes(), decoded + 12);
+        decoded = panel->cache()->decodes();
+
+        // A picture edited in place: its cell alone is decoded again.
+        QImage other(24, 24, QImage::Format_Indexed8);
+        other.setColorTable({ qRgb(0, 0, 0), qRgb(9, 9, 9) });
+        other.fill(1);
+        sprites->at(4)->setImage(other, ssmPrivate);
+        grid->viewport()->repaint();
+        QCOMPARE(panel->cache()->decodes(), decoded + 1);
+        decoded = panel->cache()->decodes();
+
+        // A removed sprite takes only its own picture: the others are kept.
+        sprites->remove(7);
+        QCOMPARE(visibleRows(grid).size(), 11);
+        grid->viewport()->repaint();
+        QCOMPARE(panel->cache()->decodes(), decoded);
+        // A new sprite is decoded once; the others are still kept.
+        fillSprites(sprites, 1);
+        QCOMPARE(visibleRows(grid).size(), 12);
+        grid->viewport()->repaint();
+        QCOMPARE(panel->cache()->decodes(), decoded + 1);
+        decoded = panel->cache()->decodes();
+
+        // Switching the panel to the actions and back keeps the pictures too.
+        grid->parentWidget()->findChild<QToolButton*>(QStringLiteral("thumbnailsShowActions"))->click();
+        grid->parentWidget()->findChild<QToolButton*>(QStringLiteral("thumbnailsShowSprites"))->click();
+        QCOMPARE(visibleRows(grid).size(), 12);
+        grid->viewport()->repaint();
+        QCOMPARE(panel->cache()->decodes(), decoded);
+        panelAction->trigger();
+    }
+
     void panelFollowsTheEditorAndNavigates()
     {
         PF_REQUIRE_REALDATA();
@@ -148,8 +197,9 @@ private slots:
         QVERIFY(grid->isVisible());
         QVERIFY(!panel->showsActions());
         QCOMPARE(grid->model()->rowCount(), project->sprites()->count());
+        const int decodedBefore = panel->cache()->decodes();
         grid->viewport()->repaint();
-        QVERIFY(panel->cache()->decodes() <= visibleRows(grid).size());
+        QVERIFY(panel->cache()->decodes() - decodedBefore <= visibleRows(grid).size());
 
         auto* sprites = static_cast<QSpritesEditor*>(intf->editor(ieSprites));
         clickCell(grid, 7);

@@ -82,14 +82,6 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
                 currentChanged();
         });
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QSpritesEditor::currentChanged);
-    connect(m_model, &QAbstractItemModel::dataChanged, this,
-        [this](const QModelIndex& first, const QModelIndex& last) {
-            // Edits in place keep the record, so the kept thumbnails of the rows are dropped by hand.
-            for (int row = first.row(); row <= last.row(); ++row)
-                m_thumbnails->forget(sprites() ? sprites()->at(row) : nullptr);
-        });
-    connect(m_model, &QAbstractItemModel::modelReset, m_thumbnails, &QThumbnailCache::clear);
-    connect(m_model, &QAbstractItemModel::rowsRemoved, m_thumbnails, &QThumbnailCache::clear);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &QSpritesEditor::updateSummary);
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &QSpritesEditor::updateSummary);
     connect(m_model, &QAbstractItemModel::modelReset, this, &QSpritesEditor::updateSummary);
@@ -225,6 +217,7 @@ void QSpritesEditor::setProject(QProject* project)
         m_versionFollower = connect(
             sprites()->undoStack(), &QUndoStack::indexChanged, this, &QSpritesEditor::updateVersion);
     m_model->setSprites(project ? project->sprites() : nullptr);
+    m_thumbnails->watch(project ? project->sprites() : nullptr);
     m_view->setProject(project);
     if (m_model->rowCount() > 0)
         m_table->setCurrentIndex(m_model->index(0, 0));

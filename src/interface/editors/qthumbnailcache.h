@@ -3,8 +3,10 @@
 #include <QCache>
 #include <QObject>
 #include <QPixmap>
+#include <QPointer>
 
 class QSprite;
+class QSprites;
 struct QSpriteImageData;
 class QSpritePalette;
 
@@ -13,7 +15,8 @@ class QSpritePalette;
  * next paint. A grid asks only for the cells it paints, so scrolling through
  * a large file decodes what comes into view and nothing else. An entry
  * remembers the pixel record and palette it was made from and is made again
- * when the sprite points elsewhere; edits in place are told with forget().
+ * when the sprite points elsewhere; edits in place are followed through
+ * watch().
  */
 class QThumbnailCache : public QObject
 {
@@ -25,12 +28,19 @@ public:
     int side() const { return m_side; }
     /// The thumbnail of `sprite`, decoded now unless kept; null for an empty sprite.
     QPixmap thumbnail(const QSprite* sprite);
-    void forget(const QSprite* sprite) { m_cache.remove(sprite); }
-    void clear() { m_cache.clear(); }
+    /// Follows the changes of `sprites` (or of none): the thumbnail of a changed or removed
+    /// sprite is dropped, the others are kept; only a reset of the whole list clears all.
+    void watch(QSprites* sprites);
     /// How many pictures have been decoded since this cache was made.
     int decodes() const { return m_decodes; }
 
+signals:
+    /// Kept thumbnails of the watched sprites were dropped: the cells showing them are out of date.
+    void dropped();
+
 private:
+    void forgetRows(int first, int last);
+
     struct Entry
     {
         QPixmap pixmap;
@@ -39,6 +49,7 @@ private:
     };
 
     QCache<const QSprite*, Entry> m_cache;
+    QPointer<QSprites> m_watched;
     int m_side;
     int m_decodes = 0;
 };

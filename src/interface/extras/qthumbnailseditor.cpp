@@ -50,6 +50,8 @@ void QThumbnailsEditor::initialized(QWidget* rightPage)
         m_grid);
     delegate->setUpGrid(m_grid);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    // A sprite changed in place shows in the actions' first frames too, where the grid's model is another.
+    connect(m_cache, &QThumbnailCache::dropped, m_grid->viewport(), qOverload<>(&QWidget::update));
     m_grid->setSprites([this](const QModelIndexList& rows) {
         QList<QSubItem> sprites;
         if (m_actions || !m_project)
@@ -113,29 +115,16 @@ void QThumbnailsEditor::fill()
 {
     if (!m_grid)
         return;
-    m_cache->clear();
+    // Kept across the switch between sprites and actions: both show the same pictures.
+    m_cache->watch(m_project ? m_project->sprites() : nullptr);
     QAbstractItemModel* model = nullptr;
     if (m_project)
         model = m_actions ? static_cast<QAbstractItemModel*>(m_project->animations()) : m_project->sprites();
-    if (m_grid->model() && m_grid->model() != model)
-        m_grid->model()->disconnect(this);
     m_grid->setModel(model);
     m_showSprites->setChecked(!m_actions);
     m_showActions->setChecked(m_actions);
     m_caption->setText(m_actions ? tr("First frame of each action; click to open it")
                                  : tr("Every sprite; click to open it, or drag it into an action's frames"));
-    if (!model)
-        return;
-    // Pictures edited in place keep their record: what changed is drawn again.
-    connect(model, &QAbstractItemModel::dataChanged, this, &QThumbnailsEditor::redraw, Qt::UniqueConnection);
-    connect(model, &QAbstractItemModel::modelReset, m_cache, &QThumbnailCache::clear, Qt::UniqueConnection);
-    connect(model, &QAbstractItemModel::rowsRemoved, m_cache, &QThumbnailCache::clear, Qt::UniqueConnection);
-}
-
-void QThumbnailsEditor::redraw()
-{
-    m_cache->clear();
-    m_grid->viewport()->update();
 }
 
 void QThumbnailsEditor::open(const QModelIndex& index)

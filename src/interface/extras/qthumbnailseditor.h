@@ -42,7 +42,6 @@ public:
 
 private:
     void fill();
-    void redraw();
     void open(const QModelIndex& index);
 
     QPointer<QProject> m_project;
