@@ -1,5 +1,21 @@
-<?xml version='1.0' encoding='utf-8'?>
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
+<context>
+    <name>BakDlg</name>
+    <message>
+        <source>Load backup</source>
+        <translation>Sicherung laden</translation>
+    </message>
+    <message>
+        <source>Choose the backup to load (newest first). Saving afterwards writes the project&apos;s own files.</source>
+        <translation>Wählen Sie die Sicherung, die geladen werden soll (die neueste zuerst). Beim Speichern werden danach die eigenen Dateien des Projekts geschrieben.</translation>
+    </message>
+    <message>
+        <source>This project has no backups yet.</source>
+        <translation>Dieses Projekt hat noch keine Sicherungen.</translation>
+    </message>
+</context>
 <context>
     <name>Calculator</name>
     <message>
@@ -34,11 +50,17 @@
     </message>
     <message numerus="yes">
         <source>%n error(s)</source>
-        <translation><numerusform>%n Fehler</numerusform><numerusform>%n Fehler</numerusform></translation>
+        <translation>
+            <numerusform>%n Fehler</numerusform>
+            <numerusform>%n Fehler</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n warning(s)</source>
-        <translation><numerusform>%n Warnung</numerusform><numerusform>%n Warnungen</numerusform></translation>
+        <translation>
+            <numerusform>%n Warnung</numerusform>
+            <numerusform>%n Warnungen</numerusform>
+        </translation>
     </message>
     <message>
         <source>double-click a row to go there</source>
@@ -51,6 +73,484 @@
     <message>
         <source>Faults of every file of the project show here.</source>
         <translation>Hier erscheinen die Fehler aller Dateien des Projekts.</translation>
+    </message>
+</context>
+<context>
+    <name>FindDlgMlt</name>
+    <message>
+        <source>Regular expression</source>
+        <translation>Regulärer Ausdruck</translation>
+    </message>
+    <message>
+        <source>Match case</source>
+        <translation>Groß-/Kleinschreibung beachten</translation>
+    </message>
+    <message>
+        <source>Whole words</source>
+        <translation>Ganze Wörter</translation>
+    </message>
+    <message>
+        <source>Find and replace in all files</source>
+        <translation>In allen Dateien suchen und ersetzen</translation>
+    </message>
+    <message>
+        <source>Find:</source>
+        <translation>Suchen:</translation>
+    </message>
+    <message>
+        <source>Replace with:</source>
+        <translation>Ersetzen durch:</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Find all</source>
+        <translation>Alle suchen</translation>
+    </message>
+    <message>
+        <source>Replace all</source>
+        <translation>Alle ersetzen</translation>
+    </message>
+    <message>
+        <source>Undo replace</source>
+        <translation>Ersetzen rückgängig machen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n match(es)</source>
+        <translation>
+            <numerusform>%n Treffer</numerusform>
+            <numerusform>%n Treffer</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 replaced in %2 file(s)</source>
+        <translation>%1 ersetzt in %2 Datei(en)</translation>
+    </message>
+    <message>
+        <source>Replace undone</source>
+        <translation>Ersetzen rückgängig gemacht</translation>
+    </message>
+</context>
+<context>
+    <name>ImgEdit</name>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation>Ebenen</translation>
+    </message>
+    <message>
+        <source>x %1, y %2: entry %3</source>
+        <translation>x %1, y %2: Eintrag %3</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;Import image as layer...</source>
+        <translation>Bild als Ebene &amp;importieren...</translation>
+    </message>
+    <message>
+        <source>&amp;Apply to sprite</source>
+        <translation>Auf Sprite &amp;anwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste as layer</source>
+        <translation>Als Ebene &amp;einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete selected pixels</source>
+        <translation>Ausgewählte Pixel &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>Alles a&amp;uswählen</translation>
+    </message>
+    <message>
+        <source>Select &amp;none</source>
+        <translation>Auswahl au&amp;fheben</translation>
+    </message>
+    <message>
+        <source>&amp;Layer</source>
+        <translation>&amp;Ebene</translation>
+    </message>
+    <message>
+        <source>&amp;New layer</source>
+        <translation>&amp;Neue Ebene</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate layer</source>
+        <translation>Ebene &amp;duplizieren</translation>
+    </message>
+    <message>
+        <source>&amp;Remove layer</source>
+        <translation>Ebene &amp;entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Merge down</source>
+        <translation>Nach unten &amp;vereinen</translation>
+    </message>
+    <message>
+        <source>&amp;Flatten</source>
+        <translation>Auf eine Ebene &amp;reduzieren</translation>
+    </message>
+    <message>
+        <source>&amp;Image</source>
+        <translation>B&amp;ild</translation>
+    </message>
+    <message>
+        <source>&amp;True colour</source>
+        <translation>&amp;Echtfarben</translation>
+    </message>
+    <message>
+        <source>&amp;Crop to content</source>
+        <translation>Auf Inhalt &amp;zuschneiden</translation>
+    </message>
+    <message>
+        <source>Flip &amp;horizontally</source>
+        <translation>&amp;Horizontal spiegeln</translation>
+    </message>
+    <message>
+        <source>Flip &amp;vertically</source>
+        <translation>&amp;Vertikal spiegeln</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;in</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>Pixel &amp;grid</source>
+        <translation>Pixel&amp;raster</translation>
+    </message>
+    <message>
+        <source>&amp;Actual size beside</source>
+        <translation>&amp;Originalgröße daneben</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Sprite %1, %2</source>
+        <translation>Sprite %1, %2</translation>
+    </message>
+    <message>
+        <source>Image editor - sprite %1, %2</source>
+        <translation>Bildeditor – Sprite %1, %2</translation>
+    </message>
+    <message>
+        <source>Image editor</source>
+        <translation>Bildeditor</translation>
+    </message>
+    <message>
+        <source>Apply to sprite</source>
+        <translation>Auf Sprite anwenden</translation>
+    </message>
+    <message>
+        <source>The sprite is indexed, but the picture is in true colour now.
+Map its colours to the sprite&apos;s palette (Yes), or build a new palette for the sprite from the picture&apos;s colours (No)?</source>
+        <translation>Das Sprite hat indizierte Farben, das Bild ist jetzt aber in Echtfarben.
+Sollen seine Farben auf die Palette des Sprites abgebildet werden (Ja), oder soll aus den Farben des Bildes eine neue Palette für das Sprite entstehen (Nein)?</translation>
+    </message>
+    <message>
+        <source>Edit image</source>
+        <translation>Bild bearbeiten</translation>
+    </message>
+    <message>
+        <source>Apply the changes to the sprite %1, %2 before closing?</source>
+        <translation>Die Änderungen vor dem Schließen auf das Sprite %1, %2 anwenden?</translation>
+    </message>
+    <message>
+        <source>The clipboard holds no picture</source>
+        <translation>Die Zwischenablage enthält kein Bild</translation>
+    </message>
+    <message>
+        <source>Import image as layer</source>
+        <translation>Bild als Ebene importieren</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.bmp *.gif *.pcx *.jpg)</source>
+        <translation>Bilder (*.png *.bmp *.gif *.pcx *.jpg)</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2</source>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ImgEditColor</name>
+    <message>
+        <source>Left click: foreground, right click: background</source>
+        <translation>Linksklick: Vordergrund, Rechtsklick: Hintergrund</translation>
+    </message>
+    <message>
+        <source>FG %1
+BG %2</source>
+        <translation>VG %1
+HG %2</translation>
+    </message>
+</context>
+<context>
+    <name>ImgEditLayers</name>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Plus</source>
+        <translation>Addieren</translation>
+    </message>
+    <message>
+        <source>Multiply</source>
+        <translation>Multiplizieren</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Negativ multiplizieren</translation>
+    </message>
+    <message>
+        <source>Overlay</source>
+        <translation>Ineinanderkopieren</translation>
+    </message>
+    <message>
+        <source>Darken</source>
+        <translation>Abdunkeln</translation>
+    </message>
+    <message>
+        <source>Lighten</source>
+        <translation>Aufhellen</translation>
+    </message>
+    <message>
+        <source>Color Dodge</source>
+        <translation>Farbig abwedeln</translation>
+    </message>
+    <message>
+        <source>Color Burn</source>
+        <translation>Farbig nachbelichten</translation>
+    </message>
+    <message>
+        <source>Hard Light</source>
+        <translation>Hartes Licht</translation>
+    </message>
+    <message>
+        <source>Soft Light</source>
+        <translation>Weiches Licht</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>Differenz</translation>
+    </message>
+    <message>
+        <source>Exclusion</source>
+        <translation>Ausschluss</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>New layer</source>
+        <translation>Neue Ebene</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopie</translation>
+    </message>
+    <message>
+        <source>Duplicate layer</source>
+        <translation>Ebene duplizieren</translation>
+    </message>
+    <message>
+        <source>Del</source>
+        <translation>Entf.</translation>
+    </message>
+    <message>
+        <source>Remove layer</source>
+        <translation>Ebene entfernen</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>Hoch</translation>
+    </message>
+    <message>
+        <source>Move layer up</source>
+        <translation>Ebene nach oben</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>Runter</translation>
+    </message>
+    <message>
+        <source>Move layer down</source>
+        <translation>Ebene nach unten</translation>
+    </message>
+    <message>
+        <source>Merge</source>
+        <translation>Vereinen</translation>
+    </message>
+    <message>
+        <source>Merge down</source>
+        <translation>Nach unten vereinen</translation>
+    </message>
+    <message>
+        <source>Blend mode</source>
+        <translation>Füllmethode</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Blend modes and opacity apply to true-colour pictures only</source>
+        <translation>Füllmethoden und Deckkraft wirken nur bei Echtfarbenbildern</translation>
+    </message>
+    <message>
+        <source>Layer %1</source>
+        <translation>Ebene %1</translation>
+    </message>
+</context>
+<context>
+    <name>ImgEditToolBar</name>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>Stift</translation>
+    </message>
+    <message>
+        <source>Pen: left button foreground, right background; Shift-click joins to the last stroke</source>
+        <translation>Stift: linke Taste Vordergrund, rechte Hintergrund; Umschalt-Klick verbindet mit dem letzten Strich</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Radierer</translation>
+    </message>
+    <message>
+        <source>Eraser: left erases all, right only the foreground colour</source>
+        <translation>Radierer: links radiert alles, rechts nur die Vordergrundfarbe</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Replace pen: recolours pairs of palette entries</source>
+        <translation>Ersetzungsstift: färbt Paare von Paletteneinträgen um</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>Füllen</translation>
+    </message>
+    <message>
+        <source>Flood fill with the foreground</source>
+        <translation>Fläche mit der Vordergrundfarbe füllen</translation>
+    </message>
+    <message>
+        <source>Picker</source>
+        <translation>Pipette</translation>
+    </message>
+    <message>
+        <source>Colour picker: left foreground, right background</source>
+        <translation>Pipette: links Vordergrund, rechts Hintergrund</translation>
+    </message>
+    <message>
+        <source>Rect select</source>
+        <translation>Rechteckauswahl</translation>
+    </message>
+    <message>
+        <source>Rectangle selection: click selects all, Shift adds, Ctrl takes away</source>
+        <translation>Rechteckauswahl: Klick wählt alles, Umschalt fügt hinzu, Strg nimmt weg</translation>
+    </message>
+    <message>
+        <source>Pen select</source>
+        <translation>Auswahlstift</translation>
+    </message>
+    <message>
+        <source>Selection pen: left adds, right takes away</source>
+        <translation>Auswahlstift: links fügt hinzu, rechts nimmt weg</translation>
+    </message>
+    <message>
+        <source>Move sel.</source>
+        <translation>Ausw. versch.</translation>
+    </message>
+    <message>
+        <source>Move the selected pixels (arrows move by one)</source>
+        <translation>Die ausgewählten Pixel verschieben (Pfeiltasten um eins)</translation>
+    </message>
+    <message>
+        <source>Hand</source>
+        <translation>Hand</translation>
+    </message>
+    <message>
+        <source>Pan the view (or hold Space)</source>
+        <translation>Die Ansicht verschieben (oder Leertaste halten)</translation>
+    </message>
+    <message>
+        <source>Pen size (+ and - keys)</source>
+        <translation>Stiftgröße (Tasten + und -)</translation>
+    </message>
+    <message>
+        <source>Tolerance </source>
+        <translation>Toleranz </translation>
+    </message>
+    <message>
+        <source>Replace selection</source>
+        <translation>Auswahl ersetzen</translation>
+    </message>
+    <message>
+        <source>Add to selection</source>
+        <translation>Zur Auswahl hinzufügen</translation>
+    </message>
+    <message>
+        <source>Subtract from selection</source>
+        <translation>Von der Auswahl abziehen</translation>
     </message>
 </context>
 <context>
@@ -93,11 +593,30 @@
     </message>
 </context>
 <context>
-    <name>MugenDlg</name>
+    <name>MugRunDlg</name>
     <message>
-        <source>Engine</source>
-        <translation>Engine</translation>
+        <source>Run in M.U.G.E.N.</source>
+        <translation>In M.U.G.E.N. testen</translation>
     </message>
+    <message>
+        <source>M.U.G.E.N. will fail if you try to test a char created with a new format in an older version (default format is 1.1).</source>
+        <translation>M.U.G.E.N. scheitert, wenn Sie eine Figur in einem neueren Format in einer älteren Version testen (Standardformat ist 1.1).</translation>
+    </message>
+    <message>
+        <source>Choose the target:</source>
+        <translation>Wählen Sie das Ziel:</translation>
+    </message>
+    <message>
+        <source>Warning!</source>
+        <translation>Warnung!</translation>
+    </message>
+    <message>
+        <source>Oops, you need to configure a M.U.G.E.N. first. Do it in the Tools / Options.</source>
+        <translation>Hoppla, zuerst muss ein M.U.G.E.N. eingerichtet werden. Das geht unter Werkzeuge / Einstellungen.</translation>
+    </message>
+</context>
+<context>
+    <name>MugenDlg</name>
     <message>
         <source>Name:</source>
         <translation>Name:</translation>
@@ -105,10 +624,6 @@
     <message>
         <source>Executable:</source>
         <translation>Programmdatei:</translation>
-    </message>
-    <message>
-        <source>Programs (*.exe)</source>
-        <translation>Programme (*.exe)</translation>
     </message>
     <message>
         <source>Parameters:</source>
@@ -119,8 +634,36 @@
         <translation>Symbol:</translation>
     </message>
     <message>
-        <source>Images (*.png *.ico *.xpm)</source>
-        <translation>Bilder (*.png *.ico *.xpm)</translation>
+        <source>M.U.G.E.N.</source>
+        <translation>M.U.G.E.N.</translation>
+    </message>
+    <message>
+        <source>the engine&apos;s mugen.exe</source>
+        <translation>die mugen.exe der Engine</translation>
+    </message>
+    <message>
+        <source>Ready-made parameters: %0 is the current project, %1 the project of the first tab, %2 of the second...</source>
+        <translation>Fertige Parameter: %0 ist das aktuelle Projekt, %1 das Projekt des ersten Tabs, %2 das des zweiten...</translation>
+    </message>
+    <message>
+        <source>Ready-made parameters</source>
+        <translation>Fertige Parameter</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. executable</source>
+        <translation>M.U.G.E.N.-Programmdatei</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. executable (*.exe)</source>
+        <translation>M.U.G.E.N.-Programmdatei (*.exe)</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. icon</source>
+        <translation>M.U.G.E.N.-Symbol</translation>
+    </message>
+    <message>
+        <source>Portable Network Graphic (*.png)</source>
+        <translation>Portable Network Graphic (*.png)</translation>
     </message>
 </context>
 <context>
@@ -317,10 +860,6 @@
         <translation>Das Sprite hat kein Bild.</translation>
     </message>
     <message>
-        <source>No sprite: the palette alone.</source>
-        <translation>Kein Sprite: nur die Palette.</translation>
-    </message>
-    <message>
         <source>The palette will keep all 256 colours in the file.</source>
         <translation>Die Palette behält alle 256 Farben in der Datei.</translation>
     </message>
@@ -356,6 +895,64 @@
         <source>Pictures (*.png *.pcx *.bmp *.gif *.jpg);;All files (*)</source>
         <translation>Bilder (*.png *.pcx *.bmp *.gif *.jpg);;Alle Dateien (*)</translation>
     </message>
+    <message>
+        <source>No sprite: open a palette file, or make one here and save it.</source>
+        <translation>Kein Sprite: Öffnen Sie eine Palettendatei, oder erstellen Sie hier eine und speichern Sie sie.</translation>
+    </message>
+</context>
+<context>
+    <name>ProjDlg</name>
+    <message>
+        <source>Project template</source>
+        <translation>Projektvorlage</translation>
+    </message>
+    <message>
+        <source>Start the new project from:</source>
+        <translation>Das neue Projekt beginnen mit:</translation>
+    </message>
+</context>
+<context>
+    <name>QActionListPanel</name>
+    <message>
+        <source>Search number or name</source>
+        <translation>Nummer oder Name suchen</translation>
+    </message>
+    <message>
+        <source>New action</source>
+        <translation>Neue Aktion</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Delete action</source>
+        <translation>Aktion löschen</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Sort by number</source>
+        <translation>Nach Nummer sortieren</translation>
+    </message>
+    <message>
+        <source>Rename action</source>
+        <translation>Aktion umbenennen</translation>
+    </message>
+    <message>
+        <source>Number and name of the action:</source>
+        <translation>Nummer und Name der Aktion:</translation>
+    </message>
 </context>
 <context>
     <name>QActionManager</name>
@@ -389,7 +986,7 @@
     </message>
     <message>
         <source>Check for &amp;errors</source>
-        <translation>Auf &amp;Fehler prüfen</translation>
+        <translation>Auf Fehler &amp;prüfen</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
@@ -424,11 +1021,11 @@
         <translation>In den Editor öffnen...</translation>
     </message>
     <message>
-        <source>Save the editor's file</source>
+        <source>Save the editor&apos;s file</source>
         <translation>Datei des Editors speichern</translation>
     </message>
     <message>
-        <source>Save the editor's file as...</source>
+        <source>Save the editor&apos;s file as...</source>
         <translation>Datei des Editors speichern unter...</translation>
     </message>
     <message>
@@ -453,7 +1050,7 @@
     </message>
     <message>
         <source>&amp;Calculator</source>
-        <translation>&amp;Rechner</translation>
+        <translation>&amp;Taschenrechner</translation>
     </message>
     <message>
         <source>Clip&amp;board</source>
@@ -462,6 +1059,175 @@
     <message>
         <source>&amp;Palette editor...</source>
         <translation>&amp;Paletteneditor...</translation>
+    </message>
+    <message>
+        <source>New state file...</source>
+        <translation>Neue Zustandsdatei...</translation>
+    </message>
+    <message>
+        <source>Add state file...</source>
+        <translation>Zustandsdatei hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Remove state file</source>
+        <translation>Zustandsdatei entfernen</translation>
+    </message>
+    <message>
+        <source>Insert controller</source>
+        <translation>Controller einfügen</translation>
+    </message>
+    <message>
+        <source>Insert snippet</source>
+        <translation>Textbaustein einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Find...</source>
+        <translation>&amp;Suchen...</translation>
+    </message>
+    <message>
+        <source>R&amp;eplace...</source>
+        <translation>Erset&amp;zen...</translation>
+    </message>
+    <message>
+        <source>Find &amp;next</source>
+        <translation>&amp;Nächstes suchen</translation>
+    </message>
+    <message>
+        <source>Find pre&amp;vious</source>
+        <translation>&amp;Vorheriges suchen</translation>
+    </message>
+    <message>
+        <source>Find and replace in &amp;all files...</source>
+        <translation>In allen &amp;Dateien suchen und ersetzen...</translation>
+    </message>
+    <message>
+        <source>&amp;Script editor...</source>
+        <translation>&amp;Skripteditor...</translation>
+    </message>
+    <message>
+        <source>Create &amp;backup</source>
+        <translation>Sicherung &amp;anlegen</translation>
+    </message>
+    <message>
+        <source>&amp;Load backup...</source>
+        <translation>Sicherung &amp;laden...</translation>
+    </message>
+    <message>
+        <source>&amp;Run in M.U.G.E.N.</source>
+        <translation>In M.U.G.E.N. &amp;testen</translation>
+    </message>
+</context>
+<context>
+    <name>QAnimSpriteWorkspace</name>
+    <message>
+        <source>Center axis</source>
+        <translation>Achse zentrieren</translation>
+    </message>
+    <message>
+        <source>Sprite crosshair</source>
+        <translation>Fadenkreuz des Sprites</translation>
+    </message>
+    <message>
+        <source>Animation crosshair</source>
+        <translation>Fadenkreuz der Animation</translation>
+    </message>
+    <message>
+        <source>Extra crosshair</source>
+        <translation>Zusätzliches Fadenkreuz</translation>
+    </message>
+    <message>
+        <source>Rulers</source>
+        <translation>Lineale</translation>
+    </message>
+    <message>
+        <source>Guide lines</source>
+        <translation>Hilfslinien</translation>
+    </message>
+    <message>
+        <source>Attack boxes (Clsn1)</source>
+        <translation>Angriffsboxen (Clsn1)</translation>
+    </message>
+    <message>
+        <source>Collision boxes (Clsn2)</source>
+        <translation>Kollisionsboxen (Clsn2)</translation>
+    </message>
+    <message>
+        <source>Default attack boxes</source>
+        <translation>Standard-Angriffsboxen</translation>
+    </message>
+    <message>
+        <source>Default collision boxes</source>
+        <translation>Standard-Kollisionsboxen</translation>
+    </message>
+    <message>
+        <source>OpenGL mode</source>
+        <translation>OpenGL-Modus</translation>
+    </message>
+    <message>
+        <source>Native mode</source>
+        <translation>Nativer Modus</translation>
+    </message>
+    <message>
+        <source>Sprites and animations</source>
+        <translation>Sprites und Animationen</translation>
+    </message>
+</context>
+<context>
+    <name>QAnimations</name>
+    <message>
+        <source>Save AIR</source>
+        <translation>AIR speichern</translation>
+    </message>
+    <message>
+        <source>You can&apos;t save an empty AIR because M.U.G.E.N. will not open it.</source>
+        <translation>Eine leere AIR kann nicht gespeichert werden, weil M.U.G.E.N. sie nicht öffnet.</translation>
+    </message>
+    <message>
+        <source>Discard changes</source>
+        <translation>Änderungen verwerfen</translation>
+    </message>
+    <message>
+        <source>Do you really want to discard the changes made in the animations?</source>
+        <translation>Wollen Sie die Änderungen an den Animationen wirklich verwerfen?</translation>
+    </message>
+    <message>
+        <source>The frame stands in no action.</source>
+        <translation>Der Frame steht in keiner Aktion.</translation>
+    </message>
+    <message>
+        <source>The boxes are declared for no frame.</source>
+        <translation>Die Boxen sind für keinen Frame deklariert.</translation>
+    </message>
+    <message>
+        <source>%1 boxes are declared, %2 follow.</source>
+        <translation>%1 Boxen sind deklariert, %2 folgen.</translation>
+    </message>
+    <message>
+        <source>The box has no declaration above it.</source>
+        <translation>Über der Box steht keine Deklaration.</translation>
+    </message>
+    <message>
+        <source>The line speaks of no frame.</source>
+        <translation>Die Zeile beschreibt keinen Frame.</translation>
+    </message>
+</context>
+<context>
+    <name>QAnimationsEditor</name>
+    <message>
+        <source>Add frame</source>
+        <translation>Frame hinzufügen</translation>
+    </message>
+    <message>
+        <source>Delete frame</source>
+        <translation>Frame löschen</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;Actions:&lt;/b&gt; %1&lt;br&gt;Double-click a cell of the frames to change it, drop sprites on the table to add frames; drag the sprite in the view to move it, Alt+2 draws a Clsn2 box.</source>
+        <translation>&lt;b&gt;Aktionen:&lt;/b&gt; %1&lt;br&gt;Doppelklicken Sie eine Zelle der Frames, um sie zu ändern; ziehen Sie Sprites auf die Tabelle, um Frames hinzuzufügen; ziehen Sie das Sprite in der Ansicht, um es zu verschieben; Alt+2 zeichnet eine Clsn2-Box.</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
     </message>
 </context>
 <context>
@@ -550,6 +1316,45 @@
     </message>
 </context>
 <context>
+    <name>QCommands</name>
+    <message>
+        <source>Do you really want to discard the changes made in the commands?</source>
+        <translation>Wollen Sie die Änderungen an den Befehlen wirklich verwerfen?</translation>
+    </message>
+</context>
+<context>
+    <name>QCommandsEditor</name>
+    <message>
+        <source>(no name)</source>
+        <translation>(kein Name)</translation>
+    </message>
+    <message>
+        <source>command = %1
+Line %2</source>
+        <translation>command = %1
+Zeile %2</translation>
+    </message>
+    <message>
+        <source>(new commands)</source>
+        <translation>(neue Befehle)</translation>
+    </message>
+    <message>
+        <source>No [Command] yet: the snippets on the tool bar start one.</source>
+        <translation>Noch kein [Command]: Die Textbausteine in der Werkzeugleiste beginnen einen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n command(s); click one to go to it.</source>
+        <translation>
+            <numerusform>%n Befehl; klicken Sie ihn an, um zu ihm zu gehen.</numerusform>
+            <numerusform>%n Befehle; klicken Sie einen an, um zu ihm zu gehen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+</context>
+<context>
     <name>QConfigManager</name>
     <message>
         <source>Pugilforge 3 Configuration (*.pfc3)</source>
@@ -607,15 +1412,163 @@
     </message>
     <message numerus="yes">
         <source>%n palette(s)</source>
-        <translation><numerusform>%n Palette</numerusform><numerusform>%n Paletten</numerusform></translation>
+        <translation>
+            <numerusform>%n Palette</numerusform>
+            <numerusform>%n Paletten</numerusform>
+        </translation>
     </message>
     <message>
         <source>not here</source>
         <translation>nicht hier</translation>
     </message>
     <message>
-        <source>"not here": the engine also looks in its data folder.</source>
+        <source>&quot;not here&quot;: the engine also looks in its data folder.</source>
         <translation>„nicht hier“: die Engine sucht auch in ihrem Datenordner.</translation>
+    </message>
+    <message>
+        <source>Ctrl+click a file&apos;s name in the text to open its editor.</source>
+        <translation>Strg+Klick auf den Namen einer Datei im Text öffnet ihren Editor.</translation>
+    </message>
+</context>
+<context>
+    <name>QFileWatcherManager</name>
+    <message>
+        <source>%1 was changed by another program.
+Reload it and lose your changes?</source>
+        <translation>%1 wurde von einem anderen Programm geändert.
+Neu laden und Ihre Änderungen verlieren?</translation>
+    </message>
+    <message>
+        <source>%1 was changed by another program.
+Reload it?</source>
+        <translation>%1 wurde von einem anderen Programm geändert.
+Neu laden?</translation>
+    </message>
+    <message>
+        <source>File changed</source>
+        <translation>Datei geändert</translation>
+    </message>
+</context>
+<context>
+    <name>QFrameBoxTools</name>
+    <message>
+        <source>Boxes</source>
+        <translation>Boxen</translation>
+    </message>
+    <message>
+        <source>Clsn2</source>
+        <translation>Clsn2</translation>
+    </message>
+    <message>
+        <source>Clsn1</source>
+        <translation>Clsn1</translation>
+    </message>
+    <message>
+        <source>Draw %1 boxes with the mouse; the right button ends (%2)</source>
+        <translation>%1-Boxen mit der Maus zeichnen; die rechte Taste beendet (%2)</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete the selected boxes</source>
+        <translation>Die ausgewählten Boxen löschen</translation>
+    </message>
+    <message>
+        <source>Default</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Make the selected boxes defaults of the frames that follow, or the frame&apos;s own again</source>
+        <translation>Die ausgewählten Boxen zum Standard der folgenden Frames machen, oder wieder zu eigenen Boxen des Frames</translation>
+    </message>
+    <message>
+        <source>Swap 1/2</source>
+        <translation>1/2 tauschen</translation>
+    </message>
+    <message>
+        <source>Make the selected boxes Clsn2 if Clsn1, or Clsn1</source>
+        <translation>Die ausgewählten Boxen von Clsn1 zu Clsn2 machen, sonst zu Clsn1</translation>
+    </message>
+    <message>
+        <source>To next</source>
+        <translation>Zum nächsten</translation>
+    </message>
+    <message>
+        <source>Give the next frame the boxes of this one, and go on to it</source>
+        <translation>Dem nächsten Frame die Boxen dieses Frames geben und zu ihm weitergehen</translation>
+    </message>
+    <message>
+        <source>To all</source>
+        <translation>Zu allen</translation>
+    </message>
+    <message>
+        <source>Give every frame of the action the boxes of this one</source>
+        <translation>Jedem Frame der Aktion die Boxen dieses Frames geben</translation>
+    </message>
+</context>
+<context>
+    <name>QFrameTableModel</name>
+    <message>
+        <source>Offset</source>
+        <translation>Versatz</translation>
+    </message>
+    <message>
+        <source>Blend</source>
+        <translation>Mischung</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skalierung</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>Winkel</translation>
+    </message>
+    <message>
+        <source>The animation loops back to this frame</source>
+        <translation>Die Animation springt zu diesem Frame zurück</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Flip</source>
+        <translation>Spiegeln</translation>
+    </message>
+    <message>
+        <source>Scale X</source>
+        <translation>Skalierung X</translation>
+    </message>
+    <message>
+        <source>Scale Y</source>
+        <translation>Skalierung Y</translation>
+    </message>
+    <message>
+        <source>Interpolation</source>
+        <translation>Interpolation</translation>
+    </message>
+    <message>
+        <source>Loop start</source>
+        <translation>Schleifenstart</translation>
     </message>
 </context>
 <context>
@@ -633,8 +1586,19 @@
         <translation>Datei nicht gefunden!</translation>
     </message>
     <message>
-        <source>The file '%1' doesn't exists. Do you want to remove it from the history?</source>
-        <translation>Die Datei '%1' existiert nicht. Wollen Sie sie aus dem Verlauf entfernen?</translation>
+        <source>The file &apos;%1&apos; doesn&apos;t exists. Do you want to remove it from the history?</source>
+        <translation>Die Datei &apos;%1&apos; existiert nicht. Wollen Sie sie aus dem Verlauf entfernen?</translation>
+    </message>
+</context>
+<context>
+    <name>QImageCanvas</name>
+    <message>
+        <source>%1 copy</source>
+        <translation>Kopie von %1</translation>
+    </message>
+    <message>
+        <source>Pasted</source>
+        <translation>Eingefügt</translation>
     </message>
 </context>
 <context>
@@ -656,7 +1620,7 @@
         <translation>Über Pugilforge</translation>
     </message>
     <message>
-        <source>&lt;h3&gt;Quorvantek Pugilforge %1&lt;/h3&gt;&lt;p&gt;An authoring environment for the files of the M.U.G.E.N. fighting engine.&lt;/p&gt;&lt;p&gt;Icons: Adwaita icon theme by the GNOME Project (CC-BY-SA 3.0 or LGPL 3), and the team's own drawings.&lt;/p&gt;</source>
+        <source>&lt;h3&gt;Quorvantek Pugilforge %1&lt;/h3&gt;&lt;p&gt;An authoring environment for the files of the M.U.G.E.N. fighting engine.&lt;/p&gt;&lt;p&gt;Icons: Adwaita icon theme by the GNOME Project (CC-BY-SA 3.0 or LGPL 3), and the team&apos;s own drawings.&lt;/p&gt;</source>
         <translation>&lt;h3&gt;Quorvantek Pugilforge %1&lt;/h3&gt;&lt;p&gt;Eine Autorenumgebung für die Dateien der Kampfspiel-Engine M.U.G.E.N.&lt;/p&gt;&lt;p&gt;Symbole: Adwaita-Symbolthema des GNOME-Projekts (CC-BY-SA 3.0 oder LGPL 3) und eigene Zeichnungen des Teams.&lt;/p&gt;</translation>
     </message>
     <message>
@@ -672,8 +1636,8 @@
         <translation>Projekt öffnen</translation>
     </message>
     <message>
-        <source>The project '%1' could not be opened.</source>
-        <translation>Das Projekt '%1' konnte nicht geöffnet werden.</translation>
+        <source>The project &apos;%1&apos; could not be opened.</source>
+        <translation>Das Projekt &apos;%1&apos; konnte nicht geöffnet werden.</translation>
     </message>
     <message>
         <source>Project: %1, Version: M.U.G.E.N. %2</source>
@@ -685,11 +1649,17 @@
     </message>
     <message numerus="yes">
         <source>%n error(s) found!</source>
-        <translation><numerusform>%n Fehler gefunden!</numerusform><numerusform>%n Fehler gefunden!</numerusform></translation>
+        <translation>
+            <numerusform>%n Fehler gefunden!</numerusform>
+            <numerusform>%n Fehler gefunden!</numerusform>
+        </translation>
     </message>
     <message numerus="yes">
         <source>%n warnings found!</source>
-        <translation><numerusform>%n Warnung gefunden!</numerusform><numerusform>%n Warnungen gefunden!</numerusform></translation>
+        <translation>
+            <numerusform>%n Warnung gefunden!</numerusform>
+            <numerusform>%n Warnungen gefunden!</numerusform>
+        </translation>
     </message>
     <message>
         <source>Definitions or Font (*.def *.fnt)</source>
@@ -763,16 +1733,173 @@
         <source>Only projects can be handed over for now: %1</source>
         <translation>Bisher können nur Projekte übergeben werden: %1</translation>
     </message>
+    <message>
+        <source>Create backup</source>
+        <translation>Sicherung anlegen</translation>
+    </message>
+    <message>
+        <source>The project has no folder yet: save it once, and its backups go into &quot;backup&quot; beside its DEF.</source>
+        <translation>Das Projekt hat noch keinen Ordner: Speichern Sie es einmal, dann kommen seine Sicherungen nach „backup“ neben seiner DEF.</translation>
+    </message>
+    <message>
+        <source>Creating backup...</source>
+        <translation>Sicherung wird angelegt...</translation>
+    </message>
+    <message>
+        <source>Backup written to %1</source>
+        <translation>Sicherung geschrieben nach %1</translation>
+    </message>
+    <message>
+        <source>The backup couldn&apos;t be written into &quot;%1&quot;.</source>
+        <translation>Die Sicherung konnte nicht in „%1“ geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>Loading backup...</source>
+        <translation>Sicherung wird geladen...</translation>
+    </message>
+    <message>
+        <source>Loading the backup was cancelled: the project&apos;s own files are loaded.</source>
+        <translation>Das Laden der Sicherung wurde abgebrochen: Die eigenen Dateien des Projekts sind geladen.</translation>
+    </message>
+    <message>
+        <source>Backup loaded: saving writes it to the project&apos;s own files.</source>
+        <translation>Sicherung geladen: Beim Speichern wird sie in die eigenen Dateien des Projekts geschrieben.</translation>
+    </message>
+    <message>
+        <source>Saving project for testing...</source>
+        <translation>Projekt wird zum Testen gespeichert...</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. is running; the copies go when it ends.</source>
+        <translation>M.U.G.E.N. läuft; die Kopien werden entfernt, sobald es endet.</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. has ended.</source>
+        <translation>M.U.G.E.N. wurde beendet.</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. ended with the code %1.</source>
+        <translation>M.U.G.E.N. endete mit dem Code %1.</translation>
+    </message>
+    <message>
+        <source>Tool script error</source>
+        <translation>Fehler im Werkzeugskript</translation>
+    </message>
+    <message>
+        <source>Template script error</source>
+        <translation>Fehler im Vorlagenskript</translation>
+    </message>
+</context>
+<context>
+    <name>QMugenModel</name>
+    <message>
+        <source>%1
+Parameters: %2</source>
+        <translation>%1
+Parameter: %2</translation>
+    </message>
+</context>
+<context>
+    <name>QMugenPreset</name>
+    <message>
+        <source>Current char vs current char</source>
+        <translation>Aktuelle Figur gegen aktuelle Figur</translation>
+    </message>
+    <message>
+        <source>Current char vs current char AI</source>
+        <translation>Aktuelle Figur gegen aktuelle Figur (KI)</translation>
+    </message>
+    <message>
+        <source>Current char vs KFM</source>
+        <translation>Aktuelle Figur gegen KFM</translation>
+    </message>
+    <message>
+        <source>Current char vs KFM AI</source>
+        <translation>Aktuelle Figur gegen KFM (KI)</translation>
+    </message>
+    <message>
+        <source>KFM vs KFM on current Stage</source>
+        <translation>KFM gegen KFM auf der aktuellen Stage</translation>
+    </message>
+    <message>
+        <source>Current motif</source>
+        <translation>Aktuelles Motiv</translation>
+    </message>
+    <message>
+        <source>KFM vs KFM on current motif</source>
+        <translation>KFM gegen KFM im aktuellen Motiv</translation>
+    </message>
+</context>
+<context>
+    <name>QMugenRun</name>
+    <message>
+        <source>Warning!</source>
+        <translation>Warnung!</translation>
+    </message>
+    <message>
+        <source>Oops, you can run only one instance of M.U.G.E.N. at the same time.</source>
+        <translation>Hoppla, M.U.G.E.N. kann nur einmal zur gleichen Zeit laufen.</translation>
+    </message>
+    <message>
+        <source>Oops, wrong parameters on the M.U.G.E.N. configuration. Check it in the Tools / Options.</source>
+        <translation>Hoppla, die Parameter in der M.U.G.E.N.-Konfiguration sind falsch. Prüfen Sie sie unter Werkzeuge / Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Oops, you can&apos;t run Storyboard, Font or Fight FX.</source>
+        <translation>Hoppla, Storyboards, Schriften und Fight FX lassen sich nicht starten.</translation>
+    </message>
+    <message>
+        <source>The project names &quot;%1&quot;, outside its folder: its copy would be written outside &quot;%2&quot;.</source>
+        <translation>Das Projekt nennt „%1“ außerhalb seines Ordners: Seine Kopie würde außerhalb von „%2“ geschrieben.</translation>
+    </message>
+    <message>
+        <source>The engine&apos;s folder &quot;%1&quot; doesn&apos;t exist.</source>
+        <translation>Der Ordner der Engine „%1“ existiert nicht.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is already in the engine&apos;s folder. A run writes its copies there and removes them afterwards: move it away and run again.</source>
+        <translation>„%1“ liegt schon im Ordner der Engine. Ein Testlauf schreibt seine Kopien dorthin und entfernt sie danach: Verschieben Sie die Datei und starten Sie erneut.</translation>
+    </message>
+    <message>
+        <source>The engine&apos;s folder &quot;%1&quot; is read-only: the copies for the run can&apos;t be written there.</source>
+        <translation>Der Ordner der Engine „%1“ ist schreibgeschützt: Die Kopien für den Testlauf können dort nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The copy of the project for the run couldn&apos;t be written into &quot;%1&quot;: nothing was left there.</source>
+        <translation>Die Kopie des Projekts für den Testlauf konnte nicht nach „%1“ geschrieben werden: Dort ist nichts zurückgeblieben.</translation>
+    </message>
+    <message>
+        <source>Run in M.U.G.E.N.</source>
+        <translation>In M.U.G.E.N. testen</translation>
+    </message>
+    <message>
+        <source>The engine couldn&apos;t be started with &quot;%1 %2&quot;: %3</source>
+        <translation>Die Engine konnte nicht mit „%1 %2“ gestartet werden: %3</translation>
+    </message>
+    <message>
+        <source>The engine stopped unexpectedly: %1</source>
+        <translation>Die Engine wurde unerwartet beendet: %1</translation>
+    </message>
+    <message>
+        <source>&quot;%1 %2&quot; ended with the code %3.</source>
+        <translation>„%1 %2“ endete mit dem Code %3.</translation>
+    </message>
+    <message>
+        <source>%1
+    in %2, line %3</source>
+        <translation>%1
+    in %2, Zeile %3</translation>
+    </message>
+    <message>
+        <source>M.U.G.E.N. errors</source>
+        <translation>M.U.G.E.N.-Fehler</translation>
+    </message>
 </context>
 <context>
     <name>QMugenSyntaxProcessor</name>
     <message>
         <source>Unknown interpolation</source>
         <translation>Unbekannte Interpolation</translation>
-    </message>
-    <message>
-        <source>Parameter invalid for the M.U.G.E.N. version of the current project</source>
-        <translation>Parameter ungültig für die M.U.G.E.N.-Version des aktuellen Projekts</translation>
     </message>
     <message>
         <source>Unknown flip type</source>
@@ -783,68 +1910,64 @@
         <translation>Unbekannte Transparenz</translation>
     </message>
     <message>
-        <source>Unknown trigger '%1'</source>
-        <translation>Unbekannter Trigger '%1'</translation>
+        <source>Unknown trigger &apos;%1&apos;</source>
+        <translation>Unbekannter Trigger &apos;%1&apos;</translation>
     </message>
     <message>
         <source>Unknown value</source>
         <translation>Unbekannter Wert</translation>
     </message>
     <message>
-        <source>Unknown constant '%1'</source>
-        <translation>Unbekannte Konstante '%1'</translation>
+        <source>Unknown constant &apos;%1&apos;</source>
+        <translation>Unbekannte Konstante &apos;%1&apos;</translation>
     </message>
     <message>
-        <source>Unknown 'Defaults' parameter</source>
-        <translation>Unbekannter 'Defaults'-Parameter</translation>
+        <source>Unknown &apos;Defaults&apos; parameter</source>
+        <translation>Unbekannter &apos;Defaults&apos;-Parameter</translation>
     </message>
     <message>
-        <source>Unknown 'Palette Keymap' parameter</source>
-        <translation>Unbekannter 'Palette Keymap'-Parameter</translation>
+        <source>Unknown &apos;Palette Keymap&apos; parameter</source>
+        <translation>Unbekannter &apos;Palette Keymap&apos;-Parameter</translation>
     </message>
     <message>
-        <source>Unknown 'Quotes' parameter</source>
-        <translation>Unbekannter 'Quotes'-Parameter</translation>
+        <source>Unknown &apos;Quotes&apos; parameter</source>
+        <translation>Unbekannter &apos;Quotes&apos;-Parameter</translation>
     </message>
     <message>
-        <source>Unknown 'Info'' parameter</source>
-        <translation>Unbekannter 'Info'-Parameter</translation>
+        <source>Unknown &apos;Info&apos;&apos; parameter</source>
+        <translation>Unbekannter &apos;Info&apos;-Parameter</translation>
     </message>
     <message>
-        <source>Unknown 'BG' type</source>
-        <translation>Unbekannter 'BG'-Typ</translation>
+        <source>Unknown &apos;BG&apos; type</source>
+        <translation>Unbekannter &apos;BG&apos;-Typ</translation>
     </message>
     <message>
-        <source>Unknown 'BG Ctrl' type</source>
-        <translation>Unbekannter 'BG Ctrl'-Typ</translation>
+        <source>Unknown &apos;BG Ctrl&apos; type</source>
+        <translation>Unbekannter &apos;BG Ctrl&apos;-Typ</translation>
     </message>
     <message>
-        <source>Unknown 'StateDef' parameter '%1'</source>
-        <translation>Unbekannter 'StateDef'-Parameter '%1'</translation>
+        <source>Unknown &apos;State&apos; type</source>
+        <translation>Unbekannter &apos;State&apos;-Typ</translation>
     </message>
     <message>
-        <source>Unknown 'State' type</source>
-        <translation>Unbekannter 'State'-Typ</translation>
+        <source>Unknown &apos;Remap&apos; parameter</source>
+        <translation>Unbekannter &apos;Remap&apos;-Parameter</translation>
     </message>
     <message>
-        <source>Unknown 'Remap' parameter</source>
-        <translation>Unbekannter 'Remap'-Parameter</translation>
+        <source>Unknown &apos;Remap&apos; value</source>
+        <translation>Unbekannter &apos;Remap&apos;-Wert</translation>
     </message>
     <message>
-        <source>Unknown 'Remap' value</source>
-        <translation>Unbekannter 'Remap'-Wert</translation>
-    </message>
-    <message>
-        <source>Unknown 'Command' parameter</source>
-        <translation>Unbekannter 'Command'-Parameter</translation>
+        <source>Unknown &apos;Command&apos; parameter</source>
+        <translation>Unbekannter &apos;Command&apos;-Parameter</translation>
     </message>
     <message>
         <source>Unknown command key</source>
         <translation>Unbekannte Befehlstaste</translation>
     </message>
     <message>
-        <source>Unexpected token '%1'</source>
-        <translation>Unerwartetes Zeichen '%1'</translation>
+        <source>Unexpected token &apos;%1&apos;</source>
+        <translation>Unerwartetes Zeichen &apos;%1&apos;</translation>
     </message>
     <message>
         <source>Syntax error - code ends before line</source>
@@ -867,16 +1990,80 @@
         <translation>Falscher State</translation>
     </message>
     <message>
-        <source>Unknown parameter '%1' for the '%2' controller</source>
-        <translation>Unbekannter Parameter '%1' für den Controller '%2'</translation>
+        <source>Unknown parameter value &apos;%1&apos;</source>
+        <translation>Unbekannter Parameterwert &apos;%1&apos;</translation>
     </message>
     <message>
-        <source>Unknown parameter value '%1'</source>
-        <translation>Unbekannter Parameterwert '%1'</translation>
-    </message>
-    <message numerus="yes">
         <source>This parameter requires %n value(s)</source>
-        <translation><numerusform>Dieser Parameter braucht %n Wert</numerusform><numerusform>Dieser Parameter braucht %n Werte</numerusform></translation>
+        <translation>Dieser Parameter erfordert %n Wert(e)</translation>
+    </message>
+    <message>
+        <source>Trigger invalid for the M.U.G.E.N. version of the current project</source>
+        <translation>Trigger ist für die M.U.G.E.N.-Version des aktuellen Projekts ungültig</translation>
+    </message>
+    <message>
+        <source>Controller invalid for the M.U.G.E.N. version of the current project</source>
+        <translation>Controller ist für die M.U.G.E.N.-Version des aktuellen Projekts ungültig</translation>
+    </message>
+    <message>
+        <source>Unknown &apos;StateDef type&apos; value &apos;%1&apos;</source>
+        <translation>Unbekannter Wert &apos;%1&apos; für &apos;StateDef type&apos;</translation>
+    </message>
+    <message>
+        <source>Unknown &apos;StateDef movetype&apos; value &apos;%1&apos;</source>
+        <translation>Unbekannter Wert &apos;%1&apos; für &apos;StateDef movetype&apos;</translation>
+    </message>
+    <message>
+        <source>Unknown &apos;StateDef physics&apos; value &apos;%1&apos;</source>
+        <translation>Unbekannter Wert &apos;%1&apos; für &apos;StateDef physics&apos;</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; named by the DEF does not exist</source>
+        <translation>&apos;%1&apos;, von der DEF genannt, existiert nicht</translation>
+    </message>
+    <message>
+        <source>Missing parameter &apos;%1&apos; that the &apos;%2&apos; controller requires</source>
+        <translation>Fehlender Parameter &apos;%1&apos;, den der Controller &apos;%2&apos; erfordert</translation>
+    </message>
+    <message>
+        <source>Unknown parameter &apos;%1&apos; for the &apos;%2&apos; controller, ignored by the engine</source>
+        <translation>Unbekannter Parameter &apos;%1&apos; für den Controller &apos;%2&apos;, von der Engine übergangen</translation>
+    </message>
+    <message>
+        <source>Unknown parameter &apos;%1&apos; for the &apos;%2&apos; controller, ignored by the engine: did you mean &apos;%3&apos;?</source>
+        <translation>Unbekannter Parameter &apos;%1&apos; für den Controller &apos;%2&apos;, von der Engine übergangen: Meinten Sie &apos;%3&apos;?</translation>
+    </message>
+    <message>
+        <source>Unknown &apos;StateDef&apos; parameter &apos;%1&apos;, ignored by the engine</source>
+        <translation>Unbekannter &apos;StateDef&apos;-Parameter &apos;%1&apos;, von der Engine übergangen</translation>
+    </message>
+    <message>
+        <source>Parameter invalid for the M.U.G.E.N. version of the current project, ignored by the engine</source>
+        <translation>Parameter ist für die M.U.G.E.N.-Version des aktuellen Projekts ungültig, von der Engine übergangen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is read by the engine as &apos;%2&apos;</source>
+        <translation>&apos;%1&apos; liest die Engine als &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; separates folders with &apos;\&apos;, which only Windows reads as a separator</source>
+        <translation>&apos;%1&apos; trennt Ordner mit &apos;\&apos;, was nur Windows als Trenner liest</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is on disk as &apos;%2&apos;: only a system that ignores letter case finds it</source>
+        <translation>&apos;%1&apos; liegt auf der Festplatte als &apos;%2&apos;: Nur ein System, das Groß- und Kleinschreibung nicht unterscheidet, findet es</translation>
+    </message>
+    <message>
+        <source>Trigger deprecated in the M.U.G.E.N %1</source>
+        <translation>Trigger ist in M.U.G.E.N %1 veraltet</translation>
+    </message>
+    <message>
+        <source>Parameter deprecated in the M.U.G.E.N %1</source>
+        <translation>Parameter ist in M.U.G.E.N %1 veraltet</translation>
+    </message>
+    <message>
+        <source>State controller deprecated in the M.U.G.E.N %1</source>
+        <translation>State-Controller ist in M.U.G.E.N %1 veraltet</translation>
     </message>
 </context>
 <context>
@@ -886,8 +2073,8 @@
         <translation>XML-Fehler</translation>
     </message>
     <message>
-        <source>Can't open '%1'</source>
-        <translation>'%1' kann nicht geöffnet werden</translation>
+        <source>Can&apos;t open &apos;%1&apos;</source>
+        <translation>&apos;%1&apos; kann nicht geöffnet werden</translation>
     </message>
 </context>
 <context>
@@ -930,6 +2117,13 @@
     <message>
         <source>%1: %2.</source>
         <translation>%1: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QPaletteGrid</name>
+    <message>
+        <source>Click a colour to pick it, double-click to change it.</source>
+        <translation>Klicken Sie eine Farbe an, um sie zu wählen; doppelklicken Sie, um sie zu ändern.</translation>
     </message>
 </context>
 <context>
@@ -1094,17 +2288,64 @@
         <source>Colour %1 of the palette</source>
         <translation>Farbe %1 der Palette</translation>
     </message>
+</context>
+<context>
+    <name>QPlaybackControls</name>
     <message>
-        <source>Load a palette</source>
-        <translation>Palette laden</translation>
+        <source>Play</source>
+        <translation>Abspielen</translation>
     </message>
     <message>
-        <source>Palettes (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;All files (*)</source>
-        <translation>Paletten (*.act *.pal *.aco *.ase *.txt *.pcx *.png);;Alle Dateien (*)</translation>
+        <source>Play the action</source>
+        <translation>Die Aktion abspielen</translation>
     </message>
     <message>
-        <source>Save the palette</source>
-        <translation>Palette speichern</translation>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Pause on the frame shown</source>
+        <translation>Auf dem gezeigten Frame anhalten</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Stop and go back to the first frame</source>
+        <translation>Anhalten und zum ersten Frame zurückgehen</translation>
+    </message>
+    <message>
+        <source>Tick</source>
+        <translation>Tick</translation>
+    </message>
+    <message>
+        <source>One tick on</source>
+        <translation>Einen Tick weiter</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Frame</translation>
+    </message>
+    <message>
+        <source>On to the next frame</source>
+        <translation>Weiter zum nächsten Frame</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Start over after the last frame, else end there (%1)</source>
+        <translation>Nach dem letzten Frame von vorn beginnen, sonst dort enden (%1)</translation>
+    </message>
+    <message>
+        <source>Onion</source>
+        <translation>Zwiebelhaut</translation>
+    </message>
+    <message>
+        <source>Show the frame before faintly behind this one (%1)</source>
+        <translation>Den vorigen Frame blass hinter diesem zeigen (%1)</translation>
     </message>
 </context>
 <context>
@@ -1140,28 +2381,302 @@
         <source>Fight HUD &amp; effects</source>
         <translation>Kampfanzeige &amp; Effekte</translation>
     </message>
+    <message>
+        <source>The sound file %1 can&apos;t be read.</source>
+        <translation>Die Klangdatei %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>The command file %1 can&apos;t be read.</source>
+        <translation>Die Befehlsdatei %1 kann nicht gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>QQuickFind</name>
+    <message>
+        <source>Regex</source>
+        <translation>Regex</translation>
+    </message>
+    <message>
+        <source>Case</source>
+        <translation>Groß/klein</translation>
+    </message>
+    <message>
+        <source>Word</source>
+        <translation>Wort</translation>
+    </message>
+    <message>
+        <source>Find</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Replace with</source>
+        <translation>Ersetzen durch</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Vorheriges</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Nächstes</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n replaced</source>
+        <translation>
+            <numerusform>%n ersetzt</numerusform>
+            <numerusform>%n ersetzt</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>QSounds</name>
+    <message>
+        <source>Discard changes</source>
+        <translation>Änderungen verwerfen</translation>
+    </message>
+    <message>
+        <source>Do you really want to discard the changes made in the sounds?</source>
+        <translation>Wollen Sie die Änderungen an den Klängen wirklich verwerfen?</translation>
+    </message>
+    <message>
+        <source>Save SND</source>
+        <translation>SND speichern</translation>
+    </message>
+    <message>
+        <source>You can&apos;t save an empty SND because M.U.G.E.N. will not open it.</source>
+        <translation>Eine leere SND kann nicht gespeichert werden, weil M.U.G.E.N. sie nicht öffnet.</translation>
+    </message>
+    <message>
+        <source>Empty sound!</source>
+        <translation>Leerer Klang!</translation>
+    </message>
+    <message>
+        <source>The group %2, index %3 is already in use by sound #%4!</source>
+        <translation>Gruppe %2, Index %3 wird schon von Klang #%4 benutzt!</translation>
+    </message>
 </context>
 <context>
     <name>QSoundsEditor</name>
     <message>
-        <source>The definitions name no sound file.</source>
-        <translation>Die Definitionen nennen keine Klangdatei.</translation>
-    </message>
-    <message>
-        <source>The sound file %1 is missing.</source>
-        <translation>Die Klangdatei %1 fehlt.</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;Sound file:&lt;/b&gt; %1</source>
-        <translation>&lt;b&gt;Klangdatei:&lt;/b&gt; %1</translation>
-    </message>
-    <message>
-        <source>none</source>
-        <translation>keine</translation>
-    </message>
-    <message>
         <source>Sounds</source>
         <translation>Klänge</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Play in a loop</source>
+        <translation>In Schleife abspielen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Add WAV files...</source>
+        <translation>WAV-Dateien hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add WAV files as a numbered group...</source>
+        <translation>WAV-Dateien als nummerierte Gruppe hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Replace with a WAV file...</source>
+        <translation>Durch eine WAV-Datei ersetzen...</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Move the group to another number...</source>
+        <translation>Gruppe auf eine andere Nummer verschieben...</translation>
+    </message>
+    <message>
+        <source>Delete the whole group</source>
+        <translation>Die ganze Gruppe löschen</translation>
+    </message>
+    <message>
+        <source>Export the selected sounds...</source>
+        <translation>Die ausgewählten Klänge exportieren...</translation>
+    </message>
+    <message>
+        <source>Export the group...</source>
+        <translation>Die Gruppe exportieren...</translation>
+    </message>
+    <message>
+        <source>Import an export of sounds...</source>
+        <translation>Einen Klangexport importieren...</translation>
+    </message>
+    <message>
+        <source>no sound file</source>
+        <translation>keine Klangdatei</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sound(s) in %1. Double-click a group or number to change it.</source>
+        <translation>
+            <numerusform>%n Klang in %1. Doppelklicken Sie eine Gruppe oder Nummer, um sie zu ändern.</numerusform>
+            <numerusform>%n Klänge in %1. Doppelklicken Sie eine Gruppe oder Nummer, um sie zu ändern.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This project has no sounds yet (%1). Add WAV files with the tool bar.</source>
+        <translation>Dieses Projekt hat noch keine Klänge (%1). Fügen Sie WAV-Dateien über die Werkzeugleiste hinzu.</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;File:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sounds:&lt;/b&gt; %2&lt;br&gt;&lt;b&gt;Groups:&lt;/b&gt; %3&lt;br&gt;&lt;b&gt;Length:&lt;/b&gt; %4 s</source>
+        <translation>&lt;b&gt;Datei:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Klänge:&lt;/b&gt; %2&lt;br&gt;&lt;b&gt;Gruppen:&lt;/b&gt; %3&lt;br&gt;&lt;b&gt;Länge:&lt;/b&gt; %4 s</translation>
+    </message>
+    <message>
+        <source>No sound selected.</source>
+        <translation>Kein Klang ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Sound %1, %2</source>
+        <translation>Klang %1, %2</translation>
+    </message>
+    <message>
+        <source>: empty</source>
+        <translation>: leer</translation>
+    </message>
+    <message>
+        <source>: not PCM, no waveform</source>
+        <translation>: kein PCM, keine Wellenform</translation>
+    </message>
+    <message numerus="yes">
+        <source>: %n channel(s), %1 Hz, %2 bits, %3 s</source>
+        <translation>
+            <numerusform>: %n Kanal, %1 Hz, %2 Bit, %3 s</numerusform>
+            <numerusform>: %n Kanäle, %1 Hz, %2 Bit, %3 s</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>WAV files (*.wav)</source>
+        <translation>WAV-Dateien (*.wav)</translation>
+    </message>
+    <message>
+        <source>Sound export (*.txt);;Elecbyte SndMaker (*.def)</source>
+        <translation>Klangexport (*.txt);;Elecbyte SndMaker (*.def)</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the export could not be written completely.</source>
+        <translation>%1: Der Export konnte nicht vollständig geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>%1: no sound could be imported.</source>
+        <translation>%1: Es konnte kein Klang importiert werden.</translation>
+    </message>
+    <message>
+        <source>Add WAV files</source>
+        <translation>WAV-Dateien hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add WAV files as a numbered group</source>
+        <translation>WAV-Dateien als nummerierte Gruppe hinzufügen</translation>
+    </message>
+    <message>
+        <source>Numbered group</source>
+        <translation>Nummerierte Gruppe</translation>
+    </message>
+    <message>
+        <source>Group of the new sounds:</source>
+        <translation>Gruppe der neuen Klänge:</translation>
+    </message>
+    <message>
+        <source>Number of the first sound:</source>
+        <translation>Nummer des ersten Klangs:</translation>
+    </message>
+    <message>
+        <source>Replace with a WAV file</source>
+        <translation>Durch eine WAV-Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>Move group</source>
+        <translation>Gruppe verschieben</translation>
+    </message>
+    <message>
+        <source>New number of the group:</source>
+        <translation>Neue Nummer der Gruppe:</translation>
+    </message>
+    <message>
+        <source>Export the selected sounds</source>
+        <translation>Die ausgewählten Klänge exportieren</translation>
+    </message>
+    <message>
+        <source>Export the group</source>
+        <translation>Die Gruppe exportieren</translation>
+    </message>
+    <message>
+        <source>Import sounds</source>
+        <translation>Klänge importieren</translation>
+    </message>
+    <message>
+        <source>Sound export (*.txt *.pfe);;All files (*)</source>
+        <translation>Klangexport (*.txt *.pfe);;Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>QSoundsTableModel</name>
+    <message>
+        <source>An empty sound: the engine can&apos;t play it.</source>
+        <translation>Ein leerer Klang: Die Engine kann ihn nicht abspielen.</translation>
+    </message>
+    <message>
+        <source>%1 Hz</source>
+        <translation>%1 Hz</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Channels</source>
+        <translation>Kanäle</translation>
+    </message>
+    <message>
+        <source>Rate</source>
+        <translation>Rate</translation>
+    </message>
+    <message>
+        <source>Bits</source>
+        <translation>Bit</translation>
+    </message>
+    <message>
+        <source>Duration</source>
+        <translation>Dauer</translation>
     </message>
 </context>
 <context>
@@ -1171,10 +2686,29 @@
         <translation>Warnung!</translation>
     </message>
     <message>
-        <source>The image to be set to the sprite %1, %2 (#%3) isn't color indexed.
+        <source>The image to be set to the sprite %1, %2 (#%3) isn&apos;t color indexed.
 For the current SFF version, the image will be converted to indexed with an optimized palette when you save the file.</source>
         <translation>Das Bild für das Sprite %1, %2 (#%3) hat keine indizierten Farben.
 Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palette in indizierte Farben umgewandelt.</translation>
+    </message>
+</context>
+<context>
+    <name>QSpriteFileImport</name>
+    <message>
+        <source>%1: not an image this program can read</source>
+        <translation>%1: kein Bild, das dieses Programm lesen kann</translation>
+    </message>
+    <message>
+        <source>Add sprites</source>
+        <translation>Sprites hinzufügen</translation>
+    </message>
+    <message>
+        <source>This sprite file is saved with 8-bit sprites only. The true-colour pictures will be reduced to 256 colours when it is saved. Add them?</source>
+        <translation>Diese Sprite-Datei wird nur mit 8-Bit-Sprites gespeichert. Die Echtfarbenbilder werden beim Speichern auf 256 Farben reduziert. Trotzdem hinzufügen?</translation>
+    </message>
+    <message>
+        <source>add sprites</source>
+        <translation>Sprites hinzufügen</translation>
     </message>
 </context>
 <context>
@@ -1189,14 +2723,57 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     </message>
 </context>
 <context>
+    <name>QSpriteTableModel</name>
+    <message>
+        <source>raw</source>
+        <translation>roh</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>true colour or the palette of the character</source>
+        <translation>Echtfarben oder die Palette der Figur</translation>
+    </message>
+    <message>
+        <source>own</source>
+        <translation>eigene</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Axis</source>
+        <translation>Achse</translation>
+    </message>
+    <message>
+        <source>Palette</source>
+        <translation>Palette</translation>
+    </message>
+    <message>
+        <source>Compression</source>
+        <translation>Kompression</translation>
+    </message>
+</context>
+<context>
     <name>QSprites</name>
     <message>
         <source>Sprite loading error</source>
         <translation>Fehler beim Laden der Sprites</translation>
     </message>
     <message>
-        <source>%1(0): SFF version '%2.%3.%4.%5' not supported yet</source>
-        <translation>%1(0): SFF-Version '%2.%3.%4.%5' wird noch nicht unterstützt</translation>
+        <source>%1(0): SFF version &apos;%2.%3.%4.%5&apos; not supported yet</source>
+        <translation>%1(0): SFF-Version &apos;%2.%3.%4.%5&apos; wird noch nicht unterstützt</translation>
     </message>
     <message>
         <source>%1(%2): Sprite incorrectly linked to the index %3</source>
@@ -1217,15 +2794,15 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
 %2</translation>
     </message>
     <message>
-        <source>Can't create a buffer for the image data.</source>
+        <source>Can&apos;t create a buffer for the image data.</source>
         <translation>Für die Bilddaten kann kein Puffer angelegt werden.</translation>
     </message>
     <message>
-        <source>Can't create the PCX file.</source>
+        <source>Can&apos;t create the PCX file.</source>
         <translation>Die PCX-Datei kann nicht erstellt werden.</translation>
     </message>
     <message>
-        <source>Can't compress the image.</source>
+        <source>Can&apos;t compress the image.</source>
         <translation>Das Bild kann nicht komprimiert werden.</translation>
     </message>
     <message>
@@ -1241,11 +2818,11 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>SFF speichern</translation>
     </message>
     <message>
-        <source>You can't save an empty SFF because M.U.G.E.N. will not open it.</source>
+        <source>You can&apos;t save an empty SFF because M.U.G.E.N. will not open it.</source>
         <translation>Eine leere SFF kann nicht gespeichert werden, weil M.U.G.E.N. sie nicht öffnet.</translation>
     </message>
     <message>
-        <source>You can't save this SFF without palettes.</source>
+        <source>You can&apos;t save this SFF without palettes.</source>
         <translation>Diese SFF kann nicht ohne Paletten gespeichert werden.</translation>
     </message>
     <message>
@@ -1253,7 +2830,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Leeres Sprite!</translation>
     </message>
     <message>
-        <source>The sprite at index %1 is empty. You can't save a SFF file with an empty sprite.</source>
+        <source>The sprite at index %1 is empty. You can&apos;t save a SFF file with an empty sprite.</source>
         <translation>Das Sprite an Index %1 ist leer. Eine SFF-Datei mit einem leeren Sprite kann nicht gespeichert werden.</translation>
     </message>
     <message>
@@ -1261,7 +2838,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Leere Palette!</translation>
     </message>
     <message>
-        <source>The palette at index %1 is empty. You can't save a SFF file with an empty palette.</source>
+        <source>The palette at index %1 is empty. You can&apos;t save a SFF file with an empty palette.</source>
         <translation>Die Palette an Index %1 ist leer. Eine SFF-Datei mit einer leeren Palette kann nicht gespeichert werden.</translation>
     </message>
     <message>
@@ -1273,7 +2850,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Bildformat für die aktuelle Version nicht unterstützt (beim Speichern wird automatisch in 8 Bit umgewandelt)!</translation>
     </message>
     <message>
-        <source>Sprite can't receive the group 1 (character) palette at his position!</source>
+        <source>Sprite can&apos;t receive the group 1 (character) palette at his position!</source>
         <translation>Das Sprite kann an seiner Stelle die Palette der Gruppe 1 (Figur) nicht erhalten!</translation>
     </message>
     <message>
@@ -1288,6 +2865,17 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>The group %2, index %3 is already in use by palette #%4!</source>
         <translation>Gruppe %2, Index %3 wird schon von Palette #%4 benutzt!</translation>
     </message>
+    <message>
+        <source>Version 1.0.1.0 shows sprites 0,0 and 9000,0 of a character in one palette, which cannot hold all their colours: %1 will look different.</source>
+        <translation>Version 1.0.1.0 zeigt die Sprites 0,0 und 9000,0 einer Figur in einer Palette, die nicht alle ihre Farben fassen kann: %1 wird anders aussehen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n true-colour sprite(s) reduced to 8 bits for this version; the largest colour error of a pixel is %1 of 255.</source>
+        <translation>
+            <numerusform>%n Echtfarben-Sprite für diese Version auf 8 Bit reduziert; der größte Farbfehler eines Pixels beträgt %1 von 255.</numerusform>
+            <numerusform>%n Echtfarben-Sprites für diese Version auf 8 Bit reduziert; der größte Farbfehler eines Pixels beträgt %1 von 255.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>QSpritesEditor</name>
@@ -1295,21 +2883,252 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>no sprite file</source>
         <translation>keine Sprite-Datei</translation>
     </message>
-    <message numerus="yes">
-        <source>%n sprite(s) in %1. Each entry is group, index.</source>
-        <translation><numerusform>%n Sprite in %1. Jeder Eintrag ist Gruppe, Index.</numerusform><numerusform>%n Sprites in %1. Jeder Eintrag ist Gruppe, Index.</numerusform></translation>
-    </message>
-    <message>
-        <source>This project has no sprites yet (%1).</source>
-        <translation>Dieses Projekt hat noch keine Sprites (%1).</translation>
-    </message>
-    <message>
-        <source>&lt;b&gt;File:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2</source>
-        <translation>&lt;b&gt;Datei:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2</translation>
-    </message>
     <message>
         <source>Sprites</source>
         <translation>Sprites</translation>
+    </message>
+    <message>
+        <source>Go to group,index (Enter)</source>
+        <translation>Gehe zu Gruppe,Index (Enter)</translation>
+    </message>
+    <message>
+        <source>No sprite %1.</source>
+        <translation>Kein Sprite %1.</translation>
+    </message>
+    <message>
+        <source>Axis of every selected sprite; drag the sprite in the view to move it</source>
+        <translation>Achse aller ausgewählten Sprites; ziehen Sie das Sprite in der Ansicht, um es zu verschieben</translation>
+    </message>
+    <message>
+        <source>Group</source>
+        <translation>Gruppe</translation>
+    </message>
+    <message>
+        <source>Index</source>
+        <translation>Index</translation>
+    </message>
+    <message>
+        <source>Axis X</source>
+        <translation>Achse X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>The SFF version the sprites are saved in; click to change it</source>
+        <translation>Die SFF-Version, in der die Sprites gespeichert werden; zum Ändern klicken</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;File:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2&lt;br&gt;&lt;b&gt;Palettes:&lt;/b&gt; %3&lt;br&gt;&lt;b&gt;Version:&lt;/b&gt; %4</source>
+        <translation>&lt;b&gt;Datei:&lt;/b&gt; %1&lt;br&gt;&lt;b&gt;Sprites:&lt;/b&gt; %2&lt;br&gt;&lt;b&gt;Paletten:&lt;/b&gt; %3&lt;br&gt;&lt;b&gt;Version:&lt;/b&gt; %4</translation>
+    </message>
+    <message>
+        <source>Add...</source>
+        <translation>Hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Add series...</source>
+        <translation>Serie hinzufügen...</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message>
+        <source>Axis to bottom</source>
+        <translation>Achse nach unten</translation>
+    </message>
+    <message>
+        <source>Edit image...</source>
+        <translation>Bild bearbeiten...</translation>
+    </message>
+    <message>
+        <source>Replace picture...</source>
+        <translation>Bild ersetzen...</translation>
+    </message>
+    <message>
+        <source>Move up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Link to sprite...</source>
+        <translation>Mit Sprite verknüpfen...</translation>
+    </message>
+    <message>
+        <source>Unlink</source>
+        <translation>Verknüpfung lösen</translation>
+    </message>
+    <message>
+        <source>Use palette...</source>
+        <translation>Palette verwenden...</translation>
+    </message>
+    <message>
+        <source>Export pictures...</source>
+        <translation>Bilder exportieren...</translation>
+    </message>
+    <message>
+        <source>Thumbnails</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+    <message>
+        <source>delete sprites</source>
+        <translation>Sprites löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sprite(s) deleted.</source>
+        <translation>
+            <numerusform>%n Sprite gelöscht.</numerusform>
+            <numerusform>%n Sprites gelöscht.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>duplicate sprites</source>
+        <translation>Sprites duplizieren</translation>
+    </message>
+    <message>
+        <source>crop sprites</source>
+        <translation>Sprites zuschneiden</translation>
+    </message>
+    <message>
+        <source>axis to bottom centre</source>
+        <translation>Achse unten mittig</translation>
+    </message>
+    <message>
+        <source>set axis</source>
+        <translation>Achse setzen</translation>
+    </message>
+    <message>
+        <source>move sprites</source>
+        <translation>Sprites verschieben</translation>
+    </message>
+    <message>
+        <source>No sprite %1 with a picture.</source>
+        <translation>Kein Sprite %1 mit einem Bild.</translation>
+    </message>
+    <message>
+        <source>link sprites</source>
+        <translation>Sprites verknüpfen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sprite(s) linked to %1,%2.</source>
+        <translation>
+            <numerusform>%n Sprite mit %1,%2 verknüpft.</numerusform>
+            <numerusform>%n Sprites mit %1,%2 verknüpft.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Link to sprite</source>
+        <translation>Mit Sprite verknüpfen</translation>
+    </message>
+    <message>
+        <source>Show the picture of sprite (group,index):</source>
+        <translation>Das Bild dieses Sprites zeigen (Gruppe,Index):</translation>
+    </message>
+    <message>
+        <source>unlink sprites</source>
+        <translation>Verknüpfung der Sprites lösen</translation>
+    </message>
+    <message>
+        <source>use palette</source>
+        <translation>Palette verwenden</translation>
+    </message>
+    <message>
+        <source>Use palette</source>
+        <translation>Palette verwenden</translation>
+    </message>
+    <message>
+        <source>Palette (group,index):</source>
+        <translation>Palette (Gruppe,Index):</translation>
+    </message>
+    <message>
+        <source>Images (*.png *.pcx *.gif *.bmp)</source>
+        <translation>Bilder (*.png *.pcx *.gif *.bmp)</translation>
+    </message>
+    <message>
+        <source>Add a numbered series</source>
+        <translation>Nummerierte Serie hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) will be added.</source>
+        <translation>
+            <numerusform>%n Bild wird hinzugefügt.</numerusform>
+            <numerusform>%n Bilder werden hinzugefügt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>First group:</source>
+        <translation>Erste Gruppe:</translation>
+    </message>
+    <message>
+        <source>First index:</source>
+        <translation>Erster Index:</translation>
+    </message>
+    <message>
+        <source>Step:</source>
+        <translation>Schritt:</translation>
+    </message>
+    <message>
+        <source>SFF version %1</source>
+        <translation>SFF-Version %1</translation>
+    </message>
+    <message>
+        <source>Add pictures</source>
+        <translation>Bilder hinzufügen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n sprite(s) added.</source>
+        <translation>
+            <numerusform>%n Sprite hinzugefügt.</numerusform>
+            <numerusform>%n Sprites hinzugefügt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>First picture of the series</source>
+        <translation>Erstes Bild der Serie</translation>
+    </message>
+    <message>
+        <source>Replace picture</source>
+        <translation>Bild ersetzen</translation>
+    </message>
+    <message>
+        <source>Picture of %1,%2 replaced.</source>
+        <translation>Bild von %1,%2 ersetzt.</translation>
+    </message>
+    <message>
+        <source>Export pictures</source>
+        <translation>Bilder exportieren</translation>
+    </message>
+    <message>
+        <source>%1: could not be written</source>
+        <translation>%1: konnte nicht geschrieben werden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n picture(s) exported.</source>
+        <translation>
+            <numerusform>%n Bild exportiert.</numerusform>
+            <numerusform>%n Bilder exportiert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>PNG pictures (*.png);;PCX pictures (*.pcx)</source>
+        <translation>PNG-Bilder (*.png);;PCX-Bilder (*.pcx)</translation>
+    </message>
+    <message>
+        <source>SFF %1</source>
+        <translation>SFF %1</translation>
     </message>
 </context>
 <context>
@@ -1323,12 +3142,36 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Zustände</translation>
     </message>
     <message>
-        <source>This project has no state files.</source>
-        <translation>Dieses Projekt hat keine Zustandsdateien.</translation>
-    </message>
-    <message>
         <source>Faults are checked as you type; the error icon in the status bar counts them.</source>
         <translation>Fehler werden beim Tippen geprüft; das Fehlersymbol in der Statusleiste zählt sie.</translation>
+    </message>
+    <message>
+        <source>New state file</source>
+        <translation>Neue Zustandsdatei</translation>
+    </message>
+    <message>
+        <source>File name beside the DEF:</source>
+        <translation>Dateiname neben der DEF:</translation>
+    </message>
+    <message>
+        <source>Add state file</source>
+        <translation>Zustandsdatei hinzufügen</translation>
+    </message>
+    <message>
+        <source>States (*.cns *.st);;All files (*)</source>
+        <translation>Zustände (*.cns *.st);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1 (engine&apos;s, read-only)</source>
+        <translation>%1 (der Engine, schreibgeschützt)</translation>
+    </message>
+    <message>
+        <source>This project has no state files: add one from the tool bar.</source>
+        <translation>Dieses Projekt hat keine Zustandsdateien: Fügen Sie über die Werkzeugleiste eine hinzu.</translation>
+    </message>
+    <message>
+        <source>The common states come from the engine&apos;s data folder and are shown read-only.</source>
+        <translation>Die gemeinsamen Zustände kommen aus dem Datenordner der Engine und werden schreibgeschützt gezeigt.</translation>
     </message>
 </context>
 <context>
@@ -1338,7 +3181,7 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <translation>Speichern</translation>
     </message>
     <message>
-        <source>%1 holds characters that %2 can't store: it is saved in UTF-8.</source>
+        <source>%1 holds characters that %2 can&apos;t store: it is saved in UTF-8.</source>
         <translation>%1 enthält Zeichen, die %2 nicht speichern kann: die Datei wird in UTF-8 gespeichert.</translation>
     </message>
     <message>
@@ -1355,26 +3198,17 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     </message>
 </context>
 <context>
-    <name>QTextFileViewer</name>
+    <name>QTextDocumentEditor</name>
     <message>
-        <source>Animations</source>
-        <translation>Animationen</translation>
+        <source>(none)</source>
+        <translation>(keine)</translation>
     </message>
+</context>
+<context>
+    <name>QTextOutline</name>
     <message>
-        <source>Commands</source>
-        <translation>Befehle</translation>
-    </message>
-    <message>
-        <source>%1 (read-only)</source>
-        <translation>%1 (schreibgeschützt)</translation>
-    </message>
-    <message>
-        <source>The definitions name no such file, or it is missing.</source>
-        <translation>Die Definitionen nennen keine solche Datei, oder sie fehlt.</translation>
-    </message>
-    <message>
-        <source>Shown read-only: this file is edited in its own editor in a later version.</source>
-        <translation>Schreibgeschützt angezeigt: diese Datei wird in einer späteren Version in ihrem eigenen Editor bearbeitet.</translation>
+        <source>Line %1</source>
+        <translation>Zeile %1</translation>
     </message>
 </context>
 <context>
@@ -1385,10 +3219,59 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     </message>
 </context>
 <context>
+    <name>QTextView</name>
+    <message>
+        <source>Insert snippet</source>
+        <translation>Textbaustein einfügen</translation>
+    </message>
+    <message>
+        <source>Insert controller</source>
+        <translation>Controller einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>QThumbnailsEditor</name>
+    <message>
+        <source>Sprites</source>
+        <translation>Sprites</translation>
+    </message>
+    <message>
+        <source>Actions</source>
+        <translation>Aktionen</translation>
+    </message>
+    <message>
+        <source>First frame of each action; click to open it</source>
+        <translation>Erster Frame jeder Aktion; zum Öffnen anklicken</translation>
+    </message>
+    <message>
+        <source>Every sprite; click to open it, or drag it into an action&apos;s frames</source>
+        <translation>Alle Sprites; zum Öffnen anklicken, oder in die Frames einer Aktion ziehen</translation>
+    </message>
+    <message>
+        <source>Thumbnails</source>
+        <translation>Vorschaubilder</translation>
+    </message>
+</context>
+<context>
+    <name>QWAVInfo</name>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>no readable RIFF WAVE header with a &quot;data&quot; chunk</source>
+        <translation>kein lesbarer RIFF-WAVE-Kopf mit einem „data“-Block</translation>
+    </message>
+    <message>
+        <source>truncated: the samples need %1 bytes, %2 are there</source>
+        <translation>abgeschnitten: die Samples brauchen %1 Bytes, vorhanden sind %2</translation>
+    </message>
+</context>
+<context>
     <name>QXmlParser</name>
     <message>
-        <source>Expected the element '%1'</source>
-        <translation>Das Element '%1' wurde erwartet</translation>
+        <source>Expected the element &apos;%1&apos;</source>
+        <translation>Das Element &apos;%1&apos; wurde erwartet</translation>
     </message>
     <message>
         <source>XML Error</source>
@@ -1416,6 +3299,109 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     <message>
         <source>Write the sprites for:</source>
         <translation>Die Sprites schreiben für:</translation>
+    </message>
+</context>
+<context>
+    <name>ScriptEd</name>
+    <message>
+        <source>Script Editor</source>
+        <translation>Skripteditor</translation>
+    </message>
+    <message>
+        <source>New</source>
+        <translation>Neu</translation>
+    </message>
+    <message>
+        <source>Open...</source>
+        <translation>Öffnen...</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save as...</source>
+        <translation>Speichern unter...</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Ausführen</translation>
+    </message>
+    <message>
+        <source>Export for translation...</source>
+        <translation>Zur Übersetzung exportieren...</translation>
+    </message>
+    <message>
+        <source>Common</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Project</source>
+        <translation>Projekt</translation>
+    </message>
+    <message>
+        <source>Code snippet</source>
+        <translation>Code-Baustein</translation>
+    </message>
+    <message>
+        <source>Tool</source>
+        <translation>Werkzeug</translation>
+    </message>
+    <message>
+        <source>Category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>Message output</source>
+        <translation>Meldungsausgabe</translation>
+    </message>
+    <message>
+        <source>Text output (debug)</source>
+        <translation>Textausgabe (Debug)</translation>
+    </message>
+    <message>
+        <source>Open script</source>
+        <translation>Skript öffnen</translation>
+    </message>
+    <message>
+        <source>Lua Script (*.lua)</source>
+        <translation>Lua-Skript (*.lua)</translation>
+    </message>
+    <message>
+        <source>Save script</source>
+        <translation>Skript speichern</translation>
+    </message>
+    <message>
+        <source>The script could not be saved as %1.</source>
+        <translation>Das Skript konnte nicht als %1 gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>template() answered %1: %2 sprites, %3 actions, %4 state files</source>
+        <translation>template() antwortete %1: %2 Sprites, %3 Aktionen, %4 Zustandsdateien</translation>
+    </message>
+    <message>
+        <source>Script error</source>
+        <translation>Skriptfehler</translation>
+    </message>
+    <message>
+        <source>Error!</source>
+        <translation>Fehler!</translation>
+    </message>
+    <message>
+        <source>You must save the script before use this function.</source>
+        <translation>Sie müssen das Skript speichern, bevor Sie diese Funktion benutzen.</translation>
+    </message>
+    <message>
+        <source>Save for translation</source>
+        <translation>Für die Übersetzung speichern</translation>
+    </message>
+    <message>
+        <source>Qt translation sources (*.ts)</source>
+        <translation>Qt-Übersetzungsquellen (*.ts)</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 konnte nicht geschrieben werden.</translation>
     </message>
 </context>
 </TS>
