@@ -467,6 +467,51 @@ private slots:
         QVERIFY(!qApp->styleSheet().contains(QStringLiteral("[2]")));
     }
 
+    void defaultLayoutKeepsEveryCommandInView()
+    {
+        // At the size a new installation opens on a 1280x800 screen, no editor asks the window to be
+        // wider than the screen, and no command of an editor's bars goes behind an extension arrow.
+        QVERIFY(intf->openProject(sample()));
+        m_window->resize(1240, 760);
+        for (const QInterfaceEditors editor : { ieDefinitions, ieSprites, ieAnimations, ieCommands, ieStates, ieSounds }) {
+            intf->switchEditor(editor);
+            QTest::qWait(50); // the bars lay out their buttons
+            QVERIFY2(m_window->minimumSizeHint().width() <= 1280,
+                     qPrintable(QStringLiteral("editor %1: %2").arg(editor).arg(m_window->minimumSizeHint().width())));
+            QCOMPARE(m_window->width(), 1240);
+            for (const QToolBar* bar : m_window->findChildren<QToolBar*>()) {
+                if (!bar->isVisible())
+                    continue;
+                for (QAction* each : bar->actions()) {
+                    const QWidget* button = bar->widgetForAction(each);
+                    if (button && each->isVisible() && !each->isSeparator())
+                        QVERIFY2(button->isVisible(), qPrintable(each->objectName() + QStringLiteral(" hidden on ") + bar->objectName()));
+                }
+            }
+        }
+        // Where there is room, the daily commands keep their names beside the icons.
+        intf->switchEditor(ieAnimations);
+        auto* bar = m_window->findChild<QToolBar*>(QStringLiteral("animationsToolBar"));
+        QVERIFY(bar);
+        auto named = [bar](const char* name) {
+            const auto* button = qobject_cast<QToolButton*>(bar->widgetForAction(bar->findChild<QAction*>(QLatin1String(name))));
+            return button && button->toolButtonStyle() == Qt::ToolButtonTextBesideIcon;
+        };
+        QVERIFY(named("anim_new"));
+        const bool sortNamed = named("anim_sort");
+        // In a narrow window they give way to their icons, from the last on, rather than hide a command.
+        m_window->resize(900, 760);
+        QTest::qWait(50);
+        for (QAction* each : bar->actions())
+            if (!each->isSeparator())
+                QVERIFY2(bar->widgetForAction(each)->isVisible(), qPrintable(each->objectName()));
+        QVERIFY(!named("anim_sort"));
+        m_window->resize(1240, 760);
+        QTest::qWait(50);
+        QCOMPARE(named("anim_sort"), sortNamed);
+        QVERIFY(named("anim_new"));
+    }
+
     void actionListOpensOnF4()
     {
         // A new installation starts from the shipped settings, where the list is closed.

@@ -1,5 +1,7 @@
 #include "qeditorpage.h"
 
+#include "qtoolbarfit.h"
+
 #include <QAction>
 #include <QSpinBox>
 #include <QSplitter>
@@ -11,6 +13,7 @@ namespace QEditorPage {
 void layOut(QWidget* page, QToolBar* toolBar, QWidget* field, QWidget* list, QWidget* right, int leftWidth)
 {
     toolBar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    QToolBarFit::apply(toolBar);
     auto* left = new QWidget;
     auto* leftLayout = new QVBoxLayout(left);
     leftLayout->setContentsMargins(0, 0, 0, 0);

@@ -71,7 +71,9 @@ QSpritesEditor::QSpritesEditor(QViewWorkspace* workspace, QAnimSpriteWorkspace* 
     // Columns fit the rows in view rather than the first thousand, so a large file lists at once.
     m_table->horizontalHeader()->setResizeContentsPrecision(0);
     m_table->horizontalHeader()->setStretchLastSection(true);
-    m_table->setMinimumWidth(380);
+    // The columns get their room from the splitter's first sizes; the minimum stays low enough that
+    // the page, with both panels beside it, fits a 1280 pixels wide screen in any language.
+    m_table->setMinimumWidth(320);
     buildGrid();
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
         &QSpritesEditor::currentChanged);

@@ -70,14 +70,15 @@ void QTextDocumentEditor::initialized(QToolBarItems* items, QWidget* leftPage)
     m_note->setWordWrap(true);
     m_note->setTextFormat(Qt::RichText);
     m_note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_note, 1);
+    layout->addWidget(m_note);
     connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) {
         if (isActive() && row != m_current)
             showDocument(row);
     });
     m_outline = new QTextOutline(leftPage);
     m_outline->setObjectName(name() + QStringLiteral("Outline"));
-    layout->addWidget(m_outline, 3);
+    // The outline takes the height the note leaves: no empty band between them.
+    layout->addWidget(m_outline, 1);
     connect(m_outline, &QTextOutline::lineActivated, this, [this](int line) { navigateTo(m_current, 0, line); });
 }
 
