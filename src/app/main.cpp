@@ -87,6 +87,8 @@ int main(int argc, char** argv)
     colorMan = new QColorsetManager(programDir + QStringLiteral("/colorsets"));
     configMan = new QConfigManager;
     configMan->fromFile(programDir + QStringLiteral("/config.xml"));
+    // The editors name their commands as they are made: the language is in place before the window.
+    langMan->setActive((*configMan)[QStringLiteral("language")].toString());
     scriptMan = new QScriptManager(nullptr, programDir);
     initCodecs();
 

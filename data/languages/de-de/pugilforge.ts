@@ -2293,7 +2293,7 @@ Parameter: %2</translation>
     <name>QPlaybackControls</name>
     <message>
         <source>Play</source>
-        <translation>Abspielen</translation>
+        <translation>Start</translation>
     </message>
     <message>
         <source>Play the action</source>
