@@ -308,7 +308,7 @@ void QInterface::loadConfig()
     // panels side by side: the window opens at least that wide, within the screen.
     const QSize screen = m_window->screen()->availableGeometry().size();
     if (width > 200 && height > 200)
-        m_window->resize(qBound(qMin(1240, screen.width()), width, screen.width()),
+        m_window->resize(qBound(qMin(1280, screen.width()), width, screen.width()),
                          qBound(qMin(760, screen.height()), height, screen.height()));
     m_window->restoreState(QByteArray::fromBase64(config[QStringLiteral("window_state")].toByteArray()));
     const bool showActions = config[QStringLiteral("show_action_list")].toBool();

@@ -129,15 +129,14 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     // The view arrives only when the editor is first shown: its place is held open.
     viewHost->setMinimumHeight(240);
     QToolBar* playBar = partToolBar(QStringLiteral("playbackToolBar"));
-    // Words only, so that the whole transport fits under a narrow view.
+    // Short words only, the whole story in the tool tips, as the box commands beside the view.
     playBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     QToolBar* framesBar = partToolBar(QStringLiteral("framesToolBar"));
     // The box commands stand beside the view they work in, as a painter's tools do.
     QToolBar* boxesBar = partToolBar(QStringLiteral("boxesToolBar"));
     boxesBar->setOrientation(Qt::Vertical);
     boxesBar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    QWidget* viewColumn = tightBox(QBoxLayout::TopToBottom,
-        { { tightBox(QBoxLayout::LeftToRight, { { boxesBar, 0 }, { viewHost, 1 } }), 1 }, { playBar, 0 } });
+    QWidget* viewColumn = tightBox(QBoxLayout::LeftToRight, { { boxesBar, 0 }, { viewHost, 1 } });
 
     auto* top = new QSplitter(Qt::Horizontal);
     top->addWidget(viewColumn);
@@ -146,7 +145,8 @@ QAnimationsEditor::QAnimationsEditor(QViewWorkspace* workspace, QAnimSpriteWorks
     top->setStretchFactor(1, 1);
     top->setSizes({ 600, 280 });
     auto* right = new QSplitter(Qt::Vertical);
-    right->addWidget(top);
+    // The transport runs under the view and the text together: its words fit in any language.
+    right->addWidget(tightBox(QBoxLayout::TopToBottom, { { top, 1 }, { playBar, 0 } }));
     right->addWidget(tightBox(QBoxLayout::TopToBottom, { { framesBar, 0 }, { m_frames, 1 } }));
     right->setStretchFactor(0, 3);
     right->setStretchFactor(1, 1);
