@@ -61,6 +61,15 @@ void fillSprites(QSprites* sprites, int count)
     sprites->endMacro();
 }
 
+/// Gives the sprite a new picture of one colour, `side` pixels square, in place (keeping its record).
+void repaintInPlace(QSprite* sprite, int side)
+{
+    QImage picture(side, side, QImage::Format_Indexed8);
+    picture.setColorTable({ qRgb(0, 0, 0), qRgb(9, 9, 9) });
+    picture.fill(1);
+    sprite->setImage(picture, ssmPrivate);
+}
+
 void clickCell(QListView* grid, int row)
 {
     const QModelIndex index = grid->model()->index(row, 0);
@@ -125,10 +134,7 @@ private slots:
             grid->visualRect(grid->model()->index(5, 0)).center());
         QCOMPARE(editor->selectedRows(), QList<int>({ 3, 4, 5 }));
         QCOMPARE(editor->table()->currentIndex().row(), 5);
-        QImage bigger(40, 40, QImage::Format_Indexed8);
-        bigger.setColorTable({ qRgb(0, 0, 0), qRgb(9, 9, 9) });
-        bigger.fill(1);
-        sprites->at(4)->setImage(bigger, ssmPrivate);
+        repaintInPlace(sprites->at(4), 40);
         grid->viewport()->repaint();
         QCOMPARE(editor->thumbnailCache()->decodes(), decoded + 1);
         QTest::keyClick(grid, Qt::Key_T, Qt::ControlModifier);
@@ -156,10 +162,7 @@ private slots:
         decoded = panel->cache()->decodes();
 
         // A picture edited in place: its cell alone is decoded again.
-        QImage other(24, 24, QImage::Format_Indexed8);
-        other.setColorTable({ qRgb(0, 0, 0), qRgb(9, 9, 9) });
-        other.fill(1);
-        sprites->at(4)->setImage(other, ssmPrivate);
+        repaintInPlace(sprites->at(4), 24);
         grid->viewport()->repaint();
         QCOMPARE(panel->cache()->decodes(), decoded + 1);
         decoded = panel->cache()->decodes();
