@@ -13,6 +13,7 @@
 #include "model/qanimations.h"
 #include "model/qproject.h"
 #include "model/qsprite.h"
+#include "model/qspritepalette.h"
 #include "model/qsprites.h"
 #include "realdata.h"
 #include "screenshots.h"
@@ -165,6 +166,18 @@ private slots:
         repaintInPlace(sprites->at(4), 24);
         grid->viewport()->repaint();
         QCOMPARE(panel->cache()->decodes(), decoded + 1);
+        decoded = panel->cache()->decodes();
+
+        // New colours of a palette, kept in the same palette: the sprites drawn with it are decoded again.
+        QSpritePalette* palette = sprites->at(0)->palette();
+        QVERIFY(palette);
+        int users = 0;
+        for (int row = 0; row < sprites->count(); ++row)
+            users += sprites->at(row)->palette() == palette ? 1 : 0;
+        QVERIFY(users > 0);
+        palette->setColorTable({ qRgb(0, 0, 0), qRgb(250, 250, 0), qRgb(0, 0, 250) });
+        grid->viewport()->repaint();
+        QCOMPARE(panel->cache()->decodes(), decoded + users);
         decoded = panel->cache()->decodes();
 
         // A removed sprite takes only its own picture: the others are kept.
