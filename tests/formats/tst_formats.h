@@ -62,7 +62,7 @@ private slots:
     // tst_png.cpp: the PNG decoder gives what the general reader gives
     void pngRealSprites();
     void pngSynthetic_data();
-    void pngChunkClaimingPastTheEnd();
+    void pngFaultsNamed();
     void pngSynthetic();
     void pngWrittenByQt_data();
     void pngWrittenByQt();
