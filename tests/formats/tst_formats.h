@@ -44,6 +44,7 @@ private slots:
     void fontParsesText();
     void fontCutsGlyphs();
     void fontRefusesBadInput();
+    void fontInfoCommand();
 
     // tst_cli.cpp: the command-line tool's palette and image commands
     void cliPalette();
