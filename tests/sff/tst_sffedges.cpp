@@ -10,6 +10,7 @@
 #include "model/qspriteimagedata.h"
 #include "model/qspritepalettedata.h"
 #include "model/qsprites.h"
+#include "util/qmessages.h"
 
 #include <QBuffer>
 #include <QDataStream>
@@ -562,4 +563,15 @@ void TestSff::pngPayloadFaultsNameTheSprite()
                  QByteArray(reinterpret_cast<const char*>(picture.constScanLine(y)), 6));
     for (int i = 1; i < 5; ++i)
         QVERIFY2(!sprites->at(i)->imageData(), qPrintable(QString::number(i)));
+
+    // Opened as a project opens it, the faults head the sprite file's messages.
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("png.sff"));
+    QVERIFY(writeFile(path, file.bytes()));
+    QVERIFY(sprites->fromFile(path));
+    sprites->checkErrors();
+    QVERIFY(sprites->messages()->count() >= 4);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(sprites->messages()->at(i).text, reader.faults().at(i));
+    QCOMPARE(QMessages::format(sprites->messages()->at(0)), QStringLiteral("SFF: ") + reader.faults().at(0));
 }
