@@ -75,7 +75,8 @@ QString sizeFault(const uchar* header)
     const quint32 width = qFromBigEndian<quint32>(header + 16);
     const quint32 height = qFromBigEndian<quint32>(header + 20);
     const int bitDepth = header[24], colourType = header[25];
-    const qint64 depth = bitDepth == 16 ? 64 : (colourType == 0 || colourType == 3) ? 8 : 32;
+    // Grey pictures become 32-bit ones when they have a transparent colour.
+    const qint64 depth = bitDepth == 16 ? 64 : colourType == 3 ? 8 : 32;
     const qint64 limit = qint64(QImageReader::allocationLimit()) << 20;
     const qint64 bytes = (qint64(width) * depth + 31) / 32 * 4 * qint64(height);
     if (limit > 0 && bytes > limit)
@@ -143,6 +144,10 @@ void decodeAll(png_structp png, png_infop info, png_infop end, Decoding* decodin
     // Real pictures may declare a smaller window than their stream uses; readers take them.
     png_set_option(png, PNG_MAXIMUM_INFLATE_WINDOW, PNG_OPTION_ON);
     png_read_info(png, info);
+    // Rows are checked as they pass through transformations, the palette
+    // indices among them, and the general reader always asks for some; this
+    // one changes nothing of what is checked.
+    png_set_bgr(png);
     const int passes = png_set_interlace_handling(png);
     png_read_update_info(png, info);
     // libpng has checked the width against its limits by now.

@@ -539,6 +539,10 @@ void TestFormats::pngFaultsNamed()
     QCOMPARE(faultOf(fileOf(warned)), QStringLiteral("loaded"));
     warned.insert(1, { "tEXt", QByteArray("a\0b", 3), true });
     QCOMPARE(faultOf(fileOf(warned)), QStringLiteral("chunk tEXt at byte 33 has a bad checksum"));
+    // Indices past a palette of four colours: libpng warns of them as the general reader reads the rows.
+    interlaced.colours = 4;
+    QCOMPARE(faultOf(fileOf(chunksOf(interlaced))),
+             QStringLiteral("damaged picture: IDAT: Read palette index exceeding num_palette"));
 }
 
 void TestFormats::pngSynthetic()
