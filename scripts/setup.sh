@@ -9,7 +9,7 @@ PF_BUILD=${PF_BUILD_DIR:-$PF_ROOT/build}
 packages=(
     g++ cmake ninja-build ccache pkg-config
     qt6-base-dev qt6-5compat-dev qt6-multimedia-dev libqt6opengl6-dev qt6-qpa-plugins libgl-dev
-    liblua5.2-dev libluabind-dev libboost-dev libuchardet-dev zlib1g-dev
+    liblua5.2-dev libluabind-dev libboost-dev libuchardet-dev zlib1g-dev libpng-dev
     xvfb xauth x11-apps imagemagick xdotool
     adwaita-icon-theme libqt6svg6 qt6-l10n-tools qt6-tools-dev
     python3

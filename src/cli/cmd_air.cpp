@@ -2,6 +2,7 @@
 // program reads them, in the order of the file, for reviews and diffs: each
 // action with its frames, and each frame's boxes by type.
 #include "qclicommand.h"
+#include "qcliinput.h"
 
 #include "model/qanimationframe.h"
 #include "model/qanimations.h"
@@ -159,6 +160,9 @@ int runAir(const QCliRun& run)
     const QString fileName = arguments.first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
+    const QString refusal = notEngineText(fileName, QStringLiteral("not an AIR file"));
+    if (!refusal.isEmpty())
+        return run.fail(fileName, refusal);
 
     QProject::init();
     QSyntaxTextEditor text(nullptr, pftAnimations, true, engineVersion::v1_1, false);

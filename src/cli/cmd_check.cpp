@@ -2,6 +2,7 @@
 // findings on one text file of the engine, or, for a DEF, on every text file
 // of its project, with the file names that work only where the engine runs.
 #include "qclicommand.h"
+#include "qcliinput.h"
 
 #include "model/qdefinitions.h"
 #include "model/qproject.h"
@@ -225,8 +226,9 @@ int runCheck(const QCliRun& run)
     if (!file.open(QIODevice::ReadOnly))
         return run.fail(fileName, QStringLiteral("can't open the file"));
     const QByteArray data = file.readAll();
-    if (!isEngineText(data))
-        return run.fail(fileName, QStringLiteral("not a text file of the engine"));
+    const QString refusal = notEngineText(fileName, QStringLiteral("not a text file of the engine"));
+    if (!refusal.isEmpty())
+        return run.fail(fileName, refusal);
     const bool project = QFileInfo(fileName).suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) == 0;
     // Authors' files come in any encoding; detection decides, as on loading.
     QString text = project ? QString() : decodeEngineText(data, 0, nullptr);

@@ -1,5 +1,6 @@
 // pugilforge-cli cmd FILE: the commands of a CMD file.
 #include "qclicommand.h"
+#include "qcliinput.h"
 
 #include "model/qcommand.h"
 #include "model/qcommands.h"
@@ -66,6 +67,9 @@ int runCmd(const QCliRun& run)
     const QString fileName = run.arguments().first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
+    const QString refusal = notEngineText(fileName, QStringLiteral("not a CMD file"));
+    if (!refusal.isEmpty())
+        return run.fail(fileName, refusal);
     initCodecs();
     QProject::init();
     QCommands commands(nullptr);

@@ -24,9 +24,10 @@ int runImage(const QCliRun& run)
     const QString fileName = arguments.first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
-    const QImage image = loadImage(fileName);
+    QString fault;
+    const QImage image = loadImage(fileName, &fault);
     if (image.isNull())
-        return run.fail(fileName, QStringLiteral("not a readable image"));
+        return run.fail(fileName, fault);
 
     const QString target = arguments.value(1);
     const QImage output = writable(image);

@@ -1,7 +1,9 @@
-// pugilforge-cli info FILE.def: what a DEF makes of its project, and every
-// file of it as the project opens it.
+// pugilforge-cli info FILE.def|FILE.fnt: what a DEF makes of its project, and
+// every file of it as the project opens it; or what an old font file holds.
 #include "qclicommand.h"
+#include "qcliinput.h"
 
+#include "formats/qoldfont.h"
 #include "model/qanimations.h"
 #include "model/qcommands.h"
 #include "model/qdefinitions.h"
@@ -17,7 +19,6 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QRegularExpression>
 #include <QTextDocument>
 
 namespace {
@@ -105,34 +106,59 @@ QString typeKey(QProjectType type)
     return QString();
 }
 
-/// Why a file is no DEF, or an empty string: a DEF is text, named *.def,
-/// with at least one [group] line. Anything else would open as a character
-/// with no name and no files, which tells a script nothing.
-QString notADefinition(const QString& fileName)
+bool isOldFontName(const QString& fileName)
 {
-    if (QFileInfo(fileName).suffix().compare(QLatin1String("def"), Qt::CaseInsensitive) != 0)
-        return QStringLiteral("not a DEF file: the name does not end in .def");
+    return QFileInfo(fileName).suffix().compare(QLatin1String("fnt"), Qt::CaseInsensitive) == 0;
+}
+
+/// An old font file (the engine's fonts before 1.0; a DEF of "[FNT v2]" names a sprite file instead).
+int oldFontInfo(const QCliRun& run, const QString& fileName)
+{
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        return QStringLiteral("can't read the file");
-    const QByteArray head = file.read(1 << 16);
-    if (head.contains('\0'))
-        return QStringLiteral("not a DEF file: it holds binary data");
-    static const QRegularExpression group(QStringLiteral("^[ \\t]*\\[[^\\]\\r\\n]+\\]"),
-                                          QRegularExpression::MultilineOption);
-    if (!QString::fromLatin1(head).contains(group))
-        return QStringLiteral("not a DEF file: it has no [group] line");
-    return QString();
+        return run.fail(fileName, QStringLiteral("can't read the file"));
+    QOldFont font;
+    if (!font.read(file.readAll()))
+        return run.fail(fileName, font.fault());
+    const QString kind = font.isFixed() ? QStringLiteral("fixed") : QStringLiteral("variable");
+    if (run.json()) {
+        run.printJson(QJsonObject{
+            {QStringLiteral("file"), fileName},
+            {QStringLiteral("type"), typeKey(ptFont)},
+            {QStringLiteral("format"), QStringLiteral("fnt1")},
+            {QStringLiteral("kind"), kind},
+            {QStringLiteral("size"), QJsonArray{font.size().width(), font.size().height()}},
+            {QStringLiteral("spacing"), QJsonArray{font.spacing().x(), font.spacing().y()}},
+            {QStringLiteral("offset"), QJsonArray{font.offset().x(), font.offset().y()}},
+            {QStringLiteral("colors"), font.colors()},
+            {QStringLiteral("banks"), font.banks()},
+            {QStringLiteral("characterCount"), int(font.map().size())},
+            {QStringLiteral("picture"), QJsonArray{font.image().width(), font.image().height()}}});
+        return 0;
+    }
+    run.print(QStringLiteral("type: %1 (old font file, version 1)").arg(QProject::typeLabel(ptFont)));
+    run.print(QStringLiteral("kind: %1").arg(kind));
+    run.print(QStringLiteral("size: %1x%2").arg(font.size().width()).arg(font.size().height()));
+    run.print(QStringLiteral("spacing: %1,%2").arg(font.spacing().x()).arg(font.spacing().y()));
+    run.print(QStringLiteral("offset: %1,%2").arg(font.offset().x()).arg(font.offset().y()));
+    run.print(QStringLiteral("colours: %1 (%2 banks)").arg(font.colors()).arg(font.banks()));
+    run.print(QStringLiteral("characters: %1").arg(font.map().size()));
+    run.print(QStringLiteral("picture: %1x%2").arg(font.image().width()).arg(font.image().height()));
+    return 0;
 }
 
 int runInfo(const QCliRun& run)
 {
     if (run.arguments().size() != 1)
-        return run.usage(QStringLiteral("info FILE.def"));
+        return run.usage(QStringLiteral("info FILE.def|FILE.fnt"));
     const QString fileName = run.arguments().first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
-    const QString refusal = notADefinition(fileName);
+    if (isOldFontName(fileName))
+        return oldFontInfo(run, fileName);
+    QString refusal = notADefinition(fileName);
+    if (refusal.endsWith(QLatin1String(".def")))
+        refusal += QStringLiteral(" (or .fnt, for an old font file)");
     if (!refusal.isEmpty())
         return run.fail(fileName, refusal);
 
@@ -199,9 +225,10 @@ int runInfo(const QCliRun& run)
     return 0;
 }
 
-const QCliCommand command("info", "info FILE.def",
+const QCliCommand command("info", "info FILE.def|FILE.fnt",
                           "print what a DEF makes of its project: type, name, engine version, localcoord and "
-                          "every file it names, resolved as the engine finds them, with its count and messages",
+                          "every file it names, resolved as the engine finds them, with its count and messages; "
+                          "or the size, spacing, colours and characters of an old font file",
                           runInfo);
 
 } // namespace

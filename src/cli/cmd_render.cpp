@@ -1,6 +1,7 @@
 // pugilforge-cli render PROJECT.def (--sprite G,I | --action N [--tick T]) OUT.png [--zoom Z] [--boxes]
 // [--palette N]: the sprite view's own drawing of a sprite, or of the frame an action shows at a tick, into a PNG.
 #include "qclicommand.h"
+#include "qcliinput.h"
 
 #include "formats/qimagefiles.h"
 #include "model/qanimation.h"
@@ -141,6 +142,9 @@ int runRender(const QCliRun& run)
         return run.fail(QStringLiteral("--zoom"), QStringLiteral("%1 is not a step of the zoom tables").arg(options.zoom));
     if (!QFileInfo(options.project).isFile())
         return run.fail(options.project, QStringLiteral("no such file"));
+    const QString refusal = notADefinition(options.project);
+    if (!refusal.isEmpty())
+        return run.fail(options.project, refusal);
 
     initCodecs();
     QProject::init();

@@ -3,6 +3,7 @@
 // copies written into the engine's folders, the engine started through wine,
 // the copies removed afterwards.
 #include "qclicommand.h"
+#include "qcliinput.h"
 
 #include "managers/qmugenpresets.h"
 #include "managers/qmugenrun.h"
@@ -84,6 +85,9 @@ int runRun(const QCliRun& run)
     const QString fileName = arguments.first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
+    const QString refusal = notADefinition(fileName);
+    if (!refusal.isEmpty())
+        return run.fail(fileName, refusal);
     if (!QFileInfo(executable).isFile())
         return run.fail(executable, QStringLiteral("no such engine executable"));
 

@@ -171,7 +171,11 @@ int build(const QCliRun& run, const QString& output, const QString& input)
             QFile wav(source.path);
             if (!wav.open(QIODevice::ReadOnly))
                 return run.fail(source.path, QStringLiteral("can't read the WAV file"));
-            sounds.insertSample(sounds.count(), QSoundInfo(source.group, source.sample), wav.readAll());
+            const QByteArray bytes = wav.readAll();
+            // The engine plays what the file holds; anything but a RIFF WAVE would be noise or silence.
+            if (!bytes.startsWith("RIFF") || bytes.mid(8, 4) != "WAVE")
+                return run.fail(source.path, QStringLiteral("not a WAV file: no RIFF WAVE header at its start"));
+            sounds.insertSample(sounds.count(), QSoundInfo(source.group, source.sample), bytes);
         }
     }
     if (!sounds.toFile(output))

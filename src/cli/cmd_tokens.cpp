@@ -2,6 +2,7 @@
 // line by line: its detected encoding and each line's tokens.
 #include "qclicommand.h"
 
+#include "syntax/qenginetext.h"
 #include "text/qcodecs.h"
 #include "text/qtexttoken.h"
 #include "text/qtokenizer.h"
@@ -46,9 +47,14 @@ int runTokens(const QCliRun& run)
     if (!file.open(QIODevice::ReadOnly))
         return run.fail(fileName, file.errorString());
 
+    const QByteArray data = file.readAll();
+    // Any text will do, but not the bytes of a picture or a program.
+    if (!isEngineText(data))
+        return run.fail(fileName, QStringLiteral("not a text file: it holds binary data"));
+
     initCodecs();
     int used = 0;
-    const QString text = stringFromData(file.readAll(), 0, &used);
+    const QString text = stringFromData(data, 0, &used);
     const QStringList lines = documentLines(text);
 
     QJsonArray jsonLines;

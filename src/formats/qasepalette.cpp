@@ -56,7 +56,8 @@ bool QASEPalette::fromFile(QIODevice* device, QRGBA (*palette)[256])
             continue;
         }
         if (type != aseColour) {
-            if (stream.skipRawData(qint64(length)) != qint64(length))
+            // A length past the end would reach the device as a negative skip, which Qt complains of.
+            if (qint64(length) > device->bytesAvailable() || stream.skipRawData(qint64(length)) != qint64(length))
                 return false;
             continue;
         }

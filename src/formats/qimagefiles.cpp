@@ -2,6 +2,7 @@
 
 #include "qpcx.h"
 #include "qpngdecoder.h"
+#include "qpngfault.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -44,14 +45,25 @@ static bool isPcxName(const QString& path)
     return QFileInfo(path).suffix().compare(QLatin1String("pcx"), Qt::CaseInsensitive) == 0;
 }
 
-QImage loadImage(const QString& path)
+QImage loadImage(const QString& path, QString* fault)
 {
-    if (!isPcxName(path))
-        return QImage(path);
+    if (fault)
+        fault->clear();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
+        if (fault)
+            *fault = QStringLiteral("can't read the file");
         return QImage();
-    return loadPCX(file.readAll());
+    }
+    const QByteArray data = file.readAll();
+    // A PNG is known by its signature, whatever its name, so that libpng never
+    // sees a damaged one.
+    if (data.startsWith("\x89PNG"))
+        return loadPNG(data, fault);
+    const QImage image = isPcxName(path) ? loadPCX(data) : QImage(path);
+    if (image.isNull() && fault)
+        *fault = QStringLiteral("not a readable image");
+    return image;
 }
 
 bool saveImage(const QString& path, const QImage& image)
@@ -68,8 +80,10 @@ bool saveImage(const QString& path, const QImage& image)
     return file.commit();
 }
 
-QImage loadPNG(const QByteArray& data)
+QImage loadPNG(const QByteArray& data, QString* fault)
 {
+    if (fault)
+        fault->clear();
     QPngDecoder decoder;
     if (decoder.open(data)) {
         QImage image(decoder.size(), decoder.format());
@@ -79,11 +93,15 @@ QImage loadPNG(const QByteArray& data)
             return image;
         }
     }
-    if (QPngDecoder::claimsPastEnd(data))
-        return QImage();
     // Whatever the fast decoder leaves, other depths and damaged files alike,
-    // is the general reader's to judge.
-    return QImage::fromData(data, "PNG");
+    // is the general reader's, once it is known to decode without a word:
+    // libpng would print its complaints, and allocate what a damaged length
+    // claims before finding the file short.
+    const QString found = pngFault(data);
+    const QImage image = found.isEmpty() ? QImage::fromData(data, "PNG") : QImage();
+    if (fault && image.isNull())
+        *fault = !found.isEmpty() ? found : QStringLiteral("the picture could not be decoded");
+    return image;
 }
 
 QByteArray savePNG(const QImage& image)

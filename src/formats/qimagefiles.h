@@ -14,15 +14,17 @@ QImage::Format depthToFormat(int depth);
 /// The bit depth of a QImage format: 8, 24 or 32; any other format gives 0.
 int formatToDepth(QImage::Format format);
 
-/// Loads an image file: "pcx" by suffix through loadPCX, any other through QImage.
-/// A null image when the file cannot be read.
-QImage loadImage(const QString& path);
+/// Loads an image file: a PNG by its signature through loadPNG, "pcx" by
+/// suffix through loadPCX, any other through QImage. A null image when the
+/// file cannot be read, with the reason in `fault` when given.
+QImage loadImage(const QString& path, QString* fault = nullptr);
 /// Saves an image file, "pcx" by suffix through savePCX and any other through
 /// QImage, replacing the target only when the whole file is written.
 bool saveImage(const QString& path, const QImage& image);
 
-/// Decodes a PNG payload; a null image on failure.
-QImage loadPNG(const QByteArray& data);
+/// Decodes a PNG payload; a null image on failure, with what was wrong in
+/// `fault` when given (see pngFault()), which is emptied on success.
+QImage loadPNG(const QByteArray& data, QString* fault = nullptr);
 /// Encodes an image as PNG; empty on failure.
 QByteArray savePNG(const QImage& image);
 

@@ -3,6 +3,7 @@
 #include "qfntheader.h"
 #include "qpcx.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -46,17 +47,41 @@ bool mapCharacter(QString word, char& character)
 
 bool QOldFont::read(const QByteArray& data)
 {
-    if (data.size() < QFNTHeader::size)
-        return false;
+    *this = QOldFont();
     QFNTHeader header;
     QDataStream stream(data);
     stream.setByteOrder(QDataStream::LittleEndian);
     stream >> header;
-    if (!header.isValid())
+    if (data.size() < QFNTHeader::size || !header.isValid()) {
+        m_fault = QStringLiteral("not an old font file: no \"ElecbyteFnt\" signature at its start");
+        return false;
+    }
+    const auto pastTheEnd = [&data](const char* what, quint32 offset, quint32 size) {
+        if (qint64(offset) + size <= data.size())
+            return QString();
+        const QLocale english(QLocale::English);
+        return QStringLiteral("%1 of %2 bytes at byte %3 runs past the end of the file at byte %4")
+            .arg(QLatin1String(what), english.toString(size), english.toString(offset), english.toString(data.size()));
+    };
+    m_fault = pastTheEnd("the glyph picture", header.pcxOffset, header.pcxSize);
+    if (m_fault.isEmpty())
+        m_fault = pastTheEnd("the definition text", header.textOffset, header.textSize);
+    if (!m_fault.isEmpty())
         return false;
     parseText(QString::fromLatin1(data.mid(header.textOffset, header.textSize)));
     m_image = loadPCX(data.mid(header.pcxOffset, header.pcxSize));
-    return !m_image.isNull();
+    // Glyphs are indices into the colour banks: the picture must have them.
+    if (m_image.isNull())
+        m_fault = QStringLiteral("the glyph picture at byte %1 is not a readable PCX picture").arg(header.pcxOffset);
+    else if (m_image.format() != QImage::Format_Indexed8 || m_image.colorCount() != 256)
+        m_fault = QStringLiteral("the glyph picture is not one of 256 colours");
+    else if (m_map.isEmpty())
+        m_fault = QStringLiteral("the definition text maps no character: it has no [Map] lines");
+    if (!m_fault.isEmpty()) {
+        m_image = QImage();
+        return false;
+    }
+    return true;
 }
 
 void QOldFont::parseText(const QString& text)

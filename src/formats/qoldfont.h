@@ -25,8 +25,14 @@
 class QOldFont
 {
 public:
-    /// Reads a whole font file; false for a bad signature or an unreadable PCX.
+    /**
+     * Reads a whole font file; false, with fault() saying what is wrong and
+     * where, for a bad signature, a picture or text that runs past the end of
+     * the file, a picture that is no 256-colour PCX, or a map of no character.
+     */
     bool read(const QByteArray& data);
+    /// Why the last read() failed, in one line; empty after a good one.
+    QString fault() const { return m_fault; }
     /// Parses the definition text alone.
     void parseText(const QString& text);
 
@@ -68,4 +74,5 @@ private:
     QPoint m_offset;
     QMap<char, QPoint> m_map;
     QImage m_image;
+    QString m_fault;
 };

@@ -126,23 +126,6 @@ bool QPngDecoder::open(const QByteArray& data)
     return limit <= 0 || qsizetype(m_height) * bytesPerLine() <= limit;
 }
 
-bool QPngDecoder::claimsPastEnd(const QByteArray& data)
-{
-    const auto* bytes = reinterpret_cast<const uchar*>(data.constData());
-    const qsizetype size = data.size();
-    if (size < 8 || std::memcmp(bytes, signature, sizeof signature) != 0)
-        return false;
-    for (qsizetype at = 8; size - at >= 8;) {
-        const qsizetype length = qFromBigEndian<quint32>(bytes + at);
-        if (qFromBigEndian<quint32>(bytes + at + 4) == chunkType("IDAT"))
-            return false;
-        if (length > size - at - 12)
-            return true;
-        at += 12 + length;
-    }
-    return false;
-}
-
 bool QPngDecoder::readHeader(const uchar* chunk, quint32 length)
 {
     if (length != 13)

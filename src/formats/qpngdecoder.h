@@ -27,12 +27,6 @@ class QPngDecoder
 public:
     /// Reads the chunks; false when this decoder does not take the picture.
     bool open(const QByteArray& data);
-    /**
-     * True when a chunk before the compressed rows claims more bytes than the
-     * data holds. The general reader would allocate what such a length says
-     * (hundreds of megabytes from a hundred-byte file) before finding out.
-     */
-    static bool claimsPastEnd(const QByteArray& data);
 
     QSize size() const { return QSize(int(m_width), int(m_height)); }
     QImage::Format format() const { return m_format; }

@@ -66,6 +66,20 @@ bool samePayload(const QStreamCacheItem& a, const QStreamCacheItem& b)
     return a.filter != cfNone && a.filter == b.filter && !a.data.isEmpty() && a.data == b.data;
 }
 
+/// How a PNG picture differs from the size and depth its sprite record gives, or an empty string.
+QString pngMismatch(const QPngHash& png, const QSFFv2Sprite& record, QImage::Format format)
+{
+    if (png.size != QSize(record.width, record.height))
+        return QStringLiteral("the picture is %1x%2, the sprite's record says %3x%4")
+            .arg(png.size.width())
+            .arg(png.size.height())
+            .arg(record.width)
+            .arg(record.height);
+    if (png.format != format)
+        return QStringLiteral("the picture's pixels are not of the %1 bits the sprite's record says").arg(record.depth);
+    return QString();
+}
+
 /// Sprites 0,0 and 9000,0 are the ones the engine draws with the character's palette.
 bool takesCharacterPalette(quint16 group, quint16 index)
 {
@@ -410,7 +424,21 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
         return;
     // Dropping the size prefix from the front of an unshared array moves no bytes.
     data.remove(0, 4);
-    sprite->setEncodedImage(data, sffFilterOf(record.compression), record.width, record.height, format);
+    const QStreamCacheFilterType filter = sffFilterOf(record.compression);
+    quint64 crc = 0;
+    if (filter == cfPNG) {
+        // A PNG names its own size and kind of pixels, which must be the sprite's.
+        const QPngHash png = hashPNG(data, m_pixels);
+        const QString fault = png.fault.isEmpty() ? pngMismatch(png, record, format) : png.fault;
+        if (!fault.isEmpty()) {
+            m_faults << QStringLiteral("%1: PNG data: %2")
+                            .arg(spriteName(m_sprites->indexOf(sprite), record.group, record.index, header.spriteCount),
+                                 fault);
+            return;
+        }
+        crc = png.crc;
+    }
+    sprite->setEncodedImage(data, filter, record.width, record.height, format, crc);
 }
 
 void QSFFReader::joinDuplicates()

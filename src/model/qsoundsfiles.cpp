@@ -65,7 +65,9 @@ bool QSounds::read(QIODevice& file)
     bool read = true;
     for (quint32 i = 0; i < header.count && allow && read; ++i) {
         QSNDSubHeader sub;
-        read = file.seek(position) && (stream >> sub).status() == QDataStream::Ok;
+        // A place past the end is a fault of the file, not a seek for the device to complain of.
+        read = position <= fileSize - QSNDSubHeader::size && file.seek(position)
+            && (stream >> sub).status() == QDataStream::Ok;
         const qint64 start = position + QSNDSubHeader::size;
         // The bytes up to the next subheader belong to the sound, so that a
         // file with gaps saves back as it was; the last may give no next one.

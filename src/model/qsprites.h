@@ -150,7 +150,8 @@ public:
     // Files
     /// Reads an SFF file of any version the program knows; false, with the
     /// model empty, when it cannot be read. Unless `keepName`, the model
-    /// takes the path as its file name.
+    /// takes the path as its file name. What the reader found wrong, parts
+    /// cut short or damaged, heads the messages of checkErrors().
     bool fromFile(const QString& path, bool keepName = false);
     /**
      * Writes the model as an SFF file of `version` (0 keeps the present one,
@@ -247,6 +248,7 @@ private:
     QStreamCache m_cache;
     QList<QSprite*> m_sprites;
     QString m_fileName;
+    QStringList m_readFaults; ///< of the file last read
     quint32 m_version = defaultVersion;
     bool m_modified = false;
     int m_changing = 0;

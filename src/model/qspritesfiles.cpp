@@ -59,7 +59,10 @@ QImage quantized(const QImage& picture, int& error)
 
 bool QSprites::fromFile(const QString& path, bool keepName)
 {
-    if (!QSFFReader(this, !project() || projectType() == ptCharacter).read(path))
+    QSFFReader reader(this, !project() || projectType() == ptCharacter);
+    const bool read = reader.read(path);
+    m_readFaults = reader.faults();
+    if (!read)
         return false;
     if (!keepName)
         m_fileName = path;

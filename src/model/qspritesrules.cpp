@@ -92,6 +92,8 @@ void QSprites::checkErrors()
     QMessages* list = messages();
     list->beginChange();
     list->clear();
+    for (const QString& fault : qAsConst(m_readFaults))
+        list->add(mtError, fault, -1, -1);
     if (!m_sprites.isEmpty()) {
         checkSprites(projectType());
         checkPalettes();

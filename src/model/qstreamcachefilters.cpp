@@ -131,14 +131,28 @@ QByteArray QPNGCacheFilter::process(const QByteArray& data, void*)
 
 quint64 QPNGCacheFilter::checksum(const QByteArray& data, void*)
 {
+    return hashPNG(data, m_pixels).crc;
+}
+
+QPngHash hashPNG(const QByteArray& data, QScratchBuffer& pixels)
+{
     // Opening a file hashes every picture: decoding into memory kept from the
     // picture before saves allocating, and touching fresh pages, for each one.
+    QPngHash hash;
     QPngDecoder decoder;
-    if (!decoder.open(data))
-        return imageChecksum(loadPNG(data));
-    const qsizetype length = decoder.bytesPerLine() * decoder.size().height();
-    uchar* pixels = m_pixels.reserve(size_t(length));
-    if (!decoder.decode(pixels, decoder.bytesPerLine()))
-        return imageChecksum(loadPNG(data));
-    return crc64(reinterpret_cast<const char*>(pixels), quint32(length));
+    if (decoder.open(data)) {
+        const qsizetype length = decoder.bytesPerLine() * decoder.size().height();
+        uchar* bits = pixels.reserve(size_t(length));
+        if (decoder.decode(bits, decoder.bytesPerLine())) {
+            hash.crc = crc64(reinterpret_cast<const char*>(bits), quint32(length));
+            hash.size = decoder.size();
+            hash.format = decoder.format();
+            return hash;
+        }
+    }
+    const QImage image = loadPNG(data, &hash.fault);
+    hash.crc = imageChecksum(image);
+    hash.size = image.size();
+    hash.format = image.format();
+    return hash;
 }

@@ -8,6 +8,9 @@
 #include "model/qstreamcachefilter.h"
 #include "util/qscratchbuffer.h"
 
+#include <QSize>
+#include <QString>
+
 /// The crc64 of an image's scan lines, row padding taken as zero: the CRC a
 /// filter gives for a payload that decodes to this image.
 quint64 imageChecksum(const QImage& image);
@@ -64,6 +67,19 @@ class QLZ5CacheFilter : public QPixelStreamFilter
 protected:
     void decode(const QByteArray& data, QImage::Format format, const QPixelBuffer& target) const override;
 };
+
+/// What hashing a PNG payload found: the crc64 of its decoded picture, its
+/// size and format, or what is wrong with it (the rest then describe no picture).
+struct QPngHash
+{
+    quint64 crc = 0;
+    QSize size;
+    QImage::Format format = QImage::Format_Invalid;
+    QString fault;
+};
+
+/// Decodes a PNG payload into `pixels` and hashes it as imageChecksum() would the picture.
+QPngHash hashPNG(const QByteArray& data, QScratchBuffer& pixels);
 
 class QPNGCacheFilter : public QStreamCacheFilter
 {

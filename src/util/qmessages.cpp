@@ -87,9 +87,10 @@ QString QMessages::format(const QMsg& msg)
     case pftDefinitions:
         return QStringLiteral("DEF(%1): %2").arg(humanLine).arg(msg.text);
     case pftSprites: {
-        const QString item = msg.line == QMsg::PaletteItem
-            ? QStringLiteral("(%1%2)").arg(QStringLiteral("palette "), QString::number(msg.index))
-            : QStringLiteral("(%1)").arg(msg.index);
+        // A message about the whole file (a fault the reader found) names no item.
+        const QString item = msg.index < 0             ? QString()
+            : msg.line == QMsg::PaletteItem ? QStringLiteral("(%1%2)").arg(QStringLiteral("palette "), QString::number(msg.index))
+                                            : QStringLiteral("(%1)").arg(msg.index);
         return QStringLiteral("SFF%1: %2").arg(item, msg.text);
     }
     case pftAnimations:

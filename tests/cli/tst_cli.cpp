@@ -1,5 +1,8 @@
 #include "clirunner.h"
 
+#include <QBuffer>
+#include <QDir>
+#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -7,6 +10,12 @@
 #include <QtTest>
 
 namespace {
+
+bool writeBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
 
 QString sourceFile(const char* relative)
 {
@@ -99,6 +108,73 @@ private slots:
         QVERIFY(malformed.err.contains("XML Error"));
         QVERIFY(malformed.err.contains(broken.toLocal8Bit()));
         QVERIFY(malformed.out.isEmpty());
+    }
+
+    void wrongInputIsRefusedInOneLine()
+    {
+        // Each command given what it does not take: one line on standard error naming the file
+        // and the fault, nothing on standard output, exit 1; never an empty model of its kind.
+        QTemporaryDir dir;
+        QImage picture(4, 2, QImage::Format_RGB32);
+        picture.fill(Qt::green);
+        QByteArray png;
+        QBuffer buffer(&png);
+        QVERIFY(buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, "PNG"));
+        QByteArray binary(2000, '\0');
+        for (qsizetype i = 0; i < binary.size(); ++i)
+            binary[i] = char(i * 7 % 251);
+        const QList<QPair<const char*, QByteArray>> contents = {
+            { "empty", QByteArray() }, { "seven", QByteArray("abcdefg") }, { "picture", png }, { "binary", binary } };
+        const QString engine = dir.filePath(QStringLiteral("mugen.exe"));
+        QVERIFY(writeBytes(engine, "stand-in"));
+        const QString output = dir.filePath(QStringLiteral("out.png"));
+        struct Use
+        {
+            QStringList before;
+            const char* suffix;
+            QStringList after;
+            QList<const char*> takes; ///< contents the command rightly reads
+        };
+        const QList<Use> uses = {
+            { { QStringLiteral("air") }, "air", {}, {} },
+            { { QStringLiteral("cmd") }, "cmd", {}, {} },
+            { { QStringLiteral("check") }, "cns", {}, {} },
+            { { QStringLiteral("check") }, "def", {}, {} },
+            { { QStringLiteral("info") }, "def", {}, {} },
+            { { QStringLiteral("info") }, "fnt", {}, {} },
+            { { QStringLiteral("render") }, "def", { QStringLiteral("--sprite"), QStringLiteral("0,0"), output }, {} },
+            { { QStringLiteral("run") }, "def", { QStringLiteral("--engine"), engine, QStringLiteral("--dry-run") }, {} },
+            { { QStringLiteral("palette") }, "act", {}, {} },
+            { { QStringLiteral("sff"), QStringLiteral("info") }, "sff", {}, {} },
+            { { QStringLiteral("snd"), QStringLiteral("info") }, "snd", {}, {} },
+            { { QStringLiteral("image") }, "pcx", {}, { "picture" } },
+            { { QStringLiteral("tokens") }, "cns", {}, { "empty", "seven" } },
+        };
+        for (const Use& use : uses) {
+            for (const auto& [name, bytes] : contents) {
+                const QString file = dir.filePath(QStringLiteral("%1.%2").arg(QLatin1String(name), QLatin1String(use.suffix)));
+                QVERIFY(writeBytes(file, bytes));
+                const CliResult result = runCli(use.before + QStringList{ file } + use.after);
+                const QString what = (use.before + QStringList{ file }).join(QLatin1Char(' '));
+                if (use.takes.contains(name)) {
+                    QVERIFY2(result.exitCode == 0, qPrintable(what));
+                    continue;
+                }
+                QVERIFY2(result.exitCode == 1, qPrintable(what + QStringLiteral(" exits %1").arg(result.exitCode)));
+                QVERIFY2(result.err.count('\n') == 1 && result.faultLines() == 1, qPrintable(what + QStringLiteral(": ") + QString::fromUtf8(result.err)));
+                QVERIFY2(result.err.contains(file.toUtf8()), qPrintable(what));
+                QVERIFY2(result.out.isEmpty(), qPrintable(what));
+            }
+        }
+
+        // A folder of sounds to build from where one is no WAV.
+        const QString sounds = dir.filePath(QStringLiteral("sounds"));
+        QVERIFY(QDir().mkpath(sounds));
+        QVERIFY(writeBytes(sounds + QStringLiteral("/1-0.wav"), png));
+        const CliResult built = runCli({ QStringLiteral("snd"), QStringLiteral("build"), dir.filePath(QStringLiteral("out.snd")), sounds });
+        QCOMPARE(built.exitCode, 1);
+        QVERIFY2(built.err.contains("1-0.wav: not a WAV file"), built.err.constData());
+        QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("out.snd"))));
     }
 };
 

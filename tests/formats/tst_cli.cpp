@@ -120,4 +120,24 @@ void TestFormats::cliImage()
     const CliResult unwritable
         = runCli({ QStringLiteral("image"), pcx, dir.filePath(QStringLiteral("no/dir/x.pcx")) });
     QCOMPARE(unwritable.exitCode, 1);
+
+    // A damaged PNG, whatever its name, is one line naming what is wrong, and libpng says nothing.
+    QFile whole(png);
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    const QByteArray pngBytes = whole.readAll();
+    QByteArray badCrc = pngBytes;
+    badCrc[pngBytes.size() - 13] = char(badCrc.at(pngBytes.size() - 13) ^ 1);
+    const QList<QPair<QByteArray, QByteArray>> damaged = {
+        { pngBytes.chopped(11), "the picture ends at byte" },
+        { badCrc, "chunk IDAT at byte" },
+        { pngBytes.left(8), "before its IEND chunk" },
+    };
+    for (const auto& [bytes, fault] : damaged) {
+        const QString path = dir.filePath(QStringLiteral("damaged.pcx"));
+        QVERIFY(writeBytes(path, bytes));
+        const CliResult refused = runCli({ QStringLiteral("image"), path });
+        QCOMPARE(refused.exitCode, 1);
+        QCOMPARE(refused.err.count('\n'), 1);
+        QVERIFY2(refused.err.contains(fault), refused.err.constData());
+    }
 }

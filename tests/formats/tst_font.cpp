@@ -1,5 +1,6 @@
 #include "tst_formats.h"
 
+#include "clirunner.h"
 #include "formats/qfntheader.h"
 #include "formats/qoldfont.h"
 #include "formats/qpcx.h"
@@ -7,6 +8,10 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLocale>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -208,16 +213,69 @@ void TestFormats::fontRefusesBadInput()
     QOldFont font;
     QVERIFY(font.read(fontFile(text, pcx)));
     QCOMPARE(font.map().size(), 1);
+    QVERIFY(font.fault().isEmpty());
 
+    // Each refusal says what is wrong and where, and leaves no picture behind.
+    const auto faultOf = [](const QByteArray& file) {
+        QOldFont font;
+        return font.read(file) ? QStringLiteral("read") : font.image().isNull() ? font.fault() : QStringLiteral("picture kept");
+    };
+    const QString noSignature = QStringLiteral("not an old font file: no \"ElecbyteFnt\" signature at its start");
     QByteArray badSignature = fontFile(text, pcx);
     badSignature[11] = 'x';
-    QVERIFY(!font.read(badSignature));
-    QVERIFY(!font.read(fontFile(text, pcx).left(63)));
-    QVERIFY(!font.read(fontFile(text, QByteArray(200, '\x0A'))));
+    QCOMPARE(faultOf(badSignature), noSignature);
+    QCOMPARE(faultOf(fontFile(text, pcx).left(63)), noSignature);
+    QCOMPARE(faultOf(QByteArray()), noSignature);
+    QCOMPARE(faultOf(fontFile(text, QByteArray(200, '\x0A'))),
+             QStringLiteral("the glyph picture at byte 64 is not a readable PCX picture"));
+    QImage colour(8, 4, QImage::Format_RGB32);
+    colour.fill(Qt::red);
+    QCOMPARE(faultOf(fontFile(text, pcxOf(colour))), QStringLiteral("the glyph picture is not one of 256 colours"));
+    QCOMPARE(faultOf(fontFile("[Def]\nsize = 4,4\n", pcx)),
+             QStringLiteral("the definition text maps no character: it has no [Map] lines"));
 
-    // Offsets past the end: no text, no image.
-    QByteArray pastEnd = fontFile(text, pcx);
+    // Offsets past the end: neither the text nor the picture is read.
+    const QByteArray whole = fontFile(text, pcx);
+    QByteArray pastEnd = whole;
     pastEnd[16] = char(0xFF);
     pastEnd[19] = char(0x7F);
-    QVERIFY(!font.read(pastEnd));
+    QCOMPARE(faultOf(pastEnd), QStringLiteral("the glyph picture of %1 bytes at byte 2,130,706,687 runs past the end of "
+                                              "the file at byte %2")
+                                   .arg(QLocale(QLocale::English).toString(pcx.size()))
+                                   .arg(QLocale(QLocale::English).toString(whole.size())));
+    QCOMPARE(faultOf(whole.chopped(1)), QStringLiteral("the definition text of %1 bytes at byte %2 runs past the end of "
+                                                       "the file at byte %3")
+                                            .arg(text.size())
+                                            .arg(QLocale(QLocale::English).toString(64 + pcx.size()))
+                                            .arg(QLocale(QLocale::English).toString(whole.size() - 1)));
+}
+
+void TestFormats::fontInfoCommand()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("small.FNT"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(fontFile("[Def]\ntype = fixed\nsize = 4,4\nspacing = 1,2\ncolors = 16\n[Map]\na\nb\nc\n", pcxOf(strip(12, 4))));
+    file.close();
+    const CliResult json = runCli({ QStringLiteral("--json"), QStringLiteral("info"), path });
+    QCOMPARE(json.exitCode, 0);
+    QCOMPARE(json.json().value(QStringLiteral("type")).toString(), QStringLiteral("font"));
+    QCOMPARE(json.json().value(QStringLiteral("kind")).toString(), QStringLiteral("fixed"));
+    QCOMPARE(json.json().value(QStringLiteral("characterCount")).toInt(), 3);
+    QCOMPARE(json.json().value(QStringLiteral("banks")).toInt(), 16);
+    QCOMPARE(json.json().value(QStringLiteral("spacing")).toArray(), (QJsonArray{ 1, 2 }));
+    const CliResult text = runCli({ QStringLiteral("info"), path });
+    QCOMPARE(text.exitCode, 0);
+    QVERIFY2(text.out.startsWith("type: Font (old font file, version 1)\nkind: fixed\nsize: 4x4\n"), text.out.constData());
+
+    // A font whose picture runs past the end is one line saying so.
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    file.resize(100);
+    file.close();
+    const CliResult cut = runCli({ QStringLiteral("info"), path });
+    QCOMPARE(cut.exitCode, 1);
+    QCOMPARE(cut.err.count('\n'), 1);
+    QVERIFY2(cut.err.contains("the glyph picture of "), cut.err.constData());
+    QVERIFY(cut.err.contains("runs past the end of the file at byte 100"));
 }

@@ -44,6 +44,7 @@ private slots:
     void fontParsesText();
     void fontCutsGlyphs();
     void fontRefusesBadInput();
+    void fontInfoCommand();
 
     // tst_cli.cpp: the command-line tool's palette and image commands
     void cliPalette();
@@ -62,7 +63,7 @@ private slots:
     // tst_png.cpp: the PNG decoder gives what the general reader gives
     void pngRealSprites();
     void pngSynthetic_data();
-    void pngChunkClaimingPastTheEnd();
+    void pngFaultsNamed();
     void pngSynthetic();
     void pngWrittenByQt_data();
     void pngWrittenByQt();

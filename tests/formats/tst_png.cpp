@@ -209,15 +209,35 @@ QString describe(const char* who, const QImage& got, const QImage& expected)
                              got.height(), int(got.format()), expected.width(), expected.height(), int(expected.format()));
 }
 
-/// Why loadPNG or the decoder disagrees with the general reader, or an empty string;
-/// `fast` tells whether the decoder took the file.
+/// Messages Qt logged since the last look; libpng's warnings come through them.
+int loggedMessages = 0;
+
+void countMessage(QtMsgType, const QMessageLogContext&, const QString&)
+{
+    ++loggedMessages;
+}
+
+/**
+ * Why loadPNG or the decoder disagrees with the general reader, or an empty
+ * string; `fast` tells whether the decoder took the file. loadPNG may refuse,
+ * naming the fault, only what the general reader refuses or complains about,
+ * and never lets the general reader complain.
+ */
 QString disagreement(const QByteArray& file, bool* fast)
 {
-    // Damaged files make libpng warn at length through Qt's messages (its errors go straight to stderr).
-    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    const QtMessageHandler previous = qInstallMessageHandler(countMessage);
+    loggedMessages = 0;
+    QString fault;
+    const QImage loaded = loadPNG(file, &fault);
+    const int loadMessages = loggedMessages;
     const QImage expected = QImage::fromData(file, "PNG");
-    const QImage loaded = loadPNG(file);
+    const bool complained = loggedMessages > loadMessages || expected.isNull();
     qInstallMessageHandler(previous);
+    if (loadMessages > 0)
+        return QStringLiteral("loadPNG let the general reader complain");
+    if (loaded.isNull() != !fault.isEmpty())
+        return QStringLiteral("loadPNG gave %1 with the fault \"%2\"")
+            .arg(loaded.isNull() ? QStringLiteral("nothing") : QStringLiteral("a picture"), fault);
     QString problem;
     const QImage decoded = fastDecode(file, &problem);
     *fast = !decoded.isNull();
@@ -225,6 +245,8 @@ QString disagreement(const QByteArray& file, bool* fast)
         return problem;
     if (*fast && decoded != expected)
         return describe("QPngDecoder", decoded, expected);
+    if (!fault.isEmpty())
+        return complained ? QString() : QStringLiteral("loadPNG refused a file the general reader takes: ") + fault;
     return loaded == expected ? QString() : describe("loadPNG", loaded, expected);
 }
 
@@ -471,25 +493,56 @@ void TestFormats::pngSynthetic_data()
     }
 }
 
-void TestFormats::pngChunkClaimingPastTheEnd()
+void TestFormats::pngFaultsNamed()
 {
-    // A text chunk before the rows claims 788 MB of a file of a hundred bytes: nothing is read
-    // (the general reader would allocate that much first), and nothing is refused that holds its chunks.
     Picture palette;
     palette.colours = 4;
-    Chunks chunks = chunksOf(palette);
-    chunks.insert(1, { "tEXt", QByteArray("Comment\0seed") });
-    const QByteArray whole = fileOf(chunks);
-    QVERIFY(!QPngDecoder::claimsPastEnd(whole));
-    QVERIFY(!loadPNG(whole).isNull());
-    QByteArray lying = whole;
-    qToBigEndian(quint32(0x2F00000C), lying.data() + 8 + 25); // the length of the chunk after IHDR
-    QVERIFY(QPngDecoder::claimsPastEnd(lying));
-    QVERIFY(loadPNG(lying).isNull());
-    // Past the rows the general reader has what it needs and stops before a lying length.
-    QByteArray lateLie = whole;
-    qToBigEndian(quint32(0x2F00000C), lateLie.data() + lateLie.size() - 12);
-    QVERIFY(!QPngDecoder::claimsPastEnd(lateLie));
+    const Chunks good = chunksOf(palette);
+    const QByteArray whole = fileOf(good);
+    const qsizetype idat = indexOf(good, "IDAT");
+    const auto faultOf = [](const QByteArray& file) {
+        QString fault;
+        const QImage image = loadPNG(file, &fault);
+        return image.isNull() ? fault : QStringLiteral("loaded");
+    };
+    const auto changed = [&good](const std::function<void(Chunks&)>& change) {
+        Chunks chunks = good;
+        change(chunks);
+        return fileOf(chunks);
+    };
+    QCOMPARE(faultOf(whole), QStringLiteral("loaded"));
+    QString fault = QStringLiteral("stale");
+    QVERIFY(!loadPNG(whole, &fault).isNull());
+    QVERIFY(fault.isEmpty());
+
+    QCOMPARE(faultOf("GIF89a and more"), QStringLiteral("not a PNG picture: no PNG signature at its start"));
+    QCOMPARE(faultOf(whole.left(50)), QStringLiteral("chunk PLTE at byte 33 claims 12 bytes, past the end of the picture at byte 50"));
+    QCOMPARE(faultOf(whole.chopped(12)), QStringLiteral("the picture ends at byte %1, before its IEND chunk").arg(whole.size() - 12));
+    QCOMPARE(faultOf(changed([&](Chunks& c) { c[idat].badCrc = true; })),
+             QStringLiteral("chunk IDAT at byte 57 has a bad checksum"));
+    QCOMPARE(faultOf(changed([](Chunks& c) { c.move(0, 1); })),
+             QStringLiteral("the picture does not start with its IHDR chunk"));
+    QCOMPARE(faultOf(changed([](Chunks& c) { c.insert(1, c.first()); })), QStringLiteral("a second IHDR chunk at byte 33"));
+    // Rows too few for the header's height, and rows of a filter type there is not: libpng's word for it.
+    QVERIFY(faultOf(changed([&](Chunks& c) { c[idat].data = compressed(QByteArray(20, '\0'), 6); }))
+                .startsWith(QStringLiteral("damaged picture: ")));
+    QCOMPARE(faultOf(changed([&](Chunks& c) { c[idat].data = compressed(QByteArray(1, 5) + QByteArray(31, '\0'), 6); })),
+             QStringLiteral("damaged picture: bad adaptive filter value"));
+    // A text chunk before the rows claims 788 MB of a file of a hundred bytes: nothing is allocated for it.
+    QByteArray lying = changed([](Chunks& c) { c.insert(1, { "tEXt", QByteArray("Comment\0seed", 12) }); });
+    qToBigEndian(quint32(0x2F00000C), lying.data() + 8 + 25);
+    QVERIFY(faultOf(lying).startsWith(QStringLiteral("chunk tEXt at byte 33 claims 788,529,164 bytes")));
+    // An interlaced picture (which the general reader decodes) with a damaged text chunk would make libpng warn.
+    Picture interlaced;
+    interlaced.interlaced = true;
+    Chunks warned = chunksOf(interlaced);
+    QCOMPARE(faultOf(fileOf(warned)), QStringLiteral("loaded"));
+    warned.insert(1, { "tEXt", QByteArray("a\0b", 3), true });
+    QCOMPARE(faultOf(fileOf(warned)), QStringLiteral("chunk tEXt at byte 33 has a bad checksum"));
+    // Indices past a palette of four colours: libpng warns of them as the general reader reads the rows.
+    interlaced.colours = 4;
+    QCOMPARE(faultOf(fileOf(chunksOf(interlaced))),
+             QStringLiteral("damaged picture: IDAT: Read palette index exceeding num_palette"));
 }
 
 void TestFormats::pngSynthetic()

@@ -32,6 +32,7 @@ private slots:
     void canSaveChecks();
     void portraitPaletteKeepsTheStandColours();
     void opaqueColourOfTheTransparentRgbStaysOpaque();
+    void pngPayloadFaultsNameTheSprite();
 
     // Old fonts and the command-line tool
     void oldFontBecomesSprites_data();

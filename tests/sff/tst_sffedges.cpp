@@ -4,13 +4,17 @@
 #include "qrecordingprompt.h"
 #include "sffcompare.h"
 
+#include "formats/qimagefiles.h"
 #include "formats/qpcx.h"
+#include "model/qsffreader.h"
 #include "model/qspriteimagedata.h"
 #include "model/qspritepalettedata.h"
 #include "model/qsprites.h"
+#include "util/qmessages.h"
 
 #include <QBuffer>
 #include <QDataStream>
+#include <QtEndian>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -511,4 +515,63 @@ void TestSff::opaqueColourOfTheTransparentRgbStaysOpaque()
         QCOMPARE(shownColours(sprites->at(0)).at(9 + 1), qRgb(0, 0, 0));
         QCOMPARE(conversionDifferences(*sprites, version, dir.filePath(QStringLiteral("v2.sff"))), QStringList());
     }
+}
+
+void TestSff::pngPayloadFaultsNameTheSprite()
+{
+    QRecordingPrompt prompt;
+    const QImage picture = indexedImage(6, 4, 1);
+    const QByteArray png = savePNG(picture);
+    QByteArray badCrc = png;
+    badCrc[png.size() - 13] = char(badCrc.at(png.size() - 13) ^ 1); // the last byte of IDAT's checksum
+    SffV2Builder file;
+    file.ldata = colourBytes(255);
+    file.palettes = { paletteRecord(0, 0, 0, 1024) };
+    // Sound, a damaged checksum, a picture of another size than the record's, cut short, and no PNG at all.
+    const QList<QByteArray> payloads = { png, badCrc, png, png.chopped(20), QByteArray(40, 'x') };
+    for (int i = 0; i < payloads.size(); ++i) {
+        QSFFv2Sprite sprite;
+        sprite.index = quint16(i);
+        sprite.width = i == 2 ? 7 : 6;
+        sprite.height = 4;
+        sprite.depth = 8;
+        sprite.compression = 10;
+        sprite.offset = quint32(file.ldata.size());
+        sprite.length = quint32(payloads.at(i).size() + 4);
+        file.ldata += le32(24) + payloads.at(i);
+        file.sprites.append(sprite);
+    }
+    auto sprites = newSprites();
+    QSFFReader reader(sprites.get(), false);
+    QVERIFY(reader.read(file.bytes(), QStringLiteral("png.sff")));
+    const int idatAt = png.indexOf("IDAT") - 4;
+    QCOMPARE(reader.faults(),
+             QStringList({ QStringLiteral("sprite 1 (0,1) of 5: PNG data: chunk IDAT at byte %1 has a bad checksum").arg(idatAt),
+                           QStringLiteral("sprite 2 (0,2) of 5: PNG data: the picture is 6x4, the sprite's record says 7x4"),
+                           QStringLiteral("sprite 3 (0,3) of 5: PNG data: chunk IDAT at byte %1 claims %2 bytes, past the "
+                                          "end of the picture at byte %3")
+                               .arg(idatAt)
+                               .arg(qFromBigEndian<quint32>(png.constData() + idatAt))
+                               .arg(png.size() - 20),
+                           QStringLiteral("sprite 4 (0,4) of 5: PNG data: not a PNG picture: no PNG signature at its start") }));
+    // The damaged sprites stay blank; the sound one is whole.
+    QCOMPARE(sprites->count(), 5);
+    const QImage whole = sprites->at(0)->image(sipNone);
+    QCOMPARE(whole.size(), picture.size());
+    for (int y = 0; y < picture.height(); ++y)
+        QCOMPARE(QByteArray(reinterpret_cast<const char*>(whole.constScanLine(y)), 6),
+                 QByteArray(reinterpret_cast<const char*>(picture.constScanLine(y)), 6));
+    for (int i = 1; i < 5; ++i)
+        QVERIFY2(!sprites->at(i)->imageData(), qPrintable(QString::number(i)));
+
+    // Opened as a project opens it, the faults head the sprite file's messages.
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("png.sff"));
+    QVERIFY(writeFile(path, file.bytes()));
+    QVERIFY(sprites->fromFile(path));
+    sprites->checkErrors();
+    QVERIFY(sprites->messages()->count() >= 4);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(sprites->messages()->at(i).text, reader.faults().at(i));
+    QCOMPARE(QMessages::format(sprites->messages()->at(0)), QStringLiteral("SFF: ") + reader.faults().at(0));
 }
