@@ -4,7 +4,6 @@
 #include "model/qcommand.h"
 #include "model/qcommands.h"
 #include "model/qproject.h"
-#include "text/qcodecs.h"
 #include "text/qcommandparam.h"
 
 #include <QFileInfo>
@@ -66,7 +65,6 @@ int runCmd(const QCliRun& run)
     const QString fileName = run.arguments().first();
     if (!QFileInfo(fileName).isFile())
         return run.fail(fileName, QStringLiteral("no such file"));
-    initCodecs();
     QProject::init();
     QCommands commands(nullptr);
     if (!commands.fromFile(fileName, 0, false))

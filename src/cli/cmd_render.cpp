@@ -13,7 +13,6 @@
 #include "render/qplaybackclock.h"
 #include "render/qsprrender.h"
 #include "render/qzoomtable.h"
-#include "text/qcodecs.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -143,7 +142,6 @@ int runRender(const QCliRun& run)
     if (!QFileInfo(options.project).isFile())
         return run.fail(options.project, QStringLiteral("no such file"));
 
-    initCodecs();
     QProject::init();
     QProject project;
     if (!project.open(options.project, 0, false, false))

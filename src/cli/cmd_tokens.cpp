@@ -46,7 +46,6 @@ int runTokens(const QCliRun& run)
     if (!file.open(QIODevice::ReadOnly))
         return run.fail(fileName, file.errorString());
 
-    initCodecs();
     int used = 0;
     const QString text = stringFromData(file.readAll(), 0, &used);
     const QStringList lines = documentLines(text);
