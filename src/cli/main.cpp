@@ -2,6 +2,8 @@
 // scripts and continuous integration, started through the pugilforge-cli
 // launcher (which answers --version itself). Output is readable text, or JSON
 // with --json; a fault is one line on standard error and a non-zero exit.
+// pugilforge-cli-core is the same program with only the commands that need
+// nothing of Qt's GUI library, so that it loads none of it.
 #include "qclicommand.h"
 #include "qstderrprompt.h"
 
