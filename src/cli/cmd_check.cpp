@@ -9,7 +9,6 @@
 #include "syntax/qenginetext.h"
 #include "syntax/qmugensyntaxprocessor.h"
 #include "syntax/qsynmessagekind.h"
-#include "text/qcodecs.h"
 #include "text/qfileparam.h"
 #include "util/qengineversion.h"
 #include "util/qpathresolver.h"
@@ -253,7 +252,6 @@ int runCheck(const QCliRun& run)
     QStringList checked;
     if (project) {
         // A DEF stands for its project: every text file of it, at the version the DEF declares.
-        initCodecs();
         if (!checkProject(run, fileName, processor, engine.isEmpty(), checked, findings, note))
             return run.fail(fileName, QStringLiteral("can't read the file"));
         version = processor.version();

@@ -5,7 +5,6 @@
 #include "model/qcommand.h"
 #include "model/qcommands.h"
 #include "model/qproject.h"
-#include "text/qcodecs.h"
 #include "text/qcommandparam.h"
 
 #include <QFileInfo>
@@ -70,7 +69,6 @@ int runCmd(const QCliRun& run)
     const QString refusal = notEngineText(fileName, QStringLiteral("not a CMD file"));
     if (!refusal.isEmpty())
         return run.fail(fileName, refusal);
-    initCodecs();
     QProject::init();
     QCommands commands(nullptr);
     if (!commands.fromFile(fileName, 0, false))

@@ -45,6 +45,6 @@ int runConfig(const QCliRun& run)
 
 const QCliCommand command("config", "config FILE",
                           "print the effective configuration of a config.xml (defaults and the file's keys)",
-                          runConfig, QCliCommand::CoreApplication);
+                          runConfig);
 
 } // namespace

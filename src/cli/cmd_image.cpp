@@ -57,7 +57,6 @@ int runImage(const QCliRun& run)
 }
 
 const QCliCommand command("image", "image FILE [OUT]",
-    "show an image's size and depth, or convert it by the suffixes (PCX <-> PNG)", runImage,
-    QCliCommand::CoreApplication);
+    "show an image's size and depth, or convert it by the suffixes (PCX <-> PNG)", runImage);
 
 } // namespace

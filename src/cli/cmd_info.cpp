@@ -11,7 +11,6 @@
 #include "model/qsounds.h"
 #include "model/qsprites.h"
 #include "syntax/qsyntaxtexteditor.h"
-#include "text/qcodecs.h"
 #include "util/qengineversion.h"
 #include "util/qpathresolver.h"
 
@@ -162,7 +161,6 @@ int runInfo(const QCliRun& run)
     if (!refusal.isEmpty())
         return run.fail(fileName, refusal);
 
-    initCodecs();
     QProject::init();
     QProject project;
     if (!project.open(fileName, 0, false, false))

@@ -83,6 +83,6 @@ int runPalette(const QCliRun& run)
 const QCliCommand command("palette", "palette FILE [OUT.act]",
     "show a palette's 256 colours (#rrggbbaa, entry 0 transparent) from ACT, RIFF, JASC, "
     "Painter, ACO, ASE or an indexed PNG/PCX/BMP, or convert it to ACT",
-    runPalette, QCliCommand::CoreApplication);
+    runPalette);
 
 } // namespace

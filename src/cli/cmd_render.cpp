@@ -14,9 +14,9 @@
 #include "render/qplaybackclock.h"
 #include "render/qsprrender.h"
 #include "render/qzoomtable.h"
-#include "text/qcodecs.h"
 
 #include <QFileInfo>
+#include <QGuiApplication>
 
 #include <functional>
 #include <QJsonObject>
@@ -146,7 +146,6 @@ int runRender(const QCliRun& run)
     if (!refusal.isEmpty())
         return run.fail(options.project, refusal);
 
-    initCodecs();
     QProject::init();
     QProject project;
     if (!project.open(options.project, 0, false, false))
@@ -213,7 +212,17 @@ int runRender(const QCliRun& run)
     return 0;
 }
 
+/// The sprite view numbers its boxes in text, and fonts need a QGuiApplication;
+/// its platform is the offscreen one, since nothing is shown.
+std::unique_ptr<QCoreApplication> guiApplication(int& argc, char** argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 const QCliCommand command("render", usageText,
-    "draw a sprite, or the frame an action shows at a tick, as the sprite view does, into a PNG", runRender);
+    "draw a sprite, or the frame an action shows at a tick, as the sprite view does, into a PNG", runRender,
+    guiApplication);
 
 } // namespace

@@ -208,6 +208,6 @@ int runSff(const QCliRun& run)
 
 const QCliCommand command("sff", usageText,
                           "show, convert, export or import an SFF sprite file (versions 1.0.1.0, 2.0.0.0, 2.0.1.0)",
-                          runSff, QCliCommand::CoreApplication);
+                          runSff);
 
 } // namespace

@@ -52,7 +52,6 @@ int runTokens(const QCliRun& run)
     if (!isEngineText(data))
         return run.fail(fileName, QStringLiteral("not a text file: it holds binary data"));
 
-    initCodecs();
     int used = 0;
     const QString text = stringFromData(data, 0, &used);
     const QStringList lines = documentLines(text);

@@ -2,14 +2,14 @@
 // scripts and continuous integration, started through the pugilforge-cli
 // launcher (which answers --version itself). Output is readable text, or JSON
 // with --json; a fault is one line on standard error and a non-zero exit.
+// pugilforge-cli-core is the same program with only the commands that need
+// nothing of Qt's GUI library, so that it loads none of it.
 #include "qclicommand.h"
 #include "qstderrprompt.h"
 
 
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QTextStream>
-
-#include <memory>
 
 namespace {
 
@@ -46,18 +46,7 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("PF_CLI_DEBUG"))
         qInstallMessageHandler(quietMessages);
-    // Text documents and fonts need the GUI library but never a display;
-    // --help and the commands of pixels and colours need neither,
-    // and starting the platform would be most of their time.
-    std::unique_ptr<QCoreApplication> application;
-    const QCliCommand* named = namedCommand(argc, argv);
-    if (named && named->application() == QCliCommand::GuiApplication) {
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        application = std::make_unique<QGuiApplication>(argc, argv);
-    } else {
-        application = std::make_unique<QCoreApplication>(argc, argv);
-    }
+    const auto application = QCliCommand::makeApplication(namedCommand(argc, argv), argc, argv);
     QStderrPrompt stderrPrompt;
     QPrompt::install(&stderrPrompt);
 

@@ -1,5 +1,6 @@
 #include "qclicommand.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -55,14 +56,21 @@ int QCliRun::usage(const QString& usage) const
 }
 
 QCliCommand::QCliCommand(const char* name, const char* usage, const char* summary, Handler handler,
-                         Application application)
+                         ApplicationMaker makeApplication)
     : m_name(name)
     , m_usage(usage)
     , m_summary(summary)
     , m_handler(handler)
-    , m_application(application)
+    , m_makeApplication(makeApplication)
 {
     registry().append(this);
+}
+
+std::unique_ptr<QCoreApplication> QCliCommand::makeApplication(const QCliCommand* command, int& argc, char** argv)
+{
+    if (command && command->m_makeApplication)
+        return command->m_makeApplication(argc, argv);
+    return std::make_unique<QCoreApplication>(argc, argv);
 }
 
 QList<const QCliCommand*> QCliCommand::all()

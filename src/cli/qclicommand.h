@@ -4,6 +4,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
+class QCoreApplication;
 class QJsonValue;
 
 /// What one run of the command-line tool was given, and how it answers.
@@ -41,19 +44,21 @@ class QCliCommand
 {
 public:
     using Handler = int (*)(const QCliRun& run);
-    /// What a command needs of the application: fonts, text layout and
-    /// painting need a QGuiApplication and its platform; files of pixels and
-    /// colours do with a QCoreApplication, which starts several times faster.
-    enum Application { GuiApplication, CoreApplication };
+    /// Makes the application a command runs in. Reading and writing files,
+    /// pictures and text documents included, needs only a QCoreApplication;
+    /// a command that draws with fonts makes a QGuiApplication and its
+    /// platform, which costs several times the start of the whole program.
+    using ApplicationMaker = std::unique_ptr<QCoreApplication> (*)(int& argc, char** argv);
 
     QCliCommand(const char* name, const char* usage, const char* summary, Handler handler,
-                Application application = GuiApplication);
+                ApplicationMaker makeApplication = nullptr);
 
     QString name() const { return QLatin1String(m_name); }
     QString usage() const { return QLatin1String(m_usage); }
     QString summary() const { return QLatin1String(m_summary); }
     int run(const QCliRun& run) const { return m_handler(run); }
-    Application application() const { return m_application; }
+    /// The application this command needs, a QCoreApplication unless it says otherwise.
+    static std::unique_ptr<QCoreApplication> makeApplication(const QCliCommand* command, int& argc, char** argv);
 
     /// Every registered command, in name order.
     static QList<const QCliCommand*> all();
@@ -64,5 +69,5 @@ private:
     const char* m_usage;
     const char* m_summary;
     Handler m_handler;
-    Application m_application;
+    ApplicationMaker m_makeApplication;
 };

@@ -12,25 +12,97 @@
 
 namespace {
 
-/// The table of codec names, listed on first use (on the GUI thread) and read
-/// only afterwards: asking Qt for every codec takes time a command that reads
-/// no text should not pay.
-QList<QByteArray>& table()
+/**
+ * The table of codec names (on the GUI thread). Qt lists every alias of
+ * every codec, and finding the codec of each one opens them all, which takes
+ * several times a command's whole start. So the list of aliases is taken on
+ * first use, as the table's order depends on the codecs open at that moment,
+ * but the aliases are resolved in order only as far as a question needs:
+ * the index of UTF-8 or of a file's detected codec needs few of them.
+ */
+class CodecTable
 {
-    static QList<QByteArray> codecs;
-    static bool listed = false;
-    if (!listed) {
-        listed = true;
-        initCodecs();
+public:
+    /// Starts anew from Qt's current list of aliases.
+    void list()
+    {
+        m_listed = true;
+        m_aliases = QTextCodec::availableCodecs();
+        m_resolved = 0;
+        m_names.clear();
+        m_seen.clear();
     }
+
+    /// The name at `position`, empty beyond the end.
+    QByteArray at(qsizetype position)
+    {
+        listOnce();
+        while (m_names.size() <= position && resolveNext()) { }
+        return position >= 0 && position < m_names.size() ? m_names.at(position) : QByteArray();
+    }
+
+    /// The position of `name`, -1 when no codec has it.
+    qsizetype indexOf(const QByteArray& name)
+    {
+        listOnce();
+        qsizetype position = m_names.indexOf(name);
+        while (position < 0 && resolveNext()) {
+            if (m_names.last() == name)
+                position = m_names.size() - 1;
+        }
+        return position;
+    }
+
+    qsizetype size()
+    {
+        listOnce();
+        while (resolveNext()) { }
+        return m_names.size();
+    }
+
+private:
+    void listOnce()
+    {
+        if (!m_listed)
+            list();
+    }
+
+    /// Resolves aliases until one adds a codec to the table; false at the end.
+    /// The table keeps one entry per codec, under the name the codec reports.
+    bool resolveNext()
+    {
+        while (m_resolved < m_aliases.size()) {
+            const QByteArray& alias = m_aliases.at(m_resolved++);
+            QTextCodec* codec = alias == "System" ? nullptr : QTextCodec::codecForName(alias);
+            if (!codec)
+                continue;
+            const QByteArray name = codec->name();
+            if (name != "System" && !m_seen.contains(name)) {
+                m_seen.insert(name);
+                m_names.append(name);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    bool m_listed = false;
+    QList<QByteArray> m_aliases;
+    qsizetype m_resolved = 0;
+    QList<QByteArray> m_names;
+    QSet<QByteArray> m_seen;
+};
+
+CodecTable& table()
+{
+    static CodecTable codecs;
     return codecs;
 }
 
 QTextCodec* codecAt(int index)
 {
-    if (index <= 0 || index > table().size())
-        return nullptr;
-    return QTextCodec::codecForName(table().at(index - 1));
+    const QByteArray name = index > 0 ? table().at(index - 1) : QByteArray();
+    return name.isEmpty() ? nullptr : QTextCodec::codecForName(name);
 }
 
 /// The charset uchardet names for `data`, empty when it cannot tell.
@@ -58,7 +130,7 @@ QTextCodec* codecForDetected(const QByteArray& detected)
 /// getCodec(), also telling the index of the codec chosen: 0 for the locale's.
 QTextCodec* chooseCodec(const QByteArray& data, unsigned int wanted, int* index)
 {
-    if (wanted >= unsigned(codecCount()))
+    if (wanted > 0 && table().at(qsizetype(wanted) - 1).isEmpty())
         wanted = 0;
     const QByteArray detected = detectCharset(data);
     // Pure ASCII says nothing about the encoding the author writes in (older
@@ -82,21 +154,7 @@ QTextCodec* chooseCodec(const QByteArray& data, unsigned int wanted, int* index)
 
 void initCodecs()
 {
-    // Qt lists every alias; the table keeps one entry per codec, under the
-    // name the codec reports, so that a detected codec finds its index.
-    QList<QByteArray>& codecs = table();
-    codecs.clear();
-    QSet<QByteArray> seen;
-    for (const QByteArray& alias : QTextCodec::availableCodecs()) {
-        QTextCodec* codec = alias == "System" ? nullptr : QTextCodec::codecForName(alias);
-        if (!codec)
-            continue;
-        const QByteArray name = codec->name();
-        if (name != "System" && !seen.contains(name)) {
-            seen.insert(name);
-            codecs.append(name);
-        }
-    }
+    table().list();
 }
 
 int codecCount()
@@ -108,7 +166,7 @@ QString codecName(int index)
 {
     if (index == 0)
         return QCoreApplication::translate("QCodecs", "System");
-    return index > 0 && index <= table().size() ? QString::fromLatin1(table().at(index - 1)) : QString();
+    return index > 0 ? QString::fromLatin1(table().at(index - 1)) : QString();
 }
 
 int codecIndex(const char* name)

@@ -9,13 +9,13 @@ class QTextCodec;
  * The text encodings the program offers and the detection of a file's.
  *
  * Codecs are addressed by index: 0 is "System", the locale's codec, and
- * index n is entry n - 1 of a table filled on first use (one entry per
- * codec, under its canonical name). The author's
+ * index n is entry n - 1 of a table listed on first use and filled only as
+ * far as it is read (one entry per codec, under its canonical name). The author's
  * chosen encoding ("default_codepage") is only a fallback: a confident
  * detection of the file's own encoding always wins over it.
  */
 
-/// Fills the codec table anew; the other functions fill it on first use.
+/// Lists the codec table anew; the other functions list it on first use.
 void initCodecs();
 /// The number of indices, "System" included.
 int codecCount();

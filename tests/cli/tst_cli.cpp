@@ -87,6 +87,32 @@ private slots:
         }
     }
 
+    void coreCommandsAnswerThroughTheLauncher()
+    {
+        // tokens runs in the program without Qt Gui; usage, output and
+        // faults are the same as every other command's.
+        const QString commands = sourceFile("samples/ember/ember.cmd");
+        const CliResult text = runCli({QStringLiteral("tokens"), commands});
+        QCOMPARE(text.exitCode, 0);
+        QVERIFY2(text.out.startsWith("encoding: System ("), text.out.constData());
+        QVERIFY(text.out.contains("\n2:\n"));
+        const CliResult json = runCli({QStringLiteral("--json"), QStringLiteral("tokens"), commands});
+        QCOMPARE(json.exitCode, 0);
+        const QJsonObject root = QJsonDocument::fromJson(json.out).object();
+        QCOMPARE(root.value(QStringLiteral("file")).toString(), commands);
+        QCOMPARE(root.value(QStringLiteral("lines")).toArray().size(), text.out.count('\n') - 1);
+
+        const CliResult usage = runCli({QStringLiteral("tokens")});
+        QCOMPARE(usage.exitCode, 2);
+        QCOMPARE(usage.err, QByteArray("usage: pugilforge-cli tokens FILE\n"));
+        QTemporaryDir dir;
+        const QString missing = dir.filePath(QStringLiteral("missing.cmd"));
+        const CliResult absent = runCli({QStringLiteral("tokens"), missing});
+        QCOMPARE(absent.exitCode, 1);
+        QCOMPARE(absent.err.count('\n'), 1);
+        QVERIFY(absent.err.startsWith(QByteArray("pugilforge-cli: " + missing.toLocal8Bit() + ": ")));
+    }
+
     void unreadableInputIsOneLineAndFails()
     {
         QTemporaryDir dir;
