@@ -83,6 +83,20 @@ private slots:
         QScriptManager::scriptMsgs().clear();
     }
 
+    void boundObjectsAreAligned()
+    {
+        // luabind builds its objects inside Lua's userdata with 16-byte
+        // alignment; the sanitizer build caught them at 8 once.
+        QScript script;
+        QVERIFY(faultOf(script, QStringLiteral("a = Signal() b = project() c = project().sprites")).isEmpty());
+        for (const char* name : {"a", "b", "c"}) {
+            lua_getglobal(script.state(), name);
+            const auto address = reinterpret_cast<quintptr>(lua_touserdata(script.state(), -1));
+            lua_pop(script.state(), 1);
+            QVERIFY2(address != 0 && address % 16 == 0, name);
+        }
+    }
+
     void runawayLoopIsStopped()
     {
         const QString tooLong = QLatin1String(QScript::tooLongMessage);
