@@ -6,6 +6,7 @@
 #include "model/qanimations.h"
 #include "model/qproject.h"
 #include "model/qsprites.h"
+#include "mainwindowsession.h"
 #include "screenshots.h"
 #include "script/gui/projdlg.h"
 #include "script/gui/scripted.h"
@@ -30,20 +31,6 @@
 #include <QtTest>
 
 namespace {
-
-// Closes the next modal dialog when it shows, after `act` did its part; the title it had goes to `title`.
-void answerNextDialog(QString* title, std::function<void(QDialog*)> act = nullptr)
-{
-    QTimer::singleShot(50, [title, act] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return answerNextDialog(title, act);
-        *title = dialog->windowTitle();
-        if (act)
-            act(dialog);
-        dialog->accept();
-    });
-}
 
 // Types a whole path into a file dialog's name field, as an author may.
 void typeFileName(QDialog* dialog, const QString& path)
@@ -106,7 +93,7 @@ private slots:
     {
         const int before = intf->projectCount();
         QString title;
-        answerNextDialog(&title, [](QDialog* dialog) {
+        session::answerNextDialog(&title, [](QDialog* dialog) {
             auto* list = dialog->findChild<QListWidget*>();
             const QList<QListWidgetItem*> found = list->findItems(QStringLiteral("Character"), Qt::MatchExactly);
             if (!found.isEmpty())
@@ -150,7 +137,7 @@ private slots:
 
         // A faulty script shows the error box and the editor goes on.
         QString title;
-        answerNextDialog(&title);
+        session::answerNextDialog(&title);
         editor->editor()->setPlainText(QStringLiteral("local s = project().sprites:at(100000)"));
         QTest::keyClick(editor->editor(), Qt::Key_F5);
         QCOMPARE(title, QStringLiteral("Script error"));
@@ -168,7 +155,7 @@ private slots:
         // A script never saved has no name to give its strings.
         QString title;
         editor->sNew();
-        answerNextDialog(&title);
+        session::answerNextDialog(&title);
         save->trigger();
         QCOMPARE(title, QStringLiteral("Error!"));
 
@@ -182,7 +169,7 @@ private slots:
         list->setCurrentIndex(rows.first());
         QVERIFY(editor->editor()->toPlainText().contains(QStringLiteral("translate(")));
         const QString target = m_program.filePath(QStringLiteral("rename.ts"));
-        answerNextDialog(&title, [target](QDialog* dialog) { typeFileName(dialog, target); });
+        session::answerNextDialog(&title, [target](QDialog* dialog) { typeFileName(dialog, target); });
         save->trigger();
         QCOMPARE(title, QStringLiteral("Save for translation"));
         const QStringList sources = tsMessages(target, QStringLiteral("tool/Sprites/Rename group"));
@@ -194,7 +181,7 @@ private slots:
         category->setCurrentIndex(0);
         list->setCurrentIndex(list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Throw")).first());
         const QString throwTarget = m_program.filePath(QStringLiteral("throw.ts"));
-        answerNextDialog(&title, [throwTarget](QDialog* dialog) { typeFileName(dialog, throwTarget); });
+        session::answerNextDialog(&title, [throwTarget](QDialog* dialog) { typeFileName(dialog, throwTarget); });
         save->trigger();
         QCOMPARE(tsMessages(throwTarget, QStringLiteral("common/Throw")), QStringList{QStringLiteral("Throw")});
         editor->close();

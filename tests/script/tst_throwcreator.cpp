@@ -31,20 +31,6 @@
 
 namespace {
 
-// Handles the next modal dialog when it shows: `act` gets it, then it is accepted; its title goes to `title`.
-void answerNextDialog(QString* title, std::function<void(QDialog*)> act = nullptr)
-{
-    QTimer::singleShot(50, [title, act] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return answerNextDialog(title, act);
-        *title = dialog->windowTitle();
-        if (act)
-            act(dialog);
-        dialog->accept();
-    });
-}
-
 // The checker's findings on a file at 1.1: errors and warnings.
 QPair<int, int> check(const QString& fileName)
 {
@@ -138,7 +124,7 @@ private slots:
         QAction* action = intf->actions()->fromName(QStringLiteral("states_throw"));
         QVERIFY(action && !action->icon().isNull() && !action->toolTip().isEmpty());
         QString title;
-        answerNextDialog(&title, [](QDialog* dialog) {
+        session::answerNextDialog(&title, [](QDialog* dialog) {
             dialog->findChild<QSpinBox*>(QStringLiteral("Damage"))->setValue(90);
             dialog->adjustSize();
             screenshots::save(dialog->grab(), QStringLiteral("throw-creator-dialog.png"));
@@ -195,7 +181,7 @@ private slots:
         scriptMan = new QScriptManager(nullptr, data.path());
         const QString before = m_project->states(0)->document()->toPlainText();
         QString title;
-        answerNextDialog(&title);
+        session::answerNextDialog(&title);
         QVERIFY(!m_editor->insertThrow({{QStringLiteral("StateNo"), 830}}, 0));
         QCOMPARE(title, QStringLiteral("Throw script error"));
         QCOMPARE(m_project->states(0)->document()->toPlainText(), before);
