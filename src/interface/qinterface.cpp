@@ -103,6 +103,7 @@ QInterface::QInterface(QMainWindow* window, QDockWidget* actionDock, QListView* 
 QInterface::~QInterface()
 {
     saveConfig();
+    releaseScripts();
     // The views let go of the projects' documents before these go.
     for (QInterfaceEditor* editor : std::as_const(m_editors))
         editor->setProject(nullptr);

@@ -188,6 +188,9 @@ private:
     void checkProject(QProject* project);
     /// Scripts: the projects and dialogs they see, and the Tools menu's entries.
     void initScripts();
+    /// Takes back what initScripts() gave the scripts: a script run after
+    /// the window went finds no projects instead of a dangling interface.
+    void releaseScripts();
     void updateToolsMenu();
     /// Asks for a template and runs it on `project`; false when the author
     /// cancels or the script fails or answers false.

@@ -27,6 +27,11 @@ void QInterface::initScripts()
     updateToolsMenu();
 }
 
+void QInterface::releaseScripts()
+{
+    QLuaProjects::installed() = QLuaProjects();
+}
+
 void QInterface::updateToolsMenu()
 {
     qDeleteAll(m_toolScripts);

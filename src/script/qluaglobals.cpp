@@ -1,9 +1,10 @@
 // The global functions of the scripting API and the Object class every
 // bound QObject derives from: printing, translation, bit and colour helpers,
-// signals.
+// signals and their connections.
 #include "qluabindings.h"
 #include "qluaobject.h"
 #include "qluaslot.h"
+#include "qscript.h"
 #include "qscriptmanager.h"
 #include "util/qmessages.h"
 
@@ -61,9 +62,45 @@ std::string fromBase64(const std::string& text)
     return QByteArray::fromBase64(QByteArray::fromStdString(text)).toStdString();
 }
 
-void connectFunction(const LObject& sender, const std::string& signal, const luabind::object& function)
+// connect(sender, signal, function): the connection is returned, an object
+// that emit_signal can fire as well.
+LObject connectFunction(const LObject& sender, const std::string& signal, const luabind::object& function)
 {
-    QLuaSlot::connect(sender.object(), lua::str(signal), function);
+    return LObject(QLuaSlot::connect(sender.object(), lua::str(signal), function));
+}
+
+// connect(sender, signal, receiver, slot): a slot named by text is the
+// receiver's own (Qt to Qt); a function is called with the receiver first.
+void connectReceiver(const LObject& sender, const std::string& signal, const LObject& receiver,
+                     const luabind::object& slot)
+{
+    if (luabind::type(slot) == LUA_TSTRING)
+        QLuaSlot::connect(sender.object(), lua::str(signal), receiver.object(), lua::str(luabind::object_cast<std::string>(slot)));
+    else
+        QLuaSlot::connect(sender.object(), lua::str(signal), slot, false, receiver.object());
+}
+
+// Signal(): an object of the script's own whose general_signal overloads
+// emit_signal fires; it goes with the script.
+LObject newSignal(lua_State* state)
+{
+    QScript* script = QScript::of(state);
+    return LObject(new QLuaSlot(script ? script->slotParent() : nullptr, luabind::object(), QString(), false));
+}
+
+// emit_signal(object, value): fires the signal of a connection or a Signal() that fits the value.
+void emitSignal(const LObject& target, const luabind::object& value)
+{
+    auto* slot = qobject_cast<QLuaSlot*>(target.object());
+    if (!slot)
+        throw lua::fault(QStringLiteral("emit_signal: %1 has no script signal; make one with Signal()")
+                             .arg(QString::fromLatin1(target.object()->metaObject()->className())));
+    slot->emitValue(value);
+}
+
+void emitBare(const LObject& target)
+{
+    emitSignal(target, luabind::object());
 }
 
 // Timer.singleShot(ms, function): the function runs once, later, from the event loop.
@@ -93,6 +130,10 @@ void registerLuaGlobals(lua_State* state)
         def("alpha", &alpha), def("red", &red), def("green", &green), def("blue", &blue),
         def("toBase64", &toBase64), def("fromBase64", &fromBase64),
         def("connect", &connectFunction),
+        def("connect", &connectReceiver),
+        def("Signal", &newSignal),
+        def("emit_signal", &emitSignal),
+        def("emit_signal", &emitBare),
         class_<LObject>("Object")
             .property("objectName", &LObject::objectName, &LObject::setObjectName)
             .property("alive", &LObject::isAlive),

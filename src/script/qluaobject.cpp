@@ -22,6 +22,33 @@ std::runtime_error deletedObject()
     return std::runtime_error("deleted object");
 }
 
+namespace {
+
+LuaObjectWrapper& objectWrapper()
+{
+    static LuaObjectWrapper installed;
+    return installed;
+}
+
+} // namespace
+
+luabind::object luaObject(lua_State* state, QObject* object)
+{
+    if (!object)
+        return luabind::object();
+    if (objectWrapper()) {
+        luabind::object wrapped = objectWrapper()(state, object);
+        if (wrapped.is_valid())
+            return wrapped;
+    }
+    return luabind::object(state, LObject(object));
+}
+
+void setLuaObjectWrapper(LuaObjectWrapper wrapper)
+{
+    objectWrapper() = std::move(wrapper);
+}
+
 QLuaProjects& QLuaProjects::installed()
 {
     static QLuaProjects projects;

@@ -43,6 +43,14 @@ private:
 /// The fault every wrapper raises for a vanished object.
 std::runtime_error deletedObject();
 
+/// How an object of the program reaches Lua (a signal's argument, the
+/// receiver of a connection): nil for null, an Object by default. The
+/// widget layer installs a wrapper that gives its classes their own Lua
+/// classes; it returns an invalid object for those it doesn't know.
+using LuaObjectWrapper = std::function<luabind::object(lua_State*, QObject*)>;
+luabind::object luaObject(lua_State* state, QObject* object);
+void setLuaObjectWrapper(LuaObjectWrapper wrapper);
+
 /// Where the scripts find the open projects; the window installs its list,
 /// tests and the command line their own.
 struct QLuaProjects

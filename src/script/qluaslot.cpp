@@ -1,27 +1,39 @@
 #include "qluaslot.h"
 
+#include "qluaobject.h"
 #include "qscript.h"
 
 #include <QMetaMethod>
 
+#include <climits>
+#include <cmath>
+
 namespace {
 
-// The signal of `sender` that `name` names: a full signature, or the first
-// signal of that name.
-QMetaMethod findSignal(const QObject* sender, const QString& name)
+// The method of `object` that `name` names, of one of the given kinds: a
+// full signature, or the first method of that name.
+QMetaMethod findMethod(const QObject* object, const QString& name, std::initializer_list<QMetaMethod::MethodType> kinds)
 {
-    const QMetaObject* meta = sender->metaObject();
+    const QMetaObject* meta = object->metaObject();
     const QByteArray wanted = name.toLatin1();
-    if (wanted.contains('(')) {
-        const int index = meta->indexOfSignal(QMetaObject::normalizedSignature(wanted.constData()).constData());
-        return index >= 0 ? meta->method(index) : QMetaMethod();
-    }
+    const bool signature = wanted.contains('(');
+    const QByteArray normalized = signature ? QMetaObject::normalizedSignature(wanted.constData()) : wanted;
     for (int i = 0; i < meta->methodCount(); ++i) {
         const QMetaMethod method = meta->method(i);
-        if (method.methodType() == QMetaMethod::Signal && method.name() == wanted)
+        if (std::find(kinds.begin(), kinds.end(), method.methodType()) == kinds.end())
+            continue;
+        if (signature ? method.methodSignature() == normalized : method.name() == wanted)
             return method;
     }
     return QMetaMethod();
+}
+
+QMetaMethod findSignal(const QObject* sender, const QString& name)
+{
+    const QMetaMethod found = findMethod(sender, name, {QMetaMethod::Signal});
+    if (!found.isValid())
+        throw lua::fault(QStringLiteral("connect: %1 has no signal %2").arg(QString::fromLatin1(sender->metaObject()->className()), name));
+    return found;
 }
 
 // The general_slot overload that takes the most leading arguments of `signal`.
@@ -40,6 +52,18 @@ QMetaMethod matchingSlot(const QMetaMethod& signal)
     }
 }
 
+// A slot's arguments as Lua takes them: values as they are, objects wrapped.
+template<typename T>
+const T& toLua(lua_State*, const T& value)
+{
+    return value;
+}
+
+luabind::object toLua(lua_State* state, QObject* object)
+{
+    return luaObject(state, object);
+}
+
 } // namespace
 
 QLuaSlot::QLuaSlot(QObject* parent, const luabind::object& function, const QString& signal, bool oneShot)
@@ -50,31 +74,83 @@ QLuaSlot::QLuaSlot(QObject* parent, const luabind::object& function, const QStri
 {
 }
 
-QLuaSlot* QLuaSlot::connect(QObject* sender, const QString& signal, const luabind::object& function, bool oneShot)
+QLuaSlot* QLuaSlot::connect(QObject* sender, const QString& signal, const luabind::object& function, bool oneShot,
+                            QObject* receiver)
 {
     if (luabind::type(function) != LUA_TFUNCTION)
         throw lua::fault(QStringLiteral("connect: a function is needed for %1").arg(signal));
     const QMetaMethod found = findSignal(sender, signal);
-    if (!found.isValid())
-        throw lua::fault(QStringLiteral("connect: %1 has no signal %2").arg(QString::fromLatin1(sender->metaObject()->className()), signal));
     const QMetaMethod slot = matchingSlot(found);
     QScript* script = QScript::of(function.interpreter());
     auto* luaSlot = new QLuaSlot(script ? script->slotParent() : nullptr, function,
                                  QString::fromLatin1(found.methodSignature()), oneShot);
+    if (receiver) {
+        luaSlot->m_hasReceiver = true;
+        luaSlot->m_receiver = receiver;
+        QObject::connect(receiver, &QObject::destroyed, luaSlot, &QObject::deleteLater);
+    }
     QObject::connect(sender, found, luaSlot, slot);
     return luaSlot;
+}
+
+void QLuaSlot::connect(QObject* sender, const QString& signal, QObject* receiver, const QString& slot)
+{
+    const QMetaMethod from = findSignal(sender, signal);
+    const QMetaMethod to = findMethod(receiver, slot, {QMetaMethod::Slot, QMetaMethod::Signal});
+    const QString receiverClass = QString::fromLatin1(receiver->metaObject()->className());
+    if (!to.isValid())
+        throw lua::fault(QStringLiteral("connect: %1 has no slot %2").arg(receiverClass, slot));
+    if (!QMetaObject::checkConnectArgs(from, to) || !QObject::connect(sender, from, receiver, to))
+        throw lua::fault(QStringLiteral("connect: %1 can't take %2")
+                             .arg(receiverClass + QStringLiteral("::") + QString::fromLatin1(to.methodSignature()),
+                                  QString::fromLatin1(from.methodSignature())));
+}
+
+void QLuaSlot::emitValue(const luabind::object& value)
+{
+    switch (value.is_valid() ? luabind::type(value) : LUA_TNIL) {
+    case LUA_TNIL:
+        emit general_signal();
+        break;
+    case LUA_TBOOLEAN:
+        emit general_signal(luabind::object_cast<bool>(value));
+        break;
+    case LUA_TNUMBER: {
+        const double number = luabind::object_cast<double>(value);
+        if (number == std::floor(number) && number >= INT_MIN && number <= INT_MAX)
+            emit general_signal(int(number));
+        else
+            emit general_signal(number);
+        break;
+    }
+    case LUA_TSTRING:
+        emit general_signal(lua::str(luabind::object_cast<std::string>(value)));
+        break;
+    default:
+        throw lua::fault(QStringLiteral("emit_signal: a %1 can't travel in a signal")
+                             .arg(QString::fromUtf8(lua_typename(value.interpreter(), luabind::type(value)))));
+    }
 }
 
 template<typename... Args>
 void QLuaSlot::call(const Args&... args)
 {
+    if (!m_function.is_valid() || luabind::type(m_function) != LUA_TFUNCTION || (m_hasReceiver && !m_receiver))
+        return; // a slot that only signals, or one whose receiver is gone
     lua_State* state = m_function.interpreter();
     QScript* script = QScript::of(state);
     const int top = lua_gettop(state);
-    if (script)
+    // Called from the event loop, the function is a run of its own with a
+    // whole budget; called while Lua runs (emit_signal), it spends the
+    // budget of the code that fired it, or a loop of emissions never stops.
+    lua_Debug running;
+    if (script && !lua_getstack(state, 0, &running))
         script->resetCount();
     try {
-        luabind::call_function<void>(m_function, args...);
+        if (m_hasReceiver)
+            luabind::call_function<void>(m_function, luaObject(state, m_receiver), toLua(state, args)...);
+        else
+            luabind::call_function<void>(m_function, toLua(state, args)...);
     } catch (const luabind::error&) {
         QScript::report(QStringLiteral("Script error"), m_signal + QStringLiteral(": ") +
                                                             (script ? script->errorMessage() : QString()));
@@ -97,3 +173,12 @@ void QLuaSlot::general_slot(qint64 first, qint64 second) { call(double(first), d
 void QLuaSlot::general_slot(int first, bool second) { call(first, second); }
 void QLuaSlot::general_slot(int first, const QString& second) { call(first, second.toStdString()); }
 void QLuaSlot::general_slot(int first, int second, int third, int fourth) { call(first, second, third, fourth); }
+void QLuaSlot::general_slot(QObject* object) { call(object); }
+
+// The core sees no widget header: a QWidget is taken as the QObject it
+// starts with, as Qt's meta-types take every pointer to a QObject class.
+void QLuaSlot::general_slot(QWidget* widget) { call(reinterpret_cast<QObject*>(widget)); }
+void QLuaSlot::general_slot(QWidget* first, QWidget* second)
+{
+    call(reinterpret_cast<QObject*>(first), reinterpret_cast<QObject*>(second));
+}

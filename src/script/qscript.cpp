@@ -7,6 +7,9 @@
 
 #include <QObject>
 
+#include <cstdio>
+#include <cstdlib>
+
 const char* const QScript::tooLongMessage = "Script stopped: too long";
 
 namespace {
@@ -29,12 +32,39 @@ QScript::Binder& extraBinder()
     return installed;
 }
 
+// Lua puts a userdata's bytes 40 bytes into its block (the header of a
+// userdata on 64-bit systems), so from malloc's 16-byte aligned blocks they
+// are only 8-byte aligned, while luabind places objects that need 16 there.
+// Every block handed to Lua starts 8 bytes into the one malloc gives, which
+// puts those bytes on a 16-byte boundary.
+constexpr size_t blockOffset = 8;
+
+void* allocate(void*, void* block, size_t, size_t size)
+{
+    char* base = block ? static_cast<char*>(block) - blockOffset : nullptr;
+    if (size == 0) {
+        std::free(base);
+        return nullptr;
+    }
+    char* moved = static_cast<char*>(std::realloc(base, size + blockOffset));
+    return moved ? moved + blockOffset : nullptr;
+}
+
+// As the auxiliary library's own: an error outside any protected call can
+// only be told before the program ends.
+int panic(lua_State* state)
+{
+    std::fprintf(stderr, "PANIC: unprotected error in call to Lua API (%s)\n", lua_tostring(state, -1));
+    return 0;
+}
+
 } // namespace
 
 QScript::QScript()
-    : m_state(luaL_newstate())
+    : m_state(lua_newstate(&allocate, nullptr))
     , m_slots(new QObject)
 {
+    lua_atpanic(m_state, &panic);
     luaL_openlibs(m_state);
     luabind::open(m_state);
     lua_pushlightuserdata(m_state, &scriptKey);

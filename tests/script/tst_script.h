@@ -28,13 +28,8 @@ private slots:
     void soundsApi();
     void signalsReachLua();
 
-    // Scripts that go wrong (tst_scriptabuse.cpp).
-    void runawayLoopIsStopped();
-    void errorsAreReported();
-    void deletedObjectsAreReported();
-    void managerFindsScripts();
-
     // The shipped scripts (tst_scriptfiles.cpp).
+    void managerFindsScripts();
     void characterTemplateLoadsAndChecksClean();
     void everyTemplateFillsItsProjectType();
     void makeThrowIsTheEngineThrowPattern();

@@ -13,6 +13,7 @@
 #include "model/qsprites.h"
 #include "realdata.h"
 #include "script/qluaheaders.h"
+#include "script/qluaobject.h"
 #include "script/qscript.h"
 
 #include <QTextDocument>
@@ -195,4 +196,41 @@ void TestScript::signalsReachLua()
     QTRY_COMPARE(number(script, "ticks"), 1.0);
     QTest::qWait(20);
     QCOMPARE(number(script, "ticks"), 1.0);
+
+    // Signals a script fires itself: to a Lua function, and through a Qt
+    // connection from one object's signal to another's.
+    run(script, QStringLiteral("got = {} a = Signal() b = Signal() "
+                               "connect(a, 'general_signal(int)', b, 'general_signal(int)') "
+                               "connect(b, 'general_signal(int)', function(n) got[#got + 1] = n end) "
+                               "connect(a, 'general_signal(QString)', function(t) got[#got + 1] = t end) "
+                               "connect(a, 'general_signal(double)', function(x) got[#got + 1] = x end) "
+                               "emit_signal(a, 7) emit_signal(a, 'seven') emit_signal(a, 0.5) "
+                               "count = #got first = got[1] second = got[2] third = got[3]"));
+    QCOMPARE(number(script, "count"), 3.0);
+    QCOMPARE(number(script, "first"), 7.0);
+    QCOMPARE(string(script, "second"), QStringLiteral("seven"));
+    QCOMPARE(number(script, "third"), 0.5);
+
+    // A function connected with a receiver is called with it first, until the receiver goes.
+    QObject watched;
+    auto* receiver = new QObject;
+    receiver->setObjectName(QStringLiteral("receiver"));
+    luabind::globals(script.state())["watched"] = LObject(&watched);
+    luabind::globals(script.state())["receiver"] = LObject(receiver);
+    run(script, QStringLiteral("names = {} connect(watched, 'objectNameChanged', receiver, "
+                               "function(self, name) names[#names + 1] = self.objectName .. ':' .. name end)"));
+    watched.setObjectName(QStringLiteral("renamed"));
+    delete receiver;
+    watched.setObjectName(QStringLiteral("again"));
+    run(script, QStringLiteral("heard = #names first = names[1]"));
+    QCOMPARE(number(script, "heard"), 1.0);
+    QCOMPARE(string(script, "first"), QStringLiteral("receiver:renamed"));
+
+    // A signal that carries an object gives Lua an Object; this one is already going.
+    auto* going = new QObject;
+    luabind::globals(script.state())["going"] = LObject(going);
+    run(script, QStringLiteral("state = 'not called' connect(going, 'destroyed(QObject*)', "
+                               "function(o) state = o.alive and 'alive' or 'gone' end)"));
+    delete going;
+    QCOMPARE(string(script, "state"), QStringLiteral("gone"));
 }

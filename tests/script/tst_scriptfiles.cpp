@@ -54,6 +54,21 @@ void runTool(QScript& script, const QString& name, const QString& answers)
     if (!project)                                                                                  \
         QSKIP("kfm of the real engine files not found: set PF_REALDATA or place ../shared/realdata")
 
+void TestScript::managerFindsScripts()
+{
+    const QStringList tools = scriptMan->scriptList(QStringLiteral("tool"));
+    QVERIFY(tools.contains(QStringLiteral("Sprites/Rename group")));
+    QVERIFY(tools.size() >= 5);
+    QVERIFY(scriptMan->scriptList(QStringLiteral("project")).contains(QStringLiteral("Character")));
+    QVERIFY(scriptMan->scriptList(QStringLiteral("common")).contains(QStringLiteral("Throw")));
+    // translate() of a script run from text has no context to give.
+    QScript script;
+    run(script, QStringLiteral("t = translate('Group') print('printed', 3)"));
+    QCOMPARE(string(script, "t"), QStringLiteral("Group"));
+    const QMessages& messages = QScriptManager::scriptMsgs();
+    QVERIFY(messages.count() > 0 && messages.at(messages.count() - 1).text == QStringLiteral("printed\t3"));
+}
+
 void TestScript::characterTemplateLoadsAndChecksClean()
 {
     QTemporaryDir dir;

@@ -6,9 +6,12 @@
 #include "model/qanimations.h"
 #include "model/qproject.h"
 #include "model/qsprites.h"
+#include "mainwindowsession.h"
 #include "screenshots.h"
 #include "script/gui/projdlg.h"
 #include "script/gui/scripted.h"
+#include "script/qluaheaders.h"
+#include "script/qscript.h"
 #include "script/qscriptmanager.h"
 #include "util/qmessages.h"
 #include "windowmanagers.h"
@@ -16,6 +19,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QXmlStreamReader>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
@@ -26,18 +32,11 @@
 
 namespace {
 
-// Closes the next modal dialog when it shows, after `act` did its part; the title it had goes to `title`.
-void answerNextDialog(QString* title, std::function<void(QDialog*)> act = nullptr)
+// Types a whole path into a file dialog's name field, as an author may.
+void typeFileName(QDialog* dialog, const QString& path)
 {
-    QTimer::singleShot(50, [title, act] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return answerNextDialog(title, act);
-        *title = dialog->windowTitle();
-        if (act)
-            act(dialog);
-        dialog->accept();
-    });
+    if (auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+        name->setText(path);
 }
 
 QAction* actionNamed(QInterface* intf, const char* name)
@@ -55,6 +54,8 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_program.isValid());
+        // The file dialogs the tests answer are Qt's own widgets, whatever the desktop offers.
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         QVERIFY(windowManagers::create(m_program.path()));
         scriptMan = new QScriptManager(nullptr, qEnvironmentVariable("PF_BIN_DIR"));
         m_window = new MainWindow;
@@ -92,7 +93,7 @@ private slots:
     {
         const int before = intf->projectCount();
         QString title;
-        answerNextDialog(&title, [](QDialog* dialog) {
+        session::answerNextDialog(&title, [](QDialog* dialog) {
             auto* list = dialog->findChild<QListWidget*>();
             const QList<QListWidgetItem*> found = list->findItems(QStringLiteral("Character"), Qt::MatchExactly);
             if (!found.isEmpty())
@@ -136,14 +137,99 @@ private slots:
 
         // A faulty script shows the error box and the editor goes on.
         QString title;
-        answerNextDialog(&title);
+        session::answerNextDialog(&title);
         editor->editor()->setPlainText(QStringLiteral("local s = project().sprites:at(100000)"));
         QTest::keyClick(editor->editor(), Qt::Key_F5);
         QCOMPARE(title, QStringLiteral("Script error"));
         editor->close();
     }
 
+    void scriptEditorExportsStringsForTranslation()
+    {
+        actionNamed(intf, "tools_script_editor")->trigger();
+        auto* editor = m_window->findChild<ScriptEd*>();
+        QVERIFY(editor);
+        auto* save = editor->findChild<QAction*>(QStringLiteral("script_translate"));
+        QVERIFY(save);
+
+        // A script never saved has no name to give its strings.
+        QString title;
+        editor->sNew();
+        session::answerNextDialog(&title);
+        save->trigger();
+        QCOMPARE(title, QStringLiteral("Error!"));
+
+        // A shipped tool: its name, then each translate("...") in order, all under its relative name.
+        auto* category = editor->findChild<QComboBox*>();
+        category->setCurrentIndex(3);
+        auto* list = editor->findChild<QListView*>(QStringLiteral("scriptList"));
+        const QModelIndexList rows = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole,
+                                                          QStringLiteral("Sprites/Rename group"), 1, Qt::MatchExactly);
+        QCOMPARE(rows.size(), 1);
+        list->setCurrentIndex(rows.first());
+        QVERIFY(editor->editor()->toPlainText().contains(QStringLiteral("translate(")));
+        const QString target = m_program.filePath(QStringLiteral("rename.ts"));
+        session::answerNextDialog(&title, [target](QDialog* dialog) { typeFileName(dialog, target); });
+        save->trigger();
+        QCOMPARE(title, QStringLiteral("Save for translation"));
+        const QStringList sources = tsMessages(target, QStringLiteral("tool/Sprites/Rename group"));
+        QCOMPARE(sources, (QStringList{QStringLiteral("Rename group"), QStringLiteral("Rename group"), QStringLiteral("Group"),
+                                       QStringLiteral("Rename group"), QStringLiteral("New group"), QStringLiteral("Rename group"),
+                                       QStringLiteral("No sprite in group %d.")}));
+
+        // One without translate() calls has only its name.
+        category->setCurrentIndex(0);
+        list->setCurrentIndex(list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Throw")).first());
+        const QString throwTarget = m_program.filePath(QStringLiteral("throw.ts"));
+        session::answerNextDialog(&title, [throwTarget](QDialog* dialog) { typeFileName(dialog, throwTarget); });
+        save->trigger();
+        QCOMPARE(tsMessages(throwTarget, QStringLiteral("common/Throw")), QStringList{QStringLiteral("Throw")});
+        editor->close();
+    }
+
+    // The last: the window goes, and a script asking for projects finds none.
+    void scriptsOutliveTheWindow()
+    {
+        delete m_window;
+        m_window = nullptr;
+        QScript script;
+        try {
+            script.fromString(QStringLiteral("n = projectCount() none = project() == nil"));
+        } catch (const std::exception& error) {
+            QFAIL(qPrintable(script.describe(error)));
+        }
+        lua_getglobal(script.state(), "n");
+        QCOMPARE(lua_tonumber(script.state(), -1), 0.0);
+        lua_getglobal(script.state(), "none");
+        QVERIFY(lua_toboolean(script.state(), -1));
+    }
+
 private:
+    /// The sources of a written .ts file, which must be well-formed, in the
+    /// context "QScriptManager" and each with `comment`.
+    static QStringList tsMessages(const QString& fileName, const QString& comment)
+    {
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly))
+            return {QStringLiteral("(not written)")};
+        QXmlStreamReader xml(&file);
+        QStringList sources;
+        QString context;
+        while (!xml.atEnd()) {
+            if (xml.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (xml.name() == QLatin1String("name"))
+                context = xml.readElementText();
+            else if (xml.name() == QLatin1String("source"))
+                sources << xml.readElementText();
+            else if (xml.name() == QLatin1String("comment") && xml.readElementText() != comment)
+                return {QStringLiteral("(wrong comment)")};
+        }
+        if (xml.hasError() || context != QLatin1String("QScriptManager"))
+            return {QStringLiteral("(bad file: ") + xml.errorString() + QLatin1Char(')')};
+        return sources;
+    }
+
     QTemporaryDir m_program;
     MainWindow* m_window = nullptr;
 };

@@ -11,12 +11,15 @@
 #include "windowmanagers.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QMouseEvent>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 class MainWindowSession
@@ -73,6 +76,21 @@ inline void drag(QWidget* widget, const QPoint& from, const QPoint& to)
     for (int step = 1; step <= 4; ++step)
         mouse(widget, QEvent::MouseMove, from + (to - from) * step / 4, Qt::LeftButton);
     mouse(widget, QEvent::MouseButtonRelease, to, Qt::NoButton);
+}
+
+/// Handles the next modal dialog when it shows: `act` does its part, then the
+/// dialog is accepted; the title it had goes to `title`.
+inline void answerNextDialog(QString* title, std::function<void(QDialog*)> act = nullptr)
+{
+    QTimer::singleShot(50, [title, act] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return answerNextDialog(title, act);
+        *title = dialog->windowTitle();
+        if (act)
+            act(dialog);
+        dialog->accept();
+    });
 }
 
 /// The whole content of a file; empty when it can't be read.

@@ -7,7 +7,8 @@
 --   3. the opponent's custom states (P2 plays the thrower's animations with
 --      ChangeAnim2): held, then flying off under gravity, and back to its own
 --      states (SelfState) when it lands.
--- Every key of `options` is optional; the numbers below are the defaults.
+-- makeThrowCommand(options) writes what starts it in the CMD.
+-- Every key of `options` is optional; the values below are the defaults.
 
 local defaults = {
     StateNo = 800,       -- the attempt; the hold is StateNo + 10, P2's states StateNo + 20 and + 21
@@ -25,6 +26,9 @@ local defaults = {
     Damage = 70,
     PowerAdd = 40,
     Facing = 1,          -- 1 throws forward, -1 throws behind
+    Command = "throw",   -- the command that starts the throw
+    Keys = "",           -- its keys, for a command the CMD doesn't have yet ("/F, y": hold forward, press y)
+    Reach = 5,           -- how close the opponent's body must be, in the thrower's units
 }
 
 local function option(options, key)
@@ -95,4 +99,32 @@ function makeThrow(options)
     controller(flying, "Gravity", "VelAdd", {"trigger1", "Time > 0", "y", number(o.Gravity)})
     controller(flying, "Landed", "SelfState", {"trigger1", "Vel Y > 0", "trigger1", "Pos Y >= 0", "value", "5100"})
     return table.concat(lines, "\n")
+end
+
+-- The CMD's part of the throw, as a table: `command`, the [Command] group
+-- when options.Keys gives keys (nil otherwise: the command exists), and
+-- `entry`, the [State -1] controller that starts the attempt when the command
+-- is given close to an opponent standing or crouching and not already hit.
+function makeThrowCommand(options)
+    local o = {}
+    for key in pairs(defaults) do
+        o[key] = option(options, key)
+    end
+    local result = {}
+    if o.Keys ~= "" then
+        result.command = table.concat({"[Command]", string.format("name = \"%s\"", o.Command),
+                                       "command = " .. o.Keys, "time = 15", ""}, "\n")
+    end
+    result.entry = table.concat({
+        string.format("[State -1, Throw %s]", o.Command),
+        "type = ChangeState",
+        "value = " .. number(o.StateNo),
+        string.format("triggerall = command = \"%s\"", o.Command),
+        "triggerall = statetype = S",
+        "triggerall = ctrl",
+        "trigger1 = p2bodydist X < " .. number(o.Reach),
+        "trigger1 = (p2statetype = S) || (p2statetype = C)",
+        "trigger1 = p2movetype != H",
+        ""}, "\n")
+    return result
 end

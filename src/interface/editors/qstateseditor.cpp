@@ -58,6 +58,8 @@ void QStatesEditor::initialized(QToolBarItems* items, QWidget* leftPage)
                 });
         connect(addToolAction(items, QStringLiteral("states_remove"), QT_TRANSLATE_NOOP("QActionManager", "Remove state file")),
                 &QAction::triggered, this, [this] { removeStateFile(currentDocument()); });
+        connect(addToolAction(items, QStringLiteral("states_throw"), QT_TRANSLATE_NOOP("QActionManager", "New throw...")),
+                &QAction::triggered, this, &QStatesEditor::throwCreator);
     }
     QTextDocumentEditor::initialized(items, leftPage);
 }

@@ -2,6 +2,8 @@
 
 #include "qtextdocumenteditor.h"
 
+#include <QVariantMap>
+
 #include <memory>
 
 class QSyntaxTextEditor;
@@ -40,6 +42,24 @@ public:
     /// Takes the state file at `index` out of the project and its DEF, after
     /// asking about unsaved edits; its file on disk stays.
     bool removeStateFile(int index);
+    /**
+     * Asks for a throw in "New throw" and writes it with insertThrow(). The
+     * states go to the shown state file (the first when the engine's common
+     * states are shown).
+     */
+    void throwCreator();
+    /**
+     * Runs makeThrow and makeThrowCommand of "common/Throw" on `options`
+     * (their keys) and writes the result: the states at the end of state
+     * file `index`, the command after the CMD's commands and its state -1
+     * entry before the first move on a single button (so that button near
+     * the opponent throws), each file as one undo step. Then shows the
+     * states and tells where each part went. False, after the "Throw script
+     * error" box, when the script fails.
+     */
+    bool insertThrow(const QVariantMap& options, int index);
+    /// Where the last throw went, as the status bar told it.
+    QString lastThrowReport() const { return m_throwReport; }
     /// Whether a read-only tab shows the engine's common states.
     bool showsCommon() const { return m_common != nullptr; }
 
@@ -58,4 +78,5 @@ private:
     void nameInDefinitions(const QString& name);
 
     std::unique_ptr<QSyntaxTextEditor> m_common;
+    QString m_throwReport;
 };

@@ -102,6 +102,12 @@ void QTextDocumentEditor::setProject(QProject* project)
     m_shown = nullptr;
     m_project = project;
     m_current = documentCount() > 0 ? 0 : -1;
+    // Every document keeps its steps for the window's Undo from the start:
+    // a tool or the throw creator may edit one the author never showed.
+    for (int i = 0; i < documentCount(); ++i) {
+        if (QTextDocument* document = documentAt(i))
+            stackOf(document);
+    }
     refreshList();
 }
 

@@ -78,6 +78,7 @@ ScriptEd::ScriptEd(QWidget* parent)
     }
 
     m_category->addItems({tr("Common"), tr("Project"), tr("Code snippet"), tr("Tool")});
+    m_list->setObjectName(QStringLiteral("scriptList"));
     m_list->setModel(&m_names);
     m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     auto* side = new QWidget(this);
@@ -270,7 +271,8 @@ void ScriptEd::sTrans()
         return;
     const QString relative = scriptMan ? QDir(scriptMan->directory()).relativeFilePath(m_fileName) : m_fileName;
     const QString comment = xmlEscaped(relative.endsWith(QStringLiteral(".lua")) ? relative.chopped(4) : relative);
-    auto message = [&comment](const QString& source) {
+    // A QString, not the string builder an auto lambda would hand out over dead temporaries.
+    auto message = [&comment](const QString& source) -> QString {
         return QStringLiteral("\t<message>\n\t\t<source>") + source
                + QStringLiteral("</source>\n\t\t<translation type=\"unfinished\"></translation>\n\t\t<comment>") + comment
                + QStringLiteral("</comment>\n\t</message>\n");
