@@ -15,10 +15,13 @@ namespace {
 /**
  * The table of codec names (on the GUI thread). Qt lists every alias of
  * every codec, and finding the codec of each one opens them all, which takes
- * several times a command's whole start. So the list of aliases is taken on
- * first use, as the table's order depends on the codecs open at that moment,
- * but the aliases are resolved in order only as far as a question needs:
- * the index of UTF-8 or of a file's detected codec needs few of them.
+ * several times a command's whole start; even the list alone makes the
+ * encoding library try every converter it has. So the aliases are resolved
+ * in order only as far as a question needs, and the list is taken only when
+ * a question needs it: until then, a codec whose index is asked for (UTF-8,
+ * or a file's detected codec) takes the next index, and the list adds the
+ * other codecs after it. The program lists the table at its start, so the
+ * indices it offers and keeps in the configuration follow Qt's order.
  */
 class CodecTable
 {
@@ -26,26 +29,29 @@ public:
     /// Starts anew from Qt's current list of aliases.
     void list()
     {
-        m_listed = true;
-        m_aliases = QTextCodec::availableCodecs();
-        m_resolved = 0;
         m_names.clear();
         m_seen.clear();
+        takeList();
     }
 
     /// The name at `position`, empty beyond the end.
     QByteArray at(qsizetype position)
     {
-        listOnce();
+        if (position >= m_names.size())
+            listOnce();
         while (m_names.size() <= position && resolveNext()) { }
         return position >= 0 && position < m_names.size() ? m_names.at(position) : QByteArray();
     }
 
-    /// The position of `name`, -1 when no codec has it.
+    /// The position of the codec named `name`, -1 when the list has none.
     qsizetype indexOf(const QByteArray& name)
     {
-        listOnce();
         qsizetype position = m_names.indexOf(name);
+        if (position < 0 && !m_listed && name != "System") {
+            m_seen.insert(name);
+            m_names.append(name);
+            return m_names.size() - 1;
+        }
         while (position < 0 && resolveNext()) {
             if (m_names.last() == name)
                 position = m_names.size() - 1;
@@ -61,10 +67,17 @@ public:
     }
 
 private:
+    void takeList()
+    {
+        m_listed = true;
+        m_aliases = QTextCodec::availableCodecs();
+        m_resolved = 0;
+    }
+
     void listOnce()
     {
         if (!m_listed)
-            list();
+            takeList();
     }
 
     /// Resolves aliases until one adds a codec to the table; false at the end.

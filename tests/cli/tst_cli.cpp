@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QtTest>
 
 namespace {
@@ -111,6 +112,20 @@ private slots:
         QCOMPARE(absent.exitCode, 1);
         QCOMPARE(absent.err.count('\n'), 1);
         QVERIFY(absent.err.startsWith(QByteArray("pugilforge-cli: " + missing.toLocal8Bit() + ": ")));
+
+        // A detected encoding gets an index and its name before any table of every codec is listed.
+        const QString japanese = dir.filePath(QStringLiteral("japanese.cmd"));
+        QFile file(japanese);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        for (int i = 0; i < 4; ++i) {
+            file.write(QTextCodec::codecForName("Shift_JIS")->fromUnicode(
+                QStringLiteral("; 波動拳のコマンドです。前に素早く二回入力すると、ダッシュになります。\n"
+                               "[Command]\nname = \"波動拳\"\ncommand = ~D, DF, F, x\n")));
+        }
+        file.close();
+        const CliResult detected = runCli({QStringLiteral("tokens"), japanese});
+        QCOMPARE(detected.exitCode, 0);
+        QVERIFY2(detected.out.startsWith("encoding: Shift_JIS\n"), detected.out.left(40).constData());
     }
 
     void unreadableInputIsOneLineAndFails()
