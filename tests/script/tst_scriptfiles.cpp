@@ -156,6 +156,19 @@ void TestScript::makeThrowIsTheEngineThrowPattern()
         QVERIFY2(text.contains(QLatin1String(expected)), expected);
     QVERIFY(text.indexOf(QStringLiteral("type = TargetBind")) < text.indexOf(QStringLiteral("type = TargetState")));
 
+    // The CMD's part: a command group only for new keys, and the entry into the attempt.
+    luabind::object cmd = luabind::call_function<luabind::object>(script.state(), "makeThrowCommand", options);
+    QVERIFY(!luabind::object_cast_nothrow<std::string>(cmd["command"]));
+    const QString entry = lua::str(luabind::object_cast<std::string>(cmd["entry"]));
+    for (const char* expected : {"[State -1, Throw throw]", "type = ChangeState", "value = 900",
+                                 "triggerall = command = \"throw\"", "trigger1 = p2bodydist X < 5", "trigger1 = p2movetype != H"})
+        QVERIFY2(entry.contains(QLatin1String(expected)), expected);
+    options["Keys"] = "/F, y";
+    options["Command"] = "grab";
+    cmd = luabind::call_function<luabind::object>(script.state(), "makeThrowCommand", options);
+    QCOMPARE(lua::str(luabind::object_cast<std::string>(cmd["command"])),
+             QStringLiteral("[Command]\nname = \"grab\"\ncommand = /F, y\ntime = 15\n"));
+
     QTemporaryDir dir;
     const QString fileName = dir.filePath(QStringLiteral("throw.cns"));
     QFile file(fileName);

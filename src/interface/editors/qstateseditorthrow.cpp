@@ -218,7 +218,8 @@ bool QStatesEditor::insertThrow(const QVariantMap& options, int index)
     parts << tr("Throw states at line %1 of %2").arg(line + 1).arg(documentTitle(index));
 
     QTextDocument* cmd = project()->commands()->document();
-    const QString cmdName = QFileInfo(project()->commands()->fileName()).fileName();
+    const QString cmdFile = QFileInfo(project()->commands()->fileName()).fileName();
+    const QString cmdName = cmdFile.isEmpty() ? tr("the CMD") : cmdFile;
     if (!text.command.isEmpty() || !text.entry.isEmpty()) {
         // The command and the entry as one step of the CMD.
         QTextCursor step(cmd);
