@@ -6,8 +6,10 @@
 
 #include <QDataStream>
 #include <QIODevice>
+#include <QtEndian>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace {
@@ -54,111 +56,126 @@ struct DecodeEnd
     bool complete;
 };
 
-/// True when none of eight bytes is a run byte (both top bits set).
-inline bool allLiterals(quint64 group)
+/// Bit i set when byte i of eight (in memory order) is a run byte.
+inline unsigned runBytes(quint64 group)
 {
-    return (group & (group << 1) & 0x8080808080808080ull) == 0;
+    const quint64 bytes = qFromLittleEndian(group);
+    const quint64 tops = bytes & (bytes << 1) & 0x8080808080808080ull;
+    return unsigned(((tops >> 7) * 0x0102040810204080ull) >> 56);
 }
 
-// One plane of one byte a pixel, the layout of every SFF 1.0 sprite, decoded
-// straight into the scan lines with bounds checked once per run or per group of
-// eight literal bytes. Runs are stored 16 or 64 bytes at a time (a run is at
-// most 63) and literal groups 8 at a time, so a store may reach past the run, into the
-// line's padding or the lines below, though never past the image. That is
-// harmless because the cursor only moves forward: every byte ahead of it is
-// written again later, zeroed as padding when its line ends, or zeroed with the
-// rest of the image when the data runs out. So equal files give equal bytes.
+/// Where the first four tokens of eight bytes start, and the bytes those four take.
+struct FourTokens
+{
+    uchar at[4];
+    uchar used;
+};
+
+/// FourTokens for each pattern of run bytes among eight, the first byte starting a token.
+/// A token takes one or two bytes, so eight always hold four.
+constexpr std::array<FourTokens, 256> fourTokenTable()
+{
+    std::array<FourTokens, 256> table {};
+    for (unsigned runs = 0; runs < 256; ++runs) {
+        unsigned at = 0;
+        for (int token = 0; token < 4; ++token) {
+            table[runs].at[token] = uchar(at);
+            at += (runs >> at & 1) ? 2 : 1;
+        }
+        table[runs].used = uchar(at);
+    }
+    return table;
+}
+
+constexpr std::array<FourTokens, 256> fourTokens = fourTokenTable();
+
+// One plane of one byte a pixel, the layout of every SFF 1.0 sprite. The
+// plane's lines lie end to end in the data, and a run may go on from one line
+// into the next, so the data is first decoded as one stream into memory of
+// `bytesPerLine` bytes a line, with no line ends to watch: sprites' lines are
+// short (a few dozen pixels, about a dozen tokens), and ending and starting
+// each one cost as much as its tokens. The lines are then copied to their
+// place in the image and their padding zeroed.
+//
+// Most of the stream goes four tokens a step: a table says where they start
+// in the next eight bytes, so that finding a token does not wait on reading
+// the one before. Each token is stored without a branch on its kind (a
+// literal is a run of one) by one store of 64 bytes, as a run is at most 63;
+// near the end one token a step, by 16 bytes and 48 more for a longer run.
+// The memory has room for a store past the last line. A store may thus reach
+// past its token, which is harmless because the cursor only moves forward:
+// every byte ahead of it is written again later, or zeroed when the data runs
+// out. So equal files give equal bytes.
 DecodeEnd decodeIndexed(int bytesPerLine, const uchar* in, const uchar* end, QImage& image)
 {
     constexpr int widestStore = 64;
     const int height = image.height();
-    const qsizetype stride = image.bytesPerLine();
-    const int shown = std::min(image.width(), bytesPerLine);
-    uchar* const last = image.bits() + image.sizeInBytes();
+    const qsizetype total = qsizetype(bytesPerLine) * height;
+    thread_local QScratchBuffer memory;
+    uchar* const stream = memory.reserve(size_t(total + widestStore));
     // Up to here a run byte always has its value after it.
     const uchar* const bothBytes = end - 1;
-    uchar* line = image.bits();
-    int count = 0; // pixels of a run that crossed the end of the line above
-    uchar value = 0;
-
-    for (int row = 0; row < height; ++row, line += stride) {
-        // The columns of this line from which a store of 64 or of 8 bytes stays inside the image.
-        const qsizetype room = last - line;
-        const int runLimit = int(std::min<qsizetype>(shown, room - widestStore));
-        const int groupLimit = int(std::min<qsizetype>(bytesPerLine, room) - 8);
-        auto storeRun = [&](int column, int n) {
-            if (column < runLimit) {
-                // Most runs are short: one store of 16 covers them.
-                std::memset(line + column, value, 16);
-                if (n > 16)
-                    std::memset(line + column + 16, value, widestStore - 16);
-            } else if (column < shown) {
-                std::memset(line + column, value, size_t(std::min(column + n, shown) - column));
-            }
-        };
-
-        int column = std::min(count, bytesPerLine);
-        if (column > 0)
-            storeRun(0, column);
-        count -= column;
-        // Most of a line: one token a step without a branch on its kind, a
-        // literal being a run of one, while a store of 64 stays in the image.
-        const int quickLimit = std::min<qsizetype>(bytesPerLine, room - widestStore);
-        while (column < quickLimit && in < bothBytes) {
-            // Arithmetic rather than conditions, so the compiler cannot branch:
-            // run is 1 for a run byte (192 and above), 0 for a literal.
-            const int byte = in[0];
-            const int run = (byte + 64) >> 8;
-            const int n = (((byte & 63) - 1) & -run) + 1;
-            if (column + n > bytesPerLine)
-                break;
-            const uchar repeated = in[run];
-            std::memset(line + column, repeated, 16);
-            if (n > 16)
-                std::memset(line + column + 16, repeated, widestStore - 16);
-            in += 1 + run;
-            column += n;
-        }
-        while (column < bytesPerLine && in < bothBytes) {
-            if (*in < 192) {
-                if (column < shown)
-                    line[column] = *in;
-                ++in;
-                ++column;
-                while (column <= groupLimit && end - in >= 8) {
-                    quint64 group;
-                    std::memcpy(&group, in, 8);
-                    if (!allLiterals(group))
-                        break;
-                    std::memcpy(line + column, &group, 8);
-                    in += 8;
-                    column += 8;
-                }
-                continue;
-            }
-            count = in[0] & 63;
-            value = in[1];
-            in += 2;
-            const int n = std::min(count, bytesPerLine - column);
-            storeRun(column, n);
-            column += n;
-            count -= n;
-        }
-        if (column < bytesPerLine && in < end) {
-            // The last byte of the data: a literal, or a run byte without its value.
-            if (*in < 192 && column < shown)
-                line[column] = *in;
-            column += *in < 192 ? 1 : 0;
-            ++in;
-        }
-        if (column < bytesPerLine) {
-            uchar* const reached = line + std::min(column, shown);
-            std::memset(reached, 0, size_t(last - reached));
-            return { in, false };
-        }
-        std::memset(line + shown, 0, size_t(stride - shown));
+    qsizetype at = 0;
+    auto token = [&](const uchar* head) {
+        // Arithmetic rather than conditions: run is 1 for a run byte (192 and above), 0 for a literal.
+        const int run = (head[0] + 64) >> 8;
+        const int n = (((head[0] & 63) - 1) & -run) + 1;
+        const uchar repeated = head[run];
+        std::memset(stream + at, repeated, widestStore);
+        at += n;
+    };
+    // Four tokens cover at most 4 * 63 bytes.
+    while (at < total - 4 * 63 && end - in >= 8) {
+        quint64 group;
+        std::memcpy(&group, in, 8);
+        const FourTokens& tokens = fourTokens[runBytes(group)];
+        token(in + tokens.at[0]);
+        token(in + tokens.at[1]);
+        token(in + tokens.at[2]);
+        token(in + tokens.at[3]);
+        in += tokens.used;
     }
-    return { in, true };
+    while (at < total && in < bothBytes) {
+        const int byte = in[0];
+        const int run = (byte + 64) >> 8;
+        const int n = (((byte & 63) - 1) & -run) + 1;
+        const uchar repeated = in[run];
+        std::memset(stream + at, repeated, 16);
+        if (n > 16)
+            std::memset(stream + at + 16, repeated, widestStore - 16);
+        in += 1 + run;
+        at += n;
+    }
+    if (at < total && in < end) {
+        // The last byte of the data: a literal, or a run byte without its value.
+        if (*in < 192)
+            stream[at++] = *in;
+        ++in;
+    }
+    const bool complete = at >= total;
+    if (!complete)
+        std::memset(stream + at, 0, size_t(total - at));
+
+    const qsizetype stride = image.bytesPerLine();
+    const int shown = std::min(image.width(), bytesPerLine);
+    uchar* line = image.bits();
+    const uchar* from = stream;
+    // Lines are copied eight bytes at a time and their padding zeroed with
+    // eight more: what that writes past a line lies in the next line (lines
+    // of at least eight bytes), written again right after. The last line
+    // gets exact copies.
+    const bool shortPadding = stride >= 8 && stride - shown <= 8;
+    for (int row = 0; row < height; ++row, line += stride, from += bytesPerLine) {
+        if (row + 1 == height || !shortPadding) {
+            std::memcpy(line, from, size_t(shown));
+            std::memset(line + shown, 0, size_t(stride - shown));
+            continue;
+        }
+        for (int x = 0; x < shown; x += 8)
+            std::memcpy(line + x, from + x, 8);
+        std::memset(line + shown, 0, 8);
+    }
+    return { in, complete };
 }
 
 // Any other plane layout: each plane of a line goes to its byte of every pixel.
@@ -222,8 +239,8 @@ DecodeEnd decodePlanes(const QPCXHeader& header, const uchar* in, const uchar* e
     return { in, false };
 }
 
-/// Decodes into `image`, made for the header's size and format.
-QImage decode(const QPCXHeader& header, const QByteArray& data, QImage image)
+/// Decodes into `image`, made for the header's size and format, with the colour table when `colours` is set.
+QImage decode(const QPCXHeader& header, const QByteArray& data, QImage image, bool colours)
 {
     const QImage::Format format = image.format();
     if (image.isNull())
@@ -236,7 +253,7 @@ QImage decode(const QPCXHeader& header, const QByteArray& data, QImage image)
         : decodePlanes(header, pixels, end, image);
 
     const uchar* in = stop.in;
-    if (header.depth() == 8 && in < end) {
+    if (colours && header.depth() == 8 && in < end) {
         int marker = paletteMarker;
         if (stop.complete)
             in = begin + std::max<qsizetype>(0, data.size() - paletteBytes);
@@ -279,10 +296,10 @@ QImage loadPCX(const QByteArray& data)
     QPCXHeader header;
     if (!header.read(data.constData(), data.size()) || !acceptable(header, data.size()))
         return QImage();
-    return decode(header, data, QImage(header.width(), header.height(), depthToFormat(header.depth())));
+    return decode(header, data, QImage(header.width(), header.height(), depthToFormat(header.depth())), true);
 }
 
-QImage loadPCX(const QByteArray& data, QScratchBuffer& memory)
+QImage loadPCX(const QByteArray& data, QScratchBuffer& memory, bool colours)
 {
     QPCXHeader header;
     if (!header.read(data.constData(), data.size()) || !acceptable(header, data.size()))
@@ -290,7 +307,7 @@ QImage loadPCX(const QByteArray& data, QScratchBuffer& memory)
     const QImage::Format format = depthToFormat(header.depth());
     const qsizetype stride = ((qsizetype(header.width()) * QImage::toPixelFormat(format).bitsPerPixel() + 31) >> 5) << 2;
     uchar* bits = memory.reserve(size_t(stride * header.height()));
-    return decode(header, data, QImage(bits, header.width(), header.height(), stride, format));
+    return decode(header, data, QImage(bits, header.width(), header.height(), stride, format), colours);
 }
 
 QImageInfo infoFromPCX(const QByteArray& data)

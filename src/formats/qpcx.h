@@ -23,8 +23,9 @@ class QScratchBuffer;
 QImage loadPCX(const QByteArray& data);
 /// As loadPCX, into `memory` rather than memory of its own: the image is
 /// valid until the next use of `memory`. Opening a file of many pictures
-/// thus decodes each into memory already in the cache.
-QImage loadPCX(const QByteArray& data, QScratchBuffer& memory);
+/// thus decodes each into memory already in the cache. Without `colours`
+/// the image has no colour table, for callers that want only the pixels.
+QImage loadPCX(const QByteArray& data, QScratchBuffer& memory, bool colours = true);
 
 /// Width, height and format from the header alone; null when loadPCX would refuse it.
 QImageInfo infoFromPCX(const QByteArray& data);

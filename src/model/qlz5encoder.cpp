@@ -10,7 +10,6 @@ namespace {
 constexpr qsizetype maxShortRun = 7;
 constexpr qsizetype maxRun = 263;
 constexpr qsizetype minLongCopy = 3;
-constexpr qsizetype edgeLengths = 4;
 
 // What each packet costs, in eighths of a byte: its bytes and its flag bit.
 // The fourth short copy of each group of four carries no offset byte.
@@ -19,15 +18,14 @@ constexpr quint32 longRunCost = 16 + 1;
 constexpr quint32 shortCopyCost = 16 + 1;
 constexpr quint32 longCopyCost = 24 + 1;
 
-/// Calls `take` with the first and the last edgeLengths lengths of from..to.
+/// Calls `take` with the shortest and the longest length of from..to, if any.
 template<typename Take>
 void offerLengths(qsizetype from, qsizetype to, Take take)
 {
-    const qsizetype head = std::min(to, from + edgeLengths - 1);
-    for (qsizetype length = from; length <= head; ++length)
-        take(length);
-    for (qsizetype length = std::max(head + 1, to - edgeLengths + 1); length <= to; ++length)
-        take(length);
+    if (from <= to)
+        take(from);
+    if (from < to)
+        take(to);
 }
 
 /// How far back the nearest run as long as the one at `pos` (up to a short
@@ -44,11 +42,13 @@ qsizetype nearestRun(const uchar* src, const QLz5Matcher& matcher, qsizetype pos
 /**
  * First pass: the image as the list of run and copy packets that costs the
  * fewest bytes, found by a shortest path over the pixel positions. From each
- * position the path may take a run (up to seven, and the last eight lengths
- * of a long run), a short copy of a nearby run, or a copy of the longest
- * matches near and far the matcher finds, cut at their first or last four
- * lengths: cutting in the middle of a long match has never paid off on the
- * engine's own sprites, and trying every length made saving several times slower.
+ * position the path may take a run (any length up to seven, or the whole run
+ * when it is longer), a short copy of a nearby run, or a copy of the longest
+ * matches near and far the matcher finds, at its shortest or its whole
+ * length. Cutting a long run or a copy anywhere else never paid off on the
+ * engine's own sprites (trying the first and last four lengths of each gave
+ * kfm's sprites byte for byte the same size), and every length tried costs
+ * time at every pixel.
  */
 std::vector<QPack> tokenize(const uchar* src, qsizetype total, bool useLz)
 {
@@ -87,9 +87,9 @@ std::vector<QPack> tokenize(const uchar* src, qsizetype total, bool useLz)
             pack.length = quint16(length);
             offer(pos, pack, shortRunCost);
         }
-        pack.isShort = false;
-        for (qsizetype length = std::max(maxShortRun + 1, run - maxShortRun); length <= run; ++length) {
-            pack.length = quint16(length);
+        if (run > maxShortRun) {
+            pack.isShort = false;
+            pack.length = quint16(run);
             offer(pos, pack, longRunCost);
         }
         if (!useLz)

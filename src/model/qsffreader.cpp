@@ -9,6 +9,7 @@
 #include "model/qstreamcachefilters.h"
 #include "util/qcrc64.h"
 #include "util/qprompt.h"
+#include "util/qsharedslice.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -178,7 +179,8 @@ QByteArray QSFFReader::bytesAt(qint64 offset, qint64 length) const
 {
     if (offset < 0 || offset >= m_data.size() || length <= 0)
         return QByteArray();
-    return m_data.mid(offset, qMin<qint64>(length, m_data.size() - offset));
+    // Payloads share the file's memory: the cache keeps them as they are.
+    return sharedSlice(m_data, offset, qMin<qint64>(length, m_data.size() - offset));
 }
 
 bool QSFFReader::readVersion1()
@@ -202,17 +204,14 @@ bool QSFFReader::readVersion1()
     for (quint32 i = 0; i < header.imageCount; ++i) {
         // The next-offset field is the truth: same-palette sprites of real
         // files still count the 768 palette bytes their PCX lost in the length.
-        if (position + QSFFv1SubHeader::size > m_data.size() || !stream.device()->seek(position)) {
+        if (position + QSFFv1SubHeader::size > m_data.size()) {
             pastTheEnd(QStringLiteral("sprite %1 of %2: the subheader at byte %3")
                            .arg(i)
                            .arg(header.imageCount)
                            .arg(QLocale(QLocale::English).toString(position)));
             return false;
         }
-        QSFFv1SubHeader sub;
-        stream >> sub;
-        if (stream.status() != QDataStream::Ok)
-            return false;
+        const QSFFv1SubHeader sub = QSFFv1SubHeader::fromBytes(m_data.constData() + position);
         const qint64 dataStart = position + QSFFv1SubHeader::size;
         const int count = m_sprites->count();
         QSprite* sprite = m_sprites->insertSprite(count);
@@ -239,8 +238,10 @@ bool QSFFReader::readVersion1()
             const QImageInfo info = infoFromPCX(pcx);
             // Only the colours and the checksum are wanted now: the picture goes
             // into kept memory and the payload stays PCX in the cache.
-            const QImage image =
-                plausibleSize(info.width, info.height, info.format, pcx.size()) ? loadPCX(pcx, m_pixels) : QImage();
+            const bool colours = v1TakesColours(sub, count, characterPalette);
+            const QImage image = plausibleSize(info.width, info.height, info.format, pcx.size())
+                ? loadPCX(pcx, m_pixels, colours)
+                : QImage();
             palette = v1Palette(image, sub, count, characterPalette, current);
             if (!image.isNull())
                 sprite->setEncodedImage(pcx, cfPCX, quint16(image.width()), quint16(image.height()), image.format(),
@@ -259,12 +260,20 @@ bool QSFFReader::readVersion1()
     return true;
 }
 
+bool QSFFReader::v1TakesColours(const QSFFv1SubHeader& header, int position,
+                                const QSpritePalette* characterPalette) const
+{
+    if (m_character && takesCharacterPalette(header.group, header.index))
+        return !characterPalette;
+    return position == 0 || header.samePalette != 1;
+}
+
 QSpritePalette* QSFFReader::v1Palette(const QImage& image, const QSFFv1SubHeader& header, int position,
                                       QSpritePalette*& characterPalette, QSpritePalette* current)
 {
     QRGBA colors[256];
     if (m_character && takesCharacterPalette(header.group, header.index)) {
-        if (!characterPalette) {
+        if (v1TakesColours(header, position, characterPalette)) {
             if (!tableColors(image, colors)) {
                 std::fill(std::begin(colors), std::end(colors), QRGBA());
                 emit m_sprites->charPalette(&colors);
@@ -273,7 +282,7 @@ QSpritePalette* QSFFReader::v1Palette(const QImage& image, const QSFFv1SubHeader
         }
         return characterPalette;
     }
-    if (position == 0 || header.samePalette != 1) {
+    if (v1TakesColours(header, position, characterPalette)) {
         if (!tableColors(image, colors))
             return nullptr;
         return m_sprites->addPalette(colors, spsReuseOthers, header.group, -1);
@@ -404,7 +413,7 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
     if (format == QImage::Format_Invalid || record.width == 0 || record.height == 0)
         return;
     const qint64 block = (record.flags & sfDecompressOnLoad) ? header.tdataOffset : header.ldataOffset;
-    QByteArray data = bytesAt(block + record.offset, record.length);
+    const QByteArray data = bytesAt(block + record.offset, record.length);
     if (data.size() < qint64(record.length))
         pastTheEnd(spriteName(m_sprites->indexOf(sprite), record.group, record.index, header.spriteCount)
                    + QStringLiteral(": data"));
@@ -422,13 +431,12 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
     }
     if (data.size() < 4)
         return;
-    // Dropping the size prefix from the front of an unshared array moves no bytes.
-    data.remove(0, 4);
+    const QByteArray payload = sharedSlice(data, 4, data.size() - 4);
     const QStreamCacheFilterType filter = sffFilterOf(record.compression);
     quint64 crc = 0;
     if (filter == cfPNG) {
         // A PNG names its own size and kind of pixels, which must be the sprite's.
-        const QPngHash png = hashPNG(data, m_pixels);
+        const QPngHash png = hashPNG(payload, m_pixels);
         const QString fault = png.fault.isEmpty() ? pngMismatch(png, record, format) : png.fault;
         if (!fault.isEmpty()) {
             m_faults << QStringLiteral("%1: PNG data: %2")
@@ -438,7 +446,7 @@ void QSFFReader::readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, cons
         }
         crc = png.crc;
     }
-    sprite->setEncodedImage(data, filter, record.width, record.height, format, crc);
+    sprite->setEncodedImage(payload, filter, record.width, record.height, format, crc);
 }
 
 void QSFFReader::joinDuplicates()

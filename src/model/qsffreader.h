@@ -53,6 +53,9 @@ private:
     void readV2Palettes(const QList<QSFFv2Palette>& records, const QSFFv2Header& header, quint32 version);
     bool readV2Sprites(const QList<QSFFv2Sprite>& records, const QSFFv2Header& header, uint total);
     void readV2Payload(QSprite* sprite, const QSFFv2Sprite& record, const QSFFv2Header& header);
+    /// Whether the sprite brings a palette of its own colours (or the
+    /// character's first), so that its PCX colour table is wanted.
+    bool v1TakesColours(const QSFFv1SubHeader& header, int position, const QSpritePalette* characterPalette) const;
     QSpritePalette* v1Palette(const QImage& image, const QSFFv1SubHeader& header, int position,
                               QSpritePalette*& characterPalette, QSpritePalette* current);
     void joinDuplicates();

@@ -1,5 +1,7 @@
 #include "qsffrecords.h"
 
+#include <QtEndian>
+
 #include <cstring>
 
 QStreamCacheFilterType sffFilterOf(quint8 compression)
@@ -109,12 +111,26 @@ QDataStream& operator<<(QDataStream& stream, const QSFFv1Header& header)
     return stream;
 }
 
+QSFFv1SubHeader QSFFv1SubHeader::fromBytes(const char* bytes)
+{
+    QSFFv1SubHeader header;
+    header.nextOffset = qFromLittleEndian<quint32>(bytes);
+    header.length = qFromLittleEndian<quint32>(bytes + 4);
+    header.x = qFromLittleEndian<qint16>(bytes + 8);
+    header.y = qFromLittleEndian<qint16>(bytes + 10);
+    header.group = qFromLittleEndian<quint16>(bytes + 12);
+    header.index = qFromLittleEndian<quint16>(bytes + 14);
+    header.link = qFromLittleEndian<quint16>(bytes + 16);
+    header.samePalette = quint8(bytes[18]);
+    return header;
+}
+
 QDataStream& operator>>(QDataStream& stream, QSFFv1SubHeader& header)
 {
-    char zero[13];
-    stream >> header.nextOffset >> header.length >> header.x >> header.y >> header.group >> header.index
-        >> header.link >> header.samePalette;
-    readBytes(stream, zero, sizeof(zero));
+    char bytes[QSFFv1SubHeader::size];
+    readBytes(stream, bytes, sizeof(bytes));
+    if (stream.status() == QDataStream::Ok)
+        header = QSFFv1SubHeader::fromBytes(bytes);
     return stream;
 }
 

@@ -59,6 +59,8 @@ struct QSFFv1Header
 struct QSFFv1SubHeader
 {
     static constexpr int size = 32;
+    /// The record from its `size` bytes as they lie in the file.
+    static QSFFv1SubHeader fromBytes(const char* bytes);
 
     quint32 nextOffset = 0;
     quint32 length = 0; ///< 0: a linked sprite

@@ -60,7 +60,7 @@ QByteArray QPCXCacheFilter::process(const QByteArray& data, void*)
 
 quint64 QPCXCacheFilter::checksum(const QByteArray& data, void*)
 {
-    return imageChecksum(loadPCX(data, m_pixels));
+    return imageChecksum(loadPCX(data, m_pixels, false));
 }
 
 QImage::Format QPixelStreamFilter::formatOf(const QStreamImageParam&) const

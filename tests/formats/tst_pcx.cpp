@@ -126,6 +126,10 @@ void TestFormats::pcxRoundTrip_data()
     QTest::newRow("8-bit noise, odd width") << randomImage(37, 11, QImage::Format_Indexed8, false);
     QTest::newRow("8-bit long runs") << randomImage(300, 5, QImage::Format_Indexed8, true);
     QTest::newRow("8-bit one pixel") << randomImage(1, 1, QImage::Format_Indexed8, false);
+    // Lines narrower than a word, and padding of every width, over several lines.
+    for (int width = 1; width <= 10; ++width)
+        QTest::addRow("8-bit %d wide", width)
+            << randomImage(width, 7, QImage::Format_Indexed8, width % 2 == 0);
     QTest::newRow("24-bit noise") << randomImage(29, 13, QImage::Format_RGB32, false);
     QTest::newRow("24-bit runs") << randomImage(200, 4, QImage::Format_RGB32, true);
     QTest::newRow("32-bit noise") << randomImage(17, 9, QImage::Format_ARGB32, false);
