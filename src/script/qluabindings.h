@@ -16,3 +16,6 @@ void registerLuaCommands(lua_State* state);    ///< Commands, Command
 void registerLuaSounds(lua_State* state);      ///< Sounds
 void registerLuaImage(lua_State* state);       ///< Image, the pixels a script draws or reads
 void registerLuaAuthor(lua_State* state);      ///< ask, message, saveFileName, writeFile, include
+
+// The thin layer over Qt's own classes, by family.
+void registerLuaRect(lua_State* state); ///< Point, Line, Rect, Size, Margins, Polygon, Region

@@ -77,6 +77,8 @@ QScript::~QScript()
 void QScript::registerBindings()
 {
     registerLuaGlobals(m_state);
+    // Qt's value types first: the models' members may take and give them.
+    registerLuaRect(m_state);
     // A class's base goes first: TextDocument before Definitions and Commands.
     registerLuaText(m_state);
     registerLuaProject(m_state);
