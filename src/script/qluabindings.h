@@ -5,7 +5,7 @@ struct lua_State;
 // One registration per part of the scripting API; QScript::registerBindings
 // runs them all on every new state, a base class before the classes derived from it.
 
-void registerLuaGlobals(lua_State* state);     ///< print, translate, bit_*, colours, Object, connect
+void registerLuaGlobals(lua_State* state);     ///< print, translate, bit_*, colours, connect
 void registerLuaText(lua_State* state);        ///< TextDocument (state files)
 void registerLuaProject(lua_State* state);     ///< Project, project(), projectCount()
 void registerLuaDefinitions(lua_State* state); ///< Definitions
@@ -18,4 +18,5 @@ void registerLuaImage(lua_State* state);       ///< Image, the pixels a script d
 void registerLuaAuthor(lua_State* state);      ///< ask, message, saveFileName, writeFile, include
 
 // The thin layer over Qt's own classes, by family.
+void registerLuaUtil(lua_State* state); ///< Object (the base of every bound QObject), Variant, Timer, RegExp
 void registerLuaRect(lua_State* state); ///< Point, Line, Rect, Size, Margins, Polygon, Region

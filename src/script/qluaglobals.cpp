@@ -1,6 +1,5 @@
-// The global functions of the scripting API and the Object class every
-// bound QObject derives from: printing, translation, bit and colour helpers,
-// signals.
+// The global functions of the scripting API: printing, translation, bit and
+// colour helpers, signals.
 #include "qluabindings.h"
 #include "qluaobject.h"
 #include "qluaslot.h"
@@ -10,7 +9,6 @@
 #include <QByteArray>
 #include <QColor>
 #include <QCoreApplication>
-#include <QTimer>
 
 namespace {
 
@@ -66,20 +64,6 @@ void connectFunction(const LObject& sender, const std::string& signal, const lua
     QLuaSlot::connect(sender.object(), lua::str(signal), function);
 }
 
-// Timer.singleShot(ms, function): the function runs once, later, from the event loop.
-void singleShot(int milliseconds, const luabind::object& function)
-{
-    auto* timer = new QTimer;
-    timer->setSingleShot(true);
-    QLuaSlot* slot = QLuaSlot::connect(timer, QStringLiteral("timeout()"), function, true);
-    timer->setParent(slot);
-    timer->start(milliseconds);
-}
-
-struct LTimer
-{
-};
-
 } // namespace
 
 void registerLuaGlobals(lua_State* state)
@@ -92,11 +76,6 @@ void registerLuaGlobals(lua_State* state)
         def("rgb", &rgb), def("rgba", &rgba),
         def("alpha", &alpha), def("red", &red), def("green", &green), def("blue", &blue),
         def("toBase64", &toBase64), def("fromBase64", &fromBase64),
-        def("connect", &connectFunction),
-        class_<LObject>("Object")
-            .property("objectName", &LObject::objectName, &LObject::setObjectName)
-            .property("alive", &LObject::isAlive),
-        class_<LTimer>("Timer")
-            .scope[def("singleShot", &singleShot)]
+        def("connect", &connectFunction)
     ];
 }

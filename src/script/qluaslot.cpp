@@ -1,5 +1,6 @@
 #include "qluaslot.h"
 
+#include "qluaobject.h"
 #include "qscript.h"
 
 #include <QMetaMethod>
@@ -61,8 +62,39 @@ QLuaSlot* QLuaSlot::connect(QObject* sender, const QString& signal, const luabin
     QScript* script = QScript::of(function.interpreter());
     auto* luaSlot = new QLuaSlot(script ? script->slotParent() : nullptr, function,
                                  QString::fromLatin1(found.methodSignature()), oneShot);
+    luaSlot->m_sender = sender;
     QObject::connect(sender, found, luaSlot, slot);
     return luaSlot;
+}
+
+QLuaSlot* QLuaSlot::propertySlot(lua_State* state, QObject* sender, const QString& signal)
+{
+    QScript* script = QScript::of(state);
+    const QMetaMethod found = findSignal(sender, signal);
+    if (!script || !found.isValid())
+        return nullptr;
+    const QString signature = QString::fromLatin1(found.methodSignature());
+    for (QLuaSlot* slot : script->slotParent()->findChildren<QLuaSlot*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (slot->m_property && slot->m_sender == sender && slot->m_signal == signature)
+            return slot;
+    }
+    return nullptr;
+}
+
+void QLuaSlot::assign(QObject* sender, const QString& signal, const luabind::object& function)
+{
+    lua_State* state = function.interpreter();
+    delete propertySlot(state, sender, signal);
+    if (luabind::type(function) == LUA_TNIL)
+        return;
+    connect(sender, signal, function)->m_property = true;
+}
+
+luabind::object QLuaSlot::assigned(lua_State* state, QObject* sender, const QString& signal)
+{
+    if (QLuaSlot* slot = propertySlot(state, sender, signal))
+        return slot->m_function;
+    return luaNil(state);
 }
 
 template<typename... Args>

@@ -3,6 +3,7 @@
 #include "qluaheaders.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 /**
@@ -25,6 +26,13 @@ public:
     /// an unknown signal or one whose arguments no slot takes.
     static QLuaSlot* connect(QObject* sender, const QString& signal, const luabind::object& function,
                              bool oneShot = false);
+
+    /// The signal as a property of its sender (`timer.timeout = f`): assigning
+    /// replaces the function assigned before, nil disconnects. Connections
+    /// made by connect() are left alone.
+    static void assign(QObject* sender, const QString& signal, const luabind::object& function);
+    /// What the property form of the signal holds: the function, or nil.
+    static luabind::object assigned(lua_State* state, QObject* sender, const QString& signal);
 
     const luabind::object& function() const { return m_function; }
     QString signal() const { return m_signal; }
@@ -52,8 +60,12 @@ signals:
 private:
     template<typename... Args>
     void call(const Args&... args);
+    /// The slot that the property form of `signal` made on `sender`, if any.
+    static QLuaSlot* propertySlot(lua_State* state, QObject* sender, const QString& signal);
 
     luabind::object m_function;
     QString m_signal;
     bool m_oneShot;
+    QPointer<QObject> m_sender;
+    bool m_property = false;
 };

@@ -77,7 +77,9 @@ QScript::~QScript()
 void QScript::registerBindings()
 {
     registerLuaGlobals(m_state);
-    // Qt's value types first: the models' members may take and give them.
+    // Object first, the base of every bound QObject; then Qt's values, which
+    // the models' members may take and give.
+    registerLuaUtil(m_state);
     registerLuaRect(m_state);
     // A class's base goes first: TextDocument before Definitions and Commands.
     registerLuaText(m_state);

@@ -5,6 +5,8 @@
 #include "script/qluaheaders.h"
 #include "script/qscript.h"
 
+#include <QEventLoop>
+#include <QTimer>
 #include <QtTest>
 
 class TestScriptQt : public QObject
@@ -13,12 +15,14 @@ class TestScriptQt : public QObject
 
 private slots:
     void rectFamily();
+    void objectVariantTimerRegExp();
 
 private:
     /// Runs `code` in `script`, failing the test with the Lua message when it raises.
     static bool run(QScript& script, const char* code);
     /// The Lua message of `code`, which must raise.
     static QString failure(QScript& script, const QString& code);
+    static double number(QScript& script, const char* name);
 };
 
 bool TestScriptQt::run(QScript& script, const char* code)
@@ -45,7 +49,7 @@ QString TestScriptQt::failure(QScript& script, const QString& code)
 void TestScriptQt::rectFamily()
 {
     QScript script;
-    QVERIFY(run(script, R"lua(
+    const char* const code = R"lua(
         local a, b = Rect{x = 1, y = 2, width = 3, height = 4}, Rect(1, 2, 3, 4)
         assert(a == b and a.right == 3 and a.bottom == 5)
         -- in any order of the table the rectangle is the same
@@ -73,7 +77,8 @@ void TestScriptQt::rectFamily()
         assert(hole ~= r and not hole:contains(Point(2, 2)) and hole:contains(Point(5, 5)))
         assert(hole + Region(2, 2, 2, 2) == r)
         assert(#r:rects() == 1 and r.boundingRect == Rect(0, 0, 10, 10))
-    )lua"));
+    )lua";
+    QVERIFY(run(script, code));
 
     QVERIFY(failure(script, QStringLiteral("Rect{x = 1, widht = 3}")).contains(QStringLiteral("Rect has no property 'widht'")));
     QVERIFY(failure(script, QStringLiteral("Rect{x = 'one'}")).contains(QStringLiteral("Rect.x")));
@@ -82,6 +87,63 @@ void TestScriptQt::rectFamily()
     QVERIFY(failure(script, QStringLiteral("Polygon():at(0)")).contains(QStringLiteral("no point 0")));
     QVERIFY(!failure(script, QStringLiteral("Rect(1, 2, 'x', 4)")).isEmpty());
     QVERIFY(!failure(script, QStringLiteral("Rect(1, 2, 3, 4):contains('a')")).isEmpty());
+}
+
+void TestScriptQt::objectVariantTimerRegExp()
+{
+    QScript script;
+    const char* const code = R"lua(
+        local t = Timer{interval = 250, objectName = "tick"}
+        assert(t.interval == 250 and t.objectName == "tick" and t.className == "QTimer")
+        assert(not t.isActive and t.timeout == nil and t.parent == nil)
+        assert(t:setProperty("interval", 40) and t.interval == 40)
+        assert(t:property("interval").value == 40 and t:property("interval").typeName == "int")
+        t:setProperty("note", "kept")
+        local names = t:dynamicPropertyNames()
+        assert(#names == 1 and names[1] == "note" and tostring(t:property("note")) == "Variant(QString: kept)")
+        assert(not t:property("nothing"):isValid())
+
+        local v = Variant(Rect(1, 2, 3, 4))
+        assert(v.typeName == "QRect" and v.value == Rect(1, 2, 3, 4))
+        assert(Variant{1, 2, 3}.value[3] == 3 and Variant{a = "x"}.value.a == "x")
+        assert(Variant(7) == Variant(7) and Variant(true):toBool() and Variant("12"):toInt() == 12)
+
+        local r = RegExp("(\\w+)=(\\d+)")
+        assert(r:indexIn("set speed=12 now") == 4 and r.captureCount == 2 and r:cap(1) == "speed")
+        assert(r:cap(2) == "12" and r.matchedLength == 8 and r:pos(2) == 10 and r:capturedTexts()[3] == "12")
+        assert(r:lastIndexIn("a=1 b=2") == 4 and not r:exactMatch("a=") and r:exactMatch("a=1"))
+        local w = RegExp{pattern = "*.AIR", patternSyntax = RegExp.Wildcard, caseSensitivity = RegExp.CaseInsensitive}
+        assert(w:exactMatch("kfm.air") and RegExp("a", RegExp.CaseInsensitive):exactMatch("A"))
+        assert(RegExp.escape("a.b") == "a\\.b" and not RegExp("("):isValid())
+        assert(RegExp("("):errorString() ~= "no error occurred")
+
+        -- the signal as a property, and the one-shot form
+        fired, ticks = 0, 0
+        Timer.singleShot(5, function() fired = fired + 1 end)
+        ticker = Timer(1)
+        ticker.timeout = function() ticks = ticks + 1 if ticks == 3 then ticker:stop() end end
+        assert(type(ticker.timeout) == "function")
+        ticker:start()
+    )lua";
+    QVERIFY(run(script, code));
+    QTRY_COMPARE(number(script, "fired"), 1.0);
+    QTRY_COMPARE(number(script, "ticks"), 3.0);
+    QTest::qWait(20);
+    QCOMPARE(number(script, "fired"), 1.0);
+    QVERIFY(run(script, "ticker.timeout = nil assert(ticker.timeout == nil)"));
+
+    QVERIFY(failure(script, QStringLiteral("Timer{intervall = 3}")).contains(QStringLiteral("Timer has no property 'intervall'")));
+    QVERIFY(failure(script, QStringLiteral("Timer():setParent(5)")).contains(QStringLiteral("an Object or nil")));
+    QVERIFY(failure(script, QStringLiteral("Timer.singleShot('soon', print)")).contains(QStringLiteral("No matching")));
+    QVERIFY(failure(script, QStringLiteral("Variant(print)")).contains(QStringLiteral("no Qt form")));
+}
+
+double TestScriptQt::number(QScript& script, const char* name)
+{
+    lua_getglobal(script.state(), name);
+    const double value = lua_tonumber(script.state(), -1);
+    lua_pop(script.state(), 1);
+    return value;
 }
 
 QTEST_MAIN(TestScriptQt)
