@@ -80,6 +80,8 @@ void QScript::registerBindings()
     // Object first, the base of every bound QObject; then Qt's values, which
     // the models' members may take and give.
     registerLuaUtil(m_state);
+    registerLuaTime(m_state);
+    registerLuaBytes(m_state);
     registerLuaRect(m_state);
     // A class's base goes first: TextDocument before Definitions and Commands.
     registerLuaText(m_state);

@@ -2,6 +2,8 @@
 // construction, properties read and written, operators, and wrong arguments
 // giving a Lua error rather than a crash. The checks are written in Lua with
 // assert, so a failure names the script's own line.
+#include "tst_scriptqt.h"
+
 #include "script/qluaheaders.h"
 #include "script/qscript.h"
 
@@ -9,21 +11,6 @@
 #include <QTimer>
 #include <QtTest>
 
-class TestScriptQt : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void rectFamily();
-    void objectVariantTimerRegExp();
-
-private:
-    /// Runs `code` in `script`, failing the test with the Lua message when it raises.
-    static bool run(QScript& script, const char* code);
-    /// The Lua message of `code`, which must raise.
-    static QString failure(QScript& script, const QString& code);
-    static double number(QScript& script, const char* name);
-};
 
 bool TestScriptQt::run(QScript& script, const char* code)
 {
@@ -138,6 +125,40 @@ void TestScriptQt::objectVariantTimerRegExp()
     QVERIFY(failure(script, QStringLiteral("Variant(print)")).contains(QStringLiteral("no Qt form")));
 }
 
+void TestScriptQt::datesAndBytes()
+{
+    QScript script;
+    const char* const code = R"lua(
+        local d = Date{year = 2024, month = 2, day = 29}
+        assert(d == Date(2024, 2, 29) and d:isValid() and tostring(d) == "2024-02-29")
+        assert(d:addDays(1) == Date(2024, 3, 1) and d < d:addDays(1) and d <= d and not (d < d))
+        assert(d.dayOfWeek == 4 and d:daysTo(Date(2024, 3, 29)) == 29 and Date.isLeapYear(2024))
+        assert(Date.fromString("2024-02-29") == d and Date.fromString("29.02.2024", "dd.MM.yyyy") == d)
+        assert(d:toString("yyyy/MM/dd") == "2024/02/29" and not Date(2023, 2, 29):isValid())
+        local t = Time{hour = 10, minute = 30}
+        assert(t == Time(10, 30) and tostring(t) == "10:30:00" and t:addSecs(90) == Time(10, 31, 30))
+        assert(t < Time(11, 0) and t:secsTo(Time(11, 0)) == 1800)
+        local dt = DateTime{date = d, time = t}
+        assert(dt.date == d and dt.time == t and tostring(dt) == "2024-02-29T10:30:00")
+        assert(dt < dt:addSecs(1) and dt:addDays(1).date == Date(2024, 3, 1) and dt == DateTime(d, t))
+
+        assert(Util.toInt16("\255\255") == -1 and Util.toUint16("\255\255") == 65535)
+        assert(Util.toUint32("ABCD\1\0\0\0", 4) == 1 and Util.toInt8("\128") == -128)
+        assert(Util.fromInt32(-2) == "\254\255\255\255" and Util.fromUint8(65) == "A")
+        assert(Util.toFloat(Util.fromFloat(1.5)) == 1.5 and Util.toDouble(Util.fromDouble(-0.25)) == -0.25)
+        assert(Util.showBytes("MUG\0") == "4D 55 47 00")
+        assert(toString("\233t\233", "ISO-8859-1") == "été" and fromString("été", "ISO-8859-1") == "\233t\233")
+        assert(fromBase64(toBase64("\0\1\2")) == "\0\1\2")
+    )lua";
+    QVERIFY(run(script, code));
+    QVERIFY(failure(script, QStringLiteral("Util.toInt32('abc')")).contains(QStringLiteral("past the end")));
+    QVERIFY(failure(script, QStringLiteral("Util.toInt16('abc', -1)")).contains(QStringLiteral("past the end")));
+    QVERIFY(failure(script, QStringLiteral("toString('x', 'no-such-encoding')")).contains(QStringLiteral("unknown encoding")));
+    QVERIFY(failure(script, QStringLiteral("Date{year = 2024, mont = 1}")).contains(QStringLiteral("Date has no property 'mont'")));
+    QVERIFY(failure(script, QStringLiteral("Date{year = 'x'}")).contains(QStringLiteral("Date.year")));
+    QVERIFY(!failure(script, QStringLiteral("return Date(1, 2, 3) < Time(1, 2)")).isEmpty());
+}
+
 double TestScriptQt::number(QScript& script, const char* name)
 {
     lua_getglobal(script.state(), name);
@@ -147,4 +168,3 @@ double TestScriptQt::number(QScript& script, const char* name)
 }
 
 QTEST_MAIN(TestScriptQt)
-#include "tst_scriptqt.moc"
