@@ -22,3 +22,5 @@ void registerLuaUtil(lua_State* state);  ///< Object (the base of every bound QO
 void registerLuaTime(lua_State* state);  ///< Date, Time, DateTime
 void registerLuaBytes(lua_State* state); ///< Util (numbers in bytes), toString, fromString
 void registerLuaRect(lua_State* state);  ///< Point, Line, Rect, Size, Margins, Polygon, Region
+void registerLuaPaintValues(lua_State* state); ///< Color, Brush, Pen, Font
+void registerLuaPainter(lua_State* state);     ///< Painter (after Image, which it paints)

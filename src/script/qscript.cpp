@@ -83,6 +83,7 @@ void QScript::registerBindings()
     registerLuaTime(m_state);
     registerLuaBytes(m_state);
     registerLuaRect(m_state);
+    registerLuaPaintValues(m_state);
     // A class's base goes first: TextDocument before Definitions and Commands.
     registerLuaText(m_state);
     registerLuaProject(m_state);
@@ -93,6 +94,7 @@ void QScript::registerBindings()
     registerLuaCommands(m_state);
     registerLuaSounds(m_state);
     registerLuaImage(m_state);
+    registerLuaPainter(m_state);
     registerLuaAuthor(m_state);
     if (extraBinder())
         extraBinder()(m_state);

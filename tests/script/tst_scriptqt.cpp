@@ -159,6 +159,63 @@ void TestScriptQt::datesAndBytes()
     QVERIFY(!failure(script, QStringLiteral("return Date(1, 2, 3) < Time(1, 2)")).isEmpty());
 }
 
+void TestScriptQt::painterFamily()
+{
+    QScript script;
+    const char* const code = R"lua(
+        local red = Color{red = 255}
+        assert(red == Color(255, 0, 0) and red.alpha == 255 and red.name == "#ffff0000")
+        assert(Color("#80102030").alpha == 128 and Color(rgb(1, 2, 3)).blue == 3 and Color(1, 2, 3).rgb == rgb(1, 2, 3))
+        assert(not Color():isValid() and tostring(red) == "Color(#ffff0000)")
+        local pen = Pen{color = red, width = 3, style = Pen.DashLine}
+        assert(pen.width == 3 and pen.color == red and pen.style == Pen.DashLine and Pen(red, 3).width == 3)
+        local brush = Brush(Color(0, 0, 255), Brush.CrossPattern)
+        assert(brush.style == Brush.CrossPattern and Brush{color = red}.color == red)
+        assert(Font{family = "Sans", pointSize = 12, bold = true}.bold and Font("Sans", 9).pointSize == 9)
+
+        -- a true-colour image
+        local img = Image(20, 10, Image.Format_ARGB32)
+        assert(img.format == Image.Format_ARGB32 and img.size == Size(20, 10))
+        local p = Painter.begin(img)
+        p:fillRect(Rect(0, 0, 20, 10), Color(255, 255, 255))
+        p.pen = Pen(red)
+        p:drawLine(0, 5, 19, 5)
+        p:setBrush(Color(0, 255, 0))
+        p:setPen(Pen{style = Pen.NoPen})
+        p:drawRect(Rect(2, 1, 3, 2))
+        p:done()
+        assert(not p.isActive)
+        assert(img:pixel(10, 5) == rgb(255, 0, 0) and img:pixel(10, 2) == rgb(255, 255, 255))
+        assert(img:pixel(3, 2) == rgb(0, 255, 0))
+
+        -- an indexed image keeps its indices where nothing was painted
+        local sprite = Image(8, 8)
+        sprite:setColor(0, rgb(0, 0, 0)) sprite:setColor(1, rgb(0, 0, 0)) sprite:setColor(2, rgb(250, 0, 0))
+        sprite:fill(1)
+        local q = Painter.begin(sprite)
+        q:fillRect(0, 0, 4, 8, Color(255, 0, 0))
+        q:done()
+        assert(sprite:pixelIndex(0, 0) == 2 and sprite:pixelIndex(7, 7) == 1 and sprite.format == Image.Format_Indexed8)
+
+        -- bytes of an image
+        assert(sprite.bytesPerLine == 8 and sprite:getByteCount() == 64 and #sprite:getBits() == 64)
+        sprite:setScanLine(3, "\0\0\0\0\0\0\0\0")
+        assert(sprite:scanLine(3) == string.rep("\0", 8) and sprite:pixelIndex(5, 3) == 0)
+        assert(#sprite:colorTable() == 256 and sprite:colorTable()[3] == rgb(250, 0, 0))
+        local true32 = sprite:convertToFormat(Image.Format_ARGB32)
+        assert(true32:pixel(0, 0) == rgb(250, 0, 0) and sprite:mirrored(true, false):pixelIndex(7, 0) == 2)
+        assert(sprite:scaled(4, 4).width == 4 and sprite:copy(Rect(0, 0, 2, 2)).height == 2)
+    )lua";
+    QVERIFY(run(script, code));
+    QVERIFY(failure(script, QStringLiteral("Painter.begin(5)")).contains(QStringLiteral("an Image is needed")));
+    QVERIFY(failure(script, QStringLiteral("local p = Painter.begin(Image(2, 2)) p:done() p:drawLine(0, 0, 1, 1)"))
+                .contains(QStringLiteral("painting is done")));
+    QVERIFY(failure(script, QStringLiteral("Image(2, 2):scanLine(2)")).contains(QStringLiteral("no row 2")));
+    QVERIFY(failure(script, QStringLiteral("Pen{colour = 1}")).contains(QStringLiteral("Pen has no property 'colour'")));
+    QVERIFY(!failure(script, QStringLiteral("Painter.begin(Image(2, 2)):drawRect('a')")).isEmpty());
+    QVERIFY(!failure(script, QStringLiteral("Painter()")).isEmpty());
+}
+
 double TestScriptQt::number(QScript& script, const char* name)
 {
     lua_getglobal(script.state(), name);

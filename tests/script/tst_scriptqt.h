@@ -13,6 +13,7 @@ private slots:
     void rectFamily();
     void objectVariantTimerRegExp();
     void datesAndBytes();
+    void painterFamily();
 
 private:
     /// Runs `code` in `script`, failing the test with the Lua message when it raises.
