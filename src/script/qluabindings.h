@@ -18,9 +18,11 @@ void registerLuaImage(lua_State* state);       ///< Image, the pixels a script d
 void registerLuaAuthor(lua_State* state);      ///< ask, message, saveFileName, writeFile, include
 
 // The thin layer over Qt's own classes, by family.
-void registerLuaUtil(lua_State* state);  ///< Object (the base of every bound QObject), Variant, Timer, RegExp
-void registerLuaTime(lua_State* state);  ///< Date, Time, DateTime
-void registerLuaBytes(lua_State* state); ///< Util (numbers in bytes), toString, fromString
-void registerLuaRect(lua_State* state);  ///< Point, Line, Rect, Size, Margins, Polygon, Region
+void registerLuaUtil(lua_State* state);        ///< Object (the base of every bound QObject), Variant, Timer, RegExp
+void registerLuaTime(lua_State* state);        ///< Date, Time, DateTime
+void registerLuaBytes(lua_State* state);       ///< Util (numbers in bytes), toString, fromString
+void registerLuaRect(lua_State* state);        ///< Point, Line, Rect, Size, Margins, Polygon, Region
+void registerLuaFile(lua_State* state);        ///< File, TemporaryFile
+void registerLuaFileInfo(lua_State* state);    ///< Directory, FileInfo
 void registerLuaPaintValues(lua_State* state); ///< Color, Brush, Pen, Font
 void registerLuaPainter(lua_State* state);     ///< Painter (after Image, which it paints)

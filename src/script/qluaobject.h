@@ -40,6 +40,7 @@ protected:
     {
     };
     LObject(QObject* object, Owned) : m_object(object), m_owned(true) {}
+    bool ownsObject() const { return m_owned; }
 
     template<class T>
     T* live() const

@@ -83,6 +83,8 @@ void QScript::registerBindings()
     registerLuaTime(m_state);
     registerLuaBytes(m_state);
     registerLuaRect(m_state);
+    registerLuaFile(m_state);
+    registerLuaFileInfo(m_state);
     registerLuaPaintValues(m_state);
     // A class's base goes first: TextDocument before Definitions and Commands.
     registerLuaText(m_state);

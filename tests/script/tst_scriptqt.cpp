@@ -7,8 +7,8 @@
 #include "script/qluaheaders.h"
 #include "script/qscript.h"
 
-#include <QEventLoop>
-#include <QTimer>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QtTest>
 
 
@@ -214,6 +214,69 @@ void TestScriptQt::painterFamily()
     QVERIFY(failure(script, QStringLiteral("Pen{colour = 1}")).contains(QStringLiteral("Pen has no property 'colour'")));
     QVERIFY(!failure(script, QStringLiteral("Painter.begin(Image(2, 2)):drawRect('a')")).isEmpty());
     QVERIFY(!failure(script, QStringLiteral("Painter()")).isEmpty());
+}
+
+void TestScriptQt::fileFamily()
+{
+    QTemporaryDir dir;
+    QScript script;
+    lua_pushstring(script.state(), dir.path().toUtf8().constData());
+    lua_setglobal(script.state(), "root");
+    const char* const code = R"lua(
+        local d = Directory(root)
+        assert(d:exists() and d.count == 2 and d:mkdir("sprites") and d:mkpath("a/b"))
+        local path = d:filePath("kfm.txt")
+        assert(path == root .. Directory.separator() .. "kfm.txt" or path == root .. "/kfm.txt")
+
+        local f = File{fileName = path}
+        assert(f:open(File.WriteOnly) and f.isWritable and f:write("line one\n") == 9)
+        assert(not File(path):exists()) -- written through a save file: not there before close
+        assert(f:close() and File(path):exists() and File(path).size == 9)
+
+        local r = File(path)
+        assert(r:open(File.ReadOnly) and r:readLine() == "line one\n" and r:atEnd())
+        assert(r:seek(5) and r:read(3) == "one" and r.pos == 8)
+        r:close()
+        local a = File(path)
+        assert(a:open(File.Append) and a:write("two") == 3)
+        a:close()
+        assert(File(path).size == 12)
+
+        local info = FileInfo(d, "kfm.txt")
+        assert(info:exists() and info:isFile() and info.suffix == "txt" and info.baseName == "kfm" and info.size == 12)
+        assert(info.dir == d and FileInfo{filePath = path}.fileName == "kfm.txt")
+        assert(info.lastModified:isValid() and not FileInfo(d:filePath("none")):exists())
+
+        local files = d:entryList({"*.txt"}, Directory.Files)
+        local dirs = d:entryList(Directory.Dirs + Directory.NoDotAndDotDot)
+        assert(#files == 1 and files[1] == "kfm.txt" and #dirs == 2 and dirs[1] == "a" and dirs[2] == "sprites")
+        d.nameFilters = {"*.air"}
+        assert(#d:entryList() == 0 and d.nameFilters[1] == "*.air")
+        assert(d:rmdir("sprites") and not d:exists("sprites") and Directory{path = root} == Directory(root))
+        assert(d:rename("kfm.txt", "kfm.cmd") and d:exists("kfm.cmd") and d:remove("kfm.cmd"))
+
+        local t = TemporaryFile{fileTemplate = root .. "/tmp-XXXXXX.lua", autoRemove = true}
+        assert(t:open() and t.autoRemove and t:write("return 1") == 8 and t.fileName:find("tmp%-"))
+        tempName = t.fileName
+        t:close()
+        assert(TemporaryFile.createLocalFile(path) == nil)
+    )lua";
+    QVERIFY(run(script, code));
+    // A file left open for writing when its script is done is committed, not lost.
+    QVERIFY(run(script, "local f = File(root .. '/left.txt') f:open(File.WriteOnly) f:write('kept') f = nil collectgarbage()"));
+    QFile left(dir.filePath(QStringLiteral("left.txt")));
+    QVERIFY(left.open(QIODevice::ReadOnly));
+    QCOMPARE(left.readAll(), QByteArray("kept"));
+    QVERIFY(run(script, "collectgarbage()"));
+    lua_getglobal(script.state(), "tempName");
+    const QString temporary = QString::fromUtf8(lua_tostring(script.state(), -1));
+    lua_pop(script.state(), 1);
+    QVERIFY(!QFile::exists(temporary));
+
+    QVERIFY(failure(script, QStringLiteral("File{name = 'x'}")).contains(QStringLiteral("File has no property 'name'")));
+    QVERIFY(!failure(script, QStringLiteral("File(5, 6)")).isEmpty());
+    QVERIFY(!failure(script, QStringLiteral("Directory(root):entryList('*.txt')")).isEmpty());
+    QVERIFY(run(script, "local f = File(root .. '/nowhere/x.txt') assert(not f:open(File.WriteOnly) and f.errorString ~= '')"));
 }
 
 double TestScriptQt::number(QScript& script, const char* name)

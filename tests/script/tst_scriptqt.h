@@ -14,6 +14,7 @@ private slots:
     void objectVariantTimerRegExp();
     void datesAndBytes();
     void painterFamily();
+    void fileFamily();
 
 private:
     /// Runs `code` in `script`, failing the test with the Lua message when it raises.
