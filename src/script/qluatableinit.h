@@ -34,10 +34,10 @@ namespace lua {
 void applyTable(const luabind::argument& self, const luabind::object& table);
 
 /// The `__init` overload taking a table: a default-constructed T, then applyTable().
-template<class T>
-void initFromTable(const luabind::argument& self, const luabind::object& table)
+template <class T> void initFromTable(const luabind::argument& self, const luabind::object& table)
 {
-    luabind::detail::construct<T, std::unique_ptr<T>, boost::mpl::vector2<void, const luabind::argument&>>()(self);
+    luabind::detail::construct<T, std::unique_ptr<T>, boost::mpl::vector2<void, const luabind::argument&>>()(
+        self);
     applyTable(self, table);
 }
 

@@ -17,8 +17,7 @@
 namespace {
 
 // The bound value classes, in the order they are tried on a userdata.
-template<class T>
-bool tryValue(const luabind::object& value, QVariant& result)
+template <class T> bool tryValue(const luabind::object& value, QVariant& result)
 {
     if (const auto cast = luabind::object_cast_nothrow<T>(value)) {
         result = QVariant::fromValue(*cast);
@@ -32,11 +31,13 @@ QVariant fromUserData(const luabind::object& value)
     QVariant result;
     if (const auto object = luabind::object_cast_nothrow<LObject*>(value))
         return QVariant::fromValue((*object)->object());
-    if (tryValue<QVariant>(value, result) || tryValue<QPoint>(value, result) || tryValue<QSize>(value, result) ||
-        tryValue<QRect>(value, result) || tryValue<QLine>(value, result) || tryValue<QMargins>(value, result) ||
-        tryValue<QPolygon>(value, result) || tryValue<QRegion>(value, result) || tryValue<QColor>(value, result) ||
-        tryValue<QBrush>(value, result) || tryValue<QPen>(value, result) || tryValue<QFont>(value, result) ||
-        tryValue<QDate>(value, result) || tryValue<QTime>(value, result) || tryValue<QDateTime>(value, result))
+    if (tryValue<QVariant>(value, result) || tryValue<QPoint>(value, result) || tryValue<QSize>(value, result)
+        || tryValue<QRect>(value, result) || tryValue<QLine>(value, result)
+        || tryValue<QMargins>(value, result) || tryValue<QPolygon>(value, result)
+        || tryValue<QRegion>(value, result) || tryValue<QColor>(value, result)
+        || tryValue<QBrush>(value, result) || tryValue<QPen>(value, result) || tryValue<QFont>(value, result)
+        || tryValue<QDate>(value, result) || tryValue<QTime>(value, result)
+        || tryValue<QDateTime>(value, result))
         return result;
     throw lua::fault(QStringLiteral("this value has no Qt form"));
 }
@@ -50,19 +51,19 @@ QVariant fromTable(const luabind::object& table)
     for (luabind::iterator item(table), end; item != end; ++item) {
         const luabind::object key = item.key();
         const QVariant value = lua::toVariant(luabind::rawget(table, key));
-        if (luabind::type(key) == LUA_TNUMBER && isList && luabind::object_cast<double>(key) == list.size() + 1)
+        if (luabind::type(key) == LUA_TNUMBER && isList
+            && luabind::object_cast<double>(key) == list.size() + 1)
             list << value;
         else
             isList = false;
         map.insert(luabind::type(key) == LUA_TSTRING ? luabind::object_cast<QString>(key)
-                                                      : QString::number(luabind::object_cast<double>(key)),
-                   value);
+                                                     : QString::number(luabind::object_cast<double>(key)),
+            value);
     }
     return isList ? QVariant(list) : QVariant(map);
 }
 
-template<class T>
-luabind::object valueOf(lua_State* state, const QVariant& value)
+template <class T> luabind::object valueOf(lua_State* state, const QVariant& value)
 {
     return luabind::object(state, value.value<T>());
 }
@@ -89,7 +90,8 @@ QVariant lua::toVariant(const luabind::object& value)
     case LUA_TUSERDATA:
         return fromUserData(value);
     default:
-        throw fault(QStringLiteral("a %1 has no Qt form").arg(QString::fromLatin1(lua_typename(value.interpreter(), luabind::type(value)))));
+        throw fault(QStringLiteral("a %1 has no Qt form")
+                        .arg(QString::fromLatin1(lua_typename(value.interpreter(), luabind::type(value)))));
     }
 }
 
@@ -132,20 +134,34 @@ luabind::object lua::fromVariant(lua_State* state, const QVariant& value)
             table[item.key().toStdString()] = fromVariant(state, item.value());
         return table;
     }
-    case QMetaType::QPoint: return valueOf<QPoint>(state, value);
-    case QMetaType::QSize: return valueOf<QSize>(state, value);
-    case QMetaType::QRect: return valueOf<QRect>(state, value);
-    case QMetaType::QLine: return valueOf<QLine>(state, value);
-    case QMetaType::QPolygon: return valueOf<QPolygon>(state, value);
-    case QMetaType::QRegion: return valueOf<QRegion>(state, value);
-    case QMetaType::QColor: return valueOf<QColor>(state, value);
-    case QMetaType::QBrush: return valueOf<QBrush>(state, value);
-    case QMetaType::QPen: return valueOf<QPen>(state, value);
-    case QMetaType::QFont: return valueOf<QFont>(state, value);
-    case QMetaType::QDate: return valueOf<QDate>(state, value);
-    case QMetaType::QTime: return valueOf<QTime>(state, value);
-    case QMetaType::QDateTime: return valueOf<QDateTime>(state, value);
-    case QMetaType::QObjectStar: return wrapObject(state, value.value<QObject*>());
+    case QMetaType::QPoint:
+        return valueOf<QPoint>(state, value);
+    case QMetaType::QSize:
+        return valueOf<QSize>(state, value);
+    case QMetaType::QRect:
+        return valueOf<QRect>(state, value);
+    case QMetaType::QLine:
+        return valueOf<QLine>(state, value);
+    case QMetaType::QPolygon:
+        return valueOf<QPolygon>(state, value);
+    case QMetaType::QRegion:
+        return valueOf<QRegion>(state, value);
+    case QMetaType::QColor:
+        return valueOf<QColor>(state, value);
+    case QMetaType::QBrush:
+        return valueOf<QBrush>(state, value);
+    case QMetaType::QPen:
+        return valueOf<QPen>(state, value);
+    case QMetaType::QFont:
+        return valueOf<QFont>(state, value);
+    case QMetaType::QDate:
+        return valueOf<QDate>(state, value);
+    case QMetaType::QTime:
+        return valueOf<QTime>(state, value);
+    case QMetaType::QDateTime:
+        return valueOf<QDateTime>(state, value);
+    case QMetaType::QObjectStar:
+        return wrapObject(state, value.value<QObject*>());
     default:
         if (value.metaType().flags() & QMetaType::IsEnumeration)
             return luabind::object(state, value.toInt());

@@ -11,7 +11,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-
 bool TestScriptQt::run(QScript& script, const char* code)
 {
     try {
@@ -67,7 +66,8 @@ void TestScriptQt::rectFamily()
     )lua";
     QVERIFY(run(script, code));
 
-    QVERIFY(failure(script, QStringLiteral("Rect{x = 1, widht = 3}")).contains(QStringLiteral("Rect has no property 'widht'")));
+    QVERIFY(failure(script, QStringLiteral("Rect{x = 1, widht = 3}"))
+                .contains(QStringLiteral("Rect has no property 'widht'")));
     QVERIFY(failure(script, QStringLiteral("Rect{x = 'one'}")).contains(QStringLiteral("Rect.x")));
     QVERIFY(failure(script, QStringLiteral("Rect{1, 2}")).contains(QStringLiteral("no property name")));
     QVERIFY(failure(script, QStringLiteral("Polygon{1, 2}")).contains(QStringLiteral("Point")));
@@ -119,9 +119,12 @@ void TestScriptQt::objectVariantTimerRegExp()
     QCOMPARE(number(script, "fired"), 1.0);
     QVERIFY(run(script, "ticker.timeout = nil assert(ticker.timeout == nil)"));
 
-    QVERIFY(failure(script, QStringLiteral("Timer{intervall = 3}")).contains(QStringLiteral("Timer has no property 'intervall'")));
-    QVERIFY(failure(script, QStringLiteral("Timer():setParent(5)")).contains(QStringLiteral("an Object or nil")));
-    QVERIFY(failure(script, QStringLiteral("Timer.singleShot('soon', print)")).contains(QStringLiteral("No matching")));
+    QVERIFY(failure(script, QStringLiteral("Timer{intervall = 3}"))
+                .contains(QStringLiteral("Timer has no property 'intervall'")));
+    QVERIFY(
+        failure(script, QStringLiteral("Timer():setParent(5)")).contains(QStringLiteral("an Object or nil")));
+    QVERIFY(failure(script, QStringLiteral("Timer.singleShot('soon', print)"))
+                .contains(QStringLiteral("No matching")));
     QVERIFY(failure(script, QStringLiteral("Variant(print)")).contains(QStringLiteral("no Qt form")));
 }
 
@@ -152,9 +155,12 @@ void TestScriptQt::datesAndBytes()
     )lua";
     QVERIFY(run(script, code));
     QVERIFY(failure(script, QStringLiteral("Util.toInt32('abc')")).contains(QStringLiteral("past the end")));
-    QVERIFY(failure(script, QStringLiteral("Util.toInt16('abc', -1)")).contains(QStringLiteral("past the end")));
-    QVERIFY(failure(script, QStringLiteral("toString('x', 'no-such-encoding')")).contains(QStringLiteral("unknown encoding")));
-    QVERIFY(failure(script, QStringLiteral("Date{year = 2024, mont = 1}")).contains(QStringLiteral("Date has no property 'mont'")));
+    QVERIFY(
+        failure(script, QStringLiteral("Util.toInt16('abc', -1)")).contains(QStringLiteral("past the end")));
+    QVERIFY(failure(script, QStringLiteral("toString('x', 'no-such-encoding')"))
+                .contains(QStringLiteral("unknown encoding")));
+    QVERIFY(failure(script, QStringLiteral("Date{year = 2024, mont = 1}"))
+                .contains(QStringLiteral("Date has no property 'mont'")));
     QVERIFY(failure(script, QStringLiteral("Date{year = 'x'}")).contains(QStringLiteral("Date.year")));
     QVERIFY(!failure(script, QStringLiteral("return Date(1, 2, 3) < Time(1, 2)")).isEmpty());
 }
@@ -207,11 +213,14 @@ void TestScriptQt::painterFamily()
         assert(sprite:scaled(4, 4).width == 4 and sprite:copy(Rect(0, 0, 2, 2)).height == 2)
     )lua";
     QVERIFY(run(script, code));
-    QVERIFY(failure(script, QStringLiteral("Painter.begin(5)")).contains(QStringLiteral("an Image is needed")));
-    QVERIFY(failure(script, QStringLiteral("local p = Painter.begin(Image(2, 2)) p:done() p:drawLine(0, 0, 1, 1)"))
+    QVERIFY(
+        failure(script, QStringLiteral("Painter.begin(5)")).contains(QStringLiteral("an Image is needed")));
+    QVERIFY(failure(
+        script, QStringLiteral("local p = Painter.begin(Image(2, 2)) p:done() p:drawLine(0, 0, 1, 1)"))
                 .contains(QStringLiteral("painting is done")));
     QVERIFY(failure(script, QStringLiteral("Image(2, 2):scanLine(2)")).contains(QStringLiteral("no row 2")));
-    QVERIFY(failure(script, QStringLiteral("Pen{colour = 1}")).contains(QStringLiteral("Pen has no property 'colour'")));
+    QVERIFY(failure(script, QStringLiteral("Pen{colour = 1}"))
+                .contains(QStringLiteral("Pen has no property 'colour'")));
     QVERIFY(!failure(script, QStringLiteral("Painter.begin(Image(2, 2)):drawRect('a')")).isEmpty());
     QVERIFY(!failure(script, QStringLiteral("Painter()")).isEmpty());
 }
@@ -263,7 +272,9 @@ void TestScriptQt::fileFamily()
     )lua";
     QVERIFY(run(script, code));
     // A file left open for writing when its script is done is committed, not lost.
-    QVERIFY(run(script, "local f = File(root .. '/left.txt') f:open(File.WriteOnly) f:write('kept') f = nil collectgarbage()"));
+    QVERIFY(run(script,
+        "local f = File(root .. '/left.txt') f:open(File.WriteOnly) f:write('kept') f = nil "
+        "collectgarbage()"));
     QFile left(dir.filePath(QStringLiteral("left.txt")));
     QVERIFY(left.open(QIODevice::ReadOnly));
     QCOMPARE(left.readAll(), QByteArray("kept"));
@@ -273,10 +284,13 @@ void TestScriptQt::fileFamily()
     lua_pop(script.state(), 1);
     QVERIFY(!QFile::exists(temporary));
 
-    QVERIFY(failure(script, QStringLiteral("File{name = 'x'}")).contains(QStringLiteral("File has no property 'name'")));
+    QVERIFY(failure(script, QStringLiteral("File{name = 'x'}"))
+                .contains(QStringLiteral("File has no property 'name'")));
     QVERIFY(!failure(script, QStringLiteral("File(5, 6)")).isEmpty());
     QVERIFY(!failure(script, QStringLiteral("Directory(root):entryList('*.txt')")).isEmpty());
-    QVERIFY(run(script, "local f = File(root .. '/nowhere/x.txt') assert(not f:open(File.WriteOnly) and f.errorString ~= '')"));
+    QVERIFY(run(script,
+        "local f = File(root .. '/nowhere/x.txt') assert(not f:open(File.WriteOnly) and f.errorString ~= "
+        "'')"));
 }
 
 double TestScriptQt::number(QScript& script, const char* name)
