@@ -41,9 +41,7 @@ bool dirEqual(const QDir& a, const QDir& b) { return a == b; }
 
 void fileInfoIn(const luabind::argument& self, const QDir& dir, const QString& name)
 {
-    luabind::detail::construct<QFileInfo, std::unique_ptr<QFileInfo>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QFileInfo&>>()(
-        self, QFileInfo(dir, name));
+    lua::initAs(self, QFileInfo(dir, name));
 }
 QString filePath(const QFileInfo& f) { return f.filePath(); }
 void setFile(QFileInfo& f, const QString& name) { f.setFile(name); }

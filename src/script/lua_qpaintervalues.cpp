@@ -10,14 +10,11 @@
 
 namespace {
 
-template<class T>
-bool equal(const T& a, const T& b) { return a == b; }
 
 // A colour's table form starts from opaque black, so Color{red = 255} is red.
 void colorFromTable(const luabind::argument& self, const luabind::object& table)
 {
-    luabind::detail::construct<QColor, std::unique_ptr<QColor>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QColor&>>()(self, QColor(Qt::black));
+    lua::initAs(self, QColor(Qt::black));
     lua::applyTable(self, table);
 }
 // The colour as "#AARRGGBB" (or "invalid"), which Color(name) reads back.
@@ -39,9 +36,7 @@ QColor brushColor(const QBrush& b) { return b.color(); }
 void setBrushColor(QBrush& b, const QColor& c) { b.setColor(c); }
 void brushWith(const luabind::argument& self, const QColor& c, int style)
 {
-    luabind::detail::construct<QBrush, std::unique_ptr<QBrush>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QBrush&>>()(
-        self, QBrush(c, Qt::BrushStyle(style)));
+    lua::initAs(self, QBrush(c, Qt::BrushStyle(style)));
 }
 
 int penStyle(const QPen& p) { return int(p.style()); }
@@ -54,8 +49,7 @@ void penWith(const luabind::argument& self, const QColor& c, double width)
 {
     QPen pen(c);
     pen.setWidthF(width);
-    luabind::detail::construct<QPen, std::unique_ptr<QPen>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QPen&>>()(self, pen);
+    lua::initAs(self, pen);
 }
 
 bool fontFromString(QFont& f, const QString& text) { return f.fromString(text); }
@@ -91,7 +85,7 @@ void registerColor(lua_State* state)
             .def("setHsv", &setHsv)
             .def("lighter", &lighter)
             .def("darker", &darker)
-            .def("__eq", &equal<QColor>)
+            .def("__eq", &lua::equal<QColor>)
             .def("__tostring", &colorText)
             .scope[def("fromHsv", &fromHsv)]
     ];
@@ -117,7 +111,7 @@ void registerBrushPenFont(lua_State* state)
             .property("color", &brushColor, &setBrushColor)
             .property("style", &brushStyle, &setBrushStyle)
             .def("isOpaque", lua::bare<&QBrush::isOpaque>)
-            .def("__eq", &equal<QBrush>),
+            .def("__eq", &lua::equal<QBrush>),
         class_<QPen>("Pen")
             .def(constructor<>())
             .def(constructor<const QColor&>())
@@ -137,7 +131,7 @@ void registerBrushPenFont(lua_State* state)
             .property("joinStyle", &joinStyle, &setJoinStyle)
             .property("brush", lua::bare<&QPen::brush>, lua::bare<&QPen::setBrush>)
             .property("cosmetic", lua::bare<&QPen::isCosmetic>, lua::bare<&QPen::setCosmetic>)
-            .def("__eq", &equal<QPen>),
+            .def("__eq", &lua::equal<QPen>),
         class_<QFont>("Font")
             .def(constructor<>())
             .def(constructor<const QString&>())
@@ -154,7 +148,7 @@ void registerBrushPenFont(lua_State* state)
             .property("fixedPitch", lua::bare<&QFont::fixedPitch>, lua::bare<&QFont::setFixedPitch>)
             .def("toString", lua::bare<&QFont::toString>)
             .def("fromString", &fontFromString)
-            .def("__eq", &equal<QFont>)
+            .def("__eq", &lua::equal<QFont>)
             .def("__tostring", &fontText)
     ];
 }

@@ -36,8 +36,6 @@ QString regionText(const QRegion& r)
 }
 
 template<class T>
-bool equal(const T& a, const T& b) { return a == b; }
-template<class T>
 T plus(const T& a, const T& b) { return a + b; }
 template<class T>
 T minus(const T& a, const T& b) { return a - b; }
@@ -71,8 +69,7 @@ void polygonFromTable(const luabind::argument& self, const luabind::object& tabl
             throw lua::fault(QStringLiteral("Polygon: every item of the table must be a Point"));
         points << *point;
     }
-    luabind::detail::construct<QPolygon, std::unique_ptr<QPolygon>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QPolygon&>>()(self, points);
+    lua::initAs(self, points);
 }
 
 void checkPoint(const QPolygon& p, int index)
@@ -127,7 +124,7 @@ void registerPointAndSize(lua_State* state)
             .property("manhattanLength", lua::bare<&QPoint::manhattanLength>)
             .def("isNull", lua::bare<&QPoint::isNull>)
             .def("transposed", lua::bare<&QPoint::transposed>)
-            .def("__eq", &equal<QPoint>)
+            .def("__eq", &lua::equal<QPoint>)
             .def("__add", &plus<QPoint>)
             .def("__sub", &minus<QPoint>)
             .def("__mul", &times)
@@ -145,7 +142,7 @@ void registerPointAndSize(lua_State* state)
             .def("transposed", lua::bare<&QSize::transposed>)
             .def("expandedTo", lua::bare<&QSize::expandedTo>)
             .def("boundedTo", lua::bare<&QSize::boundedTo>)
-            .def("__eq", &equal<QSize>)
+            .def("__eq", &lua::equal<QSize>)
             .def("__add", &plus<QSize>)
             .def("__sub", &minus<QSize>)
             .def("__mul", &sizeTimes)
@@ -160,7 +157,7 @@ void registerPointAndSize(lua_State* state)
             .property("right", lua::bare<&QMargins::right>, lua::bare<&QMargins::setRight>)
             .property("bottom", lua::bare<&QMargins::bottom>, lua::bare<&QMargins::setBottom>)
             .def("isNull", lua::bare<&QMargins::isNull>)
-            .def("__eq", &equal<QMargins>)
+            .def("__eq", &lua::equal<QMargins>)
             .def("__add", &plus<QMargins>)
             .def("__sub", &minus<QMargins>)
             .def("__tostring", &marginsText),
@@ -181,7 +178,7 @@ void registerPointAndSize(lua_State* state)
             .def("isNull", lua::bare<&QLine::isNull>)
             .def("setLine", lua::bare<&QLine::setLine>)
             .def("translated", lua::bare<static_cast<QLine (QLine::*)(int, int) const>(&QLine::translated)>)
-            .def("__eq", &equal<QLine>)
+            .def("__eq", &lua::equal<QLine>)
             .def("__tostring", &lineText)
     ];
 }
@@ -227,7 +224,7 @@ void registerRect(lua_State* state)
             .def("marginsAdded", &marginsAdded)
             .def("marginsRemoved", &marginsRemoved)
             .def("setRect", lua::bare<&QRect::setRect>)
-            .def("__eq", &equal<QRect>)
+            .def("__eq", &lua::equal<QRect>)
             .def("__tostring", &rectText)
     ];
 }
@@ -255,7 +252,7 @@ void registerPolygonAndRegion(lua_State* state)
             .def("clear", &clearPolygon)
             .def("containsPoint", &polygonContains)
             .def("translate", &translatePolygon)
-            .def("__eq", &equal<QPolygon>)
+            .def("__eq", &lua::equal<QPolygon>)
             .def("__tostring", &polygonText),
         class_<QRegion>("Region")
             .def(constructor<>())
@@ -276,7 +273,7 @@ void registerPolygonAndRegion(lua_State* state)
             .def("subtracted", lua::bare<&QRegion::subtracted>)
             .def("xored", lua::bare<&QRegion::xored>)
             .def("translated", &regionTranslated)
-            .def("__eq", &equal<QRegion>)
+            .def("__eq", &lua::equal<QRegion>)
             .def("__add", &regionPlus)
             .def("__sub", &regionMinus)
             .def("__tostring", &regionText)

@@ -61,9 +61,7 @@ bool blockSignals(LObject& o, bool block) { return o.object()->blockSignals(bloc
 
 void variantFromLua(const luabind::argument& self, const luabind::object& value)
 {
-    luabind::detail::construct<QVariant, std::unique_ptr<QVariant>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QVariant&>>()(
-        self, lua::toVariant(value));
+    lua::initAs(self, lua::toVariant(value));
 }
 luabind::object variantValue(lua_State* state, const QVariant& v)
 {
@@ -138,9 +136,7 @@ QRegExp regExpWith(const QString& pattern, int sensitivity, int syntax)
 }
 void regExpInit(const luabind::argument& self, const QString& pattern, int sensitivity)
 {
-    luabind::detail::construct<QRegExp, std::unique_ptr<QRegExp>,
-                               boost::mpl::vector3<void, const luabind::argument&, const QRegExp&>>()(
-        self, QRegExp(pattern, Qt::CaseSensitivity(sensitivity)));
+    lua::initAs(self, QRegExp(pattern, Qt::CaseSensitivity(sensitivity)));
 }
 int indexIn(const QRegExp& r, const QString& text) { return r.indexIn(text); }
 int indexInFrom(const QRegExp& r, const QString& text, int offset) { return r.indexIn(text, offset); }

@@ -41,19 +41,6 @@ QVector<int> fields(const luabind::object& table, const char* className,
 }
 
 template<class T>
-void constructFrom(const luabind::argument& self, const T& value)
-{
-    luabind::detail::construct<T, std::unique_ptr<T>, boost::mpl::vector3<void, const luabind::argument&, const T&>>()(
-        self, value);
-}
-
-template<class T>
-bool equal(const T& a, const T& b) { return a == b; }
-template<class T>
-bool less(const T& a, const T& b) { return a < b; }
-template<class T>
-bool lessOrEqual(const T& a, const T& b) { return a <= b; }
-template<class T>
 QString isoText(const T& value) { return value.toString(Qt::ISODate); }
 template<class T>
 QString formatted(const T& value, const QString& format) { return value.toString(format); }
@@ -61,7 +48,7 @@ QString formatted(const T& value, const QString& format) { return value.toString
 void dateFromTable(const luabind::argument& self, const luabind::object& table)
 {
     const QVector<int> f = fields(table, "Date", {{"year", 1}, {"month", 1}, {"day", 1}});
-    constructFrom(self, QDate(f[0], f[1], f[2]));
+    lua::initAs(self, QDate(f[0], f[1], f[2]));
 }
 QDate currentDate() { return QDate::currentDate(); }
 QDate dateFromString(const QString& text, const QString& format) { return QDate::fromString(text, format); }
@@ -84,7 +71,7 @@ int day(const QDate& d) { return d.day(); }
 void timeFromTable(const luabind::argument& self, const luabind::object& table)
 {
     const QVector<int> f = fields(table, "Time", {{"hour", 0}, {"minute", 0}, {"second", 0}, {"msec", 0}});
-    constructFrom(self, QTime(f[0], f[1], f[2], f[3]));
+    lua::initAs(self, QTime(f[0], f[1], f[2], f[3]));
 }
 QTime currentTime() { return QTime::currentTime(); }
 QTime timeFromString(const QString& text, const QString& format) { return QTime::fromString(text, format); }
@@ -93,12 +80,12 @@ bool setHMS(QTime& t, int h, int m, int s, int ms) { return t.setHMS(h, m, s, ms
 
 void dateTimeFromTable(const luabind::argument& self, const luabind::object& table)
 {
-    constructFrom(self, QDateTime(QDate(1970, 1, 1), QTime(0, 0)));
+    lua::initAs(self, QDateTime(QDate(1970, 1, 1), QTime(0, 0)));
     lua::applyTable(self, table);
 }
 void dateTimeFromDate(const luabind::argument& self, const QDate& date)
 {
-    constructFrom(self, QDateTime(date, QTime(0, 0)));
+    lua::initAs(self, QDateTime(date, QTime(0, 0)));
 }
 QDateTime currentDateTime() { return QDateTime::currentDateTime(); }
 QDateTime dateTimeFromString(const QString& text, const QString& format) { return QDateTime::fromString(text, format); }
@@ -140,9 +127,9 @@ void registerDate(lua_State* state)
             .def("toJulianDay", &julianDay)
             .def("toString", &formatted<QDate>)
             .def("toString", &isoText<QDate>)
-            .def("__eq", &equal<QDate>)
-            .def("__lt", &less<QDate>)
-            .def("__le", &lessOrEqual<QDate>)
+            .def("__eq", &lua::equal<QDate>)
+            .def("__lt", &lua::less<QDate>)
+            .def("__le", &lua::lessOrEqual<QDate>)
             .def("__tostring", &isoText<QDate>)
             .scope[
                 def("currentDate", &currentDate), def("fromString", &dateFromString),
@@ -177,9 +164,9 @@ void registerTime(lua_State* state)
             .def("msecsTo", lua::bare<&QTime::msecsTo>)
             .def("toString", &formatted<QTime>)
             .def("toString", &isoText<QTime>)
-            .def("__eq", &equal<QTime>)
-            .def("__lt", &less<QTime>)
-            .def("__le", &lessOrEqual<QTime>)
+            .def("__eq", &lua::equal<QTime>)
+            .def("__lt", &lua::less<QTime>)
+            .def("__le", &lua::lessOrEqual<QTime>)
             .def("__tostring", &isoText<QTime>)
             .scope[
                 def("currentTime", &currentTime), def("fromString", &timeFromString),
@@ -215,9 +202,9 @@ void registerDateTime(lua_State* state)
             .def("setSecsSinceEpoch", &setSecsSinceEpoch)
             .def("toString", &formatted<QDateTime>)
             .def("toString", &isoText<QDateTime>)
-            .def("__eq", &equal<QDateTime>)
-            .def("__lt", &less<QDateTime>)
-            .def("__le", &lessOrEqual<QDateTime>)
+            .def("__eq", &lua::equal<QDateTime>)
+            .def("__lt", &lua::less<QDateTime>)
+            .def("__le", &lua::lessOrEqual<QDateTime>)
             .def("__tostring", &isoText<QDateTime>)
             .scope[
                 def("currentDateTime", &currentDateTime), def("fromString", &dateTimeFromString),

@@ -4,6 +4,7 @@
 #include "qluaheaders.h"
 #include "qluaimage.h"
 #include "qluaqt.h"
+#include "qluatableinit.h"
 #include "qluawrappers.h"
 #include "image/qopaquebounds.h"
 
@@ -11,8 +12,6 @@
 #include <QImageReader>
 #include <QImageWriter>
 #include <QSaveFile>
-
-#include <luabind/detail/constructor.hpp>
 
 #include <cstring>
 
@@ -99,8 +98,7 @@ void withFormat(const luabind::argument& self, int width, int height, int format
         made.image = QImage(qMax(1, width), qMax(1, height), QImage::Format(format));
         made.image.fill(0);
     }
-    luabind::detail::construct<LImage, std::unique_ptr<LImage>,
-                               boost::mpl::vector3<void, const luabind::argument&, const LImage&>>()(self, made);
+    lua::initAs(self, made);
 }
 
 // Image.fromData(bytes): a picture file's bytes (PNG, PCX, BMP...); an empty image when unreadable.

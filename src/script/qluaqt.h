@@ -160,6 +160,25 @@ struct BareMember<R (C::*)(A...), member>
     static R call(C& object, A... arguments) { return (object.*member)(arguments...); }
 };
 
+/// Lua's comparisons on Qt's values: .def("__eq", &lua::equal<QRect>).
+template<class T>
+bool equal(const T& a, const T& b)
+{
+    return a == b;
+}
+
+template<class T>
+bool less(const T& a, const T& b)
+{
+    return a < b;
+}
+
+template<class T>
+bool lessOrEqual(const T& a, const T& b)
+{
+    return a <= b;
+}
+
 /// `member` as a function taking the object first; an overloaded member is named through a static_cast.
 template<auto member>
 constexpr auto bare = &BareMember<decltype(member), member>::call;

@@ -41,4 +41,13 @@ template <class T> void initFromTable(const luabind::argument& self, const luabi
     applyTable(self, table);
 }
 
+/// For an `__init` overload of a value class that Qt builds otherwise than
+/// luabind's constructor<> can (a colour and a style, a date from a table):
+/// the new object is a copy of `value`.
+template <class T> void initAs(const luabind::argument& self, const T& value)
+{
+    luabind::detail::construct<T, std::unique_ptr<T>,
+        boost::mpl::vector3<void, const luabind::argument&, const T&>>()(self, value);
+}
+
 } // namespace lua
