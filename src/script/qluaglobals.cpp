@@ -1,6 +1,5 @@
-// The global functions of the scripting API and the Object class every
-// bound QObject derives from: printing, translation, bit and colour helpers,
-// signals and their connections.
+// The global functions of the scripting API: printing, translation, bit and
+// colour helpers, signals and their connections.
 #include "qluabindings.h"
 #include "qluaobject.h"
 #include "qluaslot.h"
@@ -11,7 +10,6 @@
 #include <QByteArray>
 #include <QColor>
 #include <QCoreApplication>
-#include <QTimer>
 
 namespace {
 
@@ -103,20 +101,6 @@ void emitBare(const LObject& target)
     emitSignal(target, luabind::object());
 }
 
-// Timer.singleShot(ms, function): the function runs once, later, from the event loop.
-void singleShot(int milliseconds, const luabind::object& function)
-{
-    auto* timer = new QTimer;
-    timer->setSingleShot(true);
-    QLuaSlot* slot = QLuaSlot::connect(timer, QStringLiteral("timeout()"), function, true);
-    timer->setParent(slot);
-    timer->start(milliseconds);
-}
-
-struct LTimer
-{
-};
-
 } // namespace
 
 void registerLuaGlobals(lua_State* state)
@@ -133,11 +117,6 @@ void registerLuaGlobals(lua_State* state)
         def("connect", &connectReceiver),
         def("Signal", &newSignal),
         def("emit_signal", &emitSignal),
-        def("emit_signal", &emitBare),
-        class_<LObject>("Object")
-            .property("objectName", &LObject::objectName, &LObject::setObjectName)
-            .property("alive", &LObject::isAlive),
-        class_<LTimer>("Timer")
-            .scope[def("singleShot", &singleShot)]
+        def("emit_signal", &emitBare)
     ];
 }

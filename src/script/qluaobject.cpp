@@ -1,5 +1,20 @@
 #include "qluaobject.h"
 
+#include <QHash>
+#include <QMetaObject>
+
+LObject& LObject::operator=(const LObject& other)
+{
+    m_object = other.m_object;
+    return *this;
+}
+
+LObject::~LObject()
+{
+    if (m_owned && m_object && !m_object->parent())
+        delete m_object.data();
+}
+
 QObject* LObject::object() const
 {
     if (!m_object)
@@ -24,29 +39,36 @@ std::runtime_error deletedObject()
 
 namespace {
 
-LuaObjectWrapper& objectWrapper()
+QHash<QByteArray, LObjectWrapper>& wrappers()
 {
-    static LuaObjectWrapper installed;
+    static QHash<QByteArray, LObjectWrapper> installed;
     return installed;
 }
 
 } // namespace
 
-luabind::object luaObject(lua_State* state, QObject* object)
+void addObjectWrapper(const char* className, LObjectWrapper wrapper)
+{
+    wrappers().insert(QByteArray(className), wrapper);
+}
+
+luabind::object wrapObject(lua_State* state, QObject* object)
 {
     if (!object)
-        return luabind::object();
-    if (objectWrapper()) {
-        luabind::object wrapped = objectWrapper()(state, object);
-        if (wrapped.is_valid())
-            return wrapped;
+        return luaNil(state);
+    for (const QMetaObject* meta = object->metaObject(); meta; meta = meta->superClass()) {
+        if (const LObjectWrapper wrapper = wrappers().value(QByteArray(meta->className())))
+            return wrapper(state, object);
     }
     return luabind::object(state, LObject(object));
 }
 
-void setLuaObjectWrapper(LuaObjectWrapper wrapper)
+luabind::object luaNil(lua_State* state)
 {
-    objectWrapper() = std::move(wrapper);
+    lua_pushnil(state);
+    luabind::object nil(luabind::from_stack(state, -1));
+    lua_pop(state, 1);
+    return nil;
 }
 
 QLuaProjects& QLuaProjects::installed()

@@ -21,7 +21,11 @@ class LObject
 public:
     LObject() = default;
     explicit LObject(QObject* object) : m_object(object) {}
-    virtual ~LObject() = default;
+    /// Copies refer to the object and never own it.
+    LObject(const LObject& other) : m_object(other.m_object) {}
+    LObject& operator=(const LObject& other);
+    /// An object the script made goes with its Lua value unless it has a parent by then.
+    virtual ~LObject();
 
     /// The object, or a Lua fault when it is gone.
     QObject* object() const;
@@ -30,6 +34,14 @@ public:
     void setObjectName(const std::string& name);
 
 protected:
+    /// For the constructors of the classes scripts make (a Timer, a File):
+    /// the Lua value owns `object` until the object is given a parent.
+    struct Owned
+    {
+    };
+    LObject(QObject* object, Owned) : m_object(object), m_owned(true) {}
+    bool ownsObject() const { return m_owned; }
+
     template<class T>
     T* live() const
     {
@@ -38,18 +50,22 @@ protected:
 
 private:
     QPointer<QObject> m_object;
+    bool m_owned = false;
 };
 
 /// The fault every wrapper raises for a vanished object.
 std::runtime_error deletedObject();
 
-/// How an object of the program reaches Lua (a signal's argument, the
-/// receiver of a connection): nil for null, an Object by default. The
-/// widget layer installs a wrapper that gives its classes their own Lua
-/// classes; it returns an invalid object for those it doesn't know.
-using LuaObjectWrapper = std::function<luabind::object(lua_State*, QObject*)>;
-luabind::object luaObject(lua_State* state, QObject* object);
-void setLuaObjectWrapper(LuaObjectWrapper wrapper);
+/// Makes the Lua value of an object of the class `className` (as the meta
+/// object names it, "QTimer"); a bound family adds one for each class it
+/// binds, so that `parent`, `children` and values of properties reach Lua
+/// as the most specific class the API has.
+using LObjectWrapper = luabind::object (*)(lua_State* state, QObject* object);
+void addObjectWrapper(const char* className, LObjectWrapper wrapper);
+/// The Lua value of `object`: its most specific bound class, `Object` at least, nil for null.
+luabind::object wrapObject(lua_State* state, QObject* object);
+/// Lua's nil as a value to return.
+luabind::object luaNil(lua_State* state);
 
 /// Where the scripts find the open projects; the window installs its list,
 /// tests and the command line their own.

@@ -61,7 +61,7 @@ const T& toLua(lua_State*, const T& value)
 
 luabind::object toLua(lua_State* state, QObject* object)
 {
-    return luaObject(state, object);
+    return wrapObject(state, object);
 }
 
 } // namespace
@@ -89,6 +89,7 @@ QLuaSlot* QLuaSlot::connect(QObject* sender, const QString& signal, const luabin
         luaSlot->m_receiver = receiver;
         QObject::connect(receiver, &QObject::destroyed, luaSlot, &QObject::deleteLater);
     }
+    luaSlot->m_sender = sender;
     QObject::connect(sender, found, luaSlot, slot);
     return luaSlot;
 }
@@ -130,6 +131,34 @@ void QLuaSlot::emitValue(const luabind::object& value)
         throw lua::fault(QStringLiteral("emit_signal: a %1 can't travel in a signal")
                              .arg(QString::fromUtf8(lua_typename(value.interpreter(), luabind::type(value)))));
     }
+QLuaSlot* QLuaSlot::propertySlot(lua_State* state, QObject* sender, const QString& signal)
+{
+    QScript* script = QScript::of(state);
+    const QMetaMethod found = findSignal(sender, signal);
+    if (!script || !found.isValid())
+        return nullptr;
+    const QString signature = QString::fromLatin1(found.methodSignature());
+    for (QLuaSlot* slot : script->slotParent()->findChildren<QLuaSlot*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (slot->m_property && slot->m_sender == sender && slot->m_signal == signature)
+            return slot;
+    }
+    return nullptr;
+}
+
+void QLuaSlot::assign(QObject* sender, const QString& signal, const luabind::object& function)
+{
+    lua_State* state = function.interpreter();
+    delete propertySlot(state, sender, signal);
+    if (luabind::type(function) == LUA_TNIL)
+        return;
+    connect(sender, signal, function)->m_property = true;
+}
+
+luabind::object QLuaSlot::assigned(lua_State* state, QObject* sender, const QString& signal)
+{
+    if (QLuaSlot* slot = propertySlot(state, sender, signal))
+        return slot->m_function;
+    return luaNil(state);
 }
 
 template<typename... Args>
@@ -148,7 +177,7 @@ void QLuaSlot::call(const Args&... args)
         script->resetCount();
     try {
         if (m_hasReceiver)
-            luabind::call_function<void>(m_function, luaObject(state, m_receiver), toLua(state, args)...);
+            luabind::call_function<void>(m_function, wrapObject(state, m_receiver), toLua(state, args)...);
         else
             luabind::call_function<void>(m_function, toLua(state, args)...);
     } catch (const luabind::error&) {

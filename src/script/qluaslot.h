@@ -44,6 +44,13 @@ public:
     /// int for a whole number, double for another, QString for a string.
     void emitValue(const luabind::object& value);
 
+    /// The signal as a property of its sender (`timer.timeout = f`): assigning
+    /// replaces the function assigned before, nil disconnects. Connections
+    /// made by connect() are left alone.
+    static void assign(QObject* sender, const QString& signal, const luabind::object& function);
+    /// What the property form of the signal holds: the function, or nil.
+    static luabind::object assigned(lua_State* state, QObject* sender, const QString& signal);
+
     const luabind::object& function() const { return m_function; }
     QString signal() const { return m_signal; }
     bool isOneShot() const { return m_oneShot; }
@@ -74,10 +81,14 @@ signals:
 private:
     template<typename... Args>
     void call(const Args&... args);
+    /// The slot that the property form of `signal` made on `sender`, if any.
+    static QLuaSlot* propertySlot(lua_State* state, QObject* sender, const QString& signal);
 
     luabind::object m_function;
     QString m_signal;
     bool m_oneShot;
     bool m_hasReceiver = false;
     QPointer<QObject> m_receiver;
+    QPointer<QObject> m_sender;
+    bool m_property = false;
 };

@@ -107,6 +107,15 @@ QScript::~QScript()
 void QScript::registerBindings()
 {
     registerLuaGlobals(m_state);
+    // Object first, the base of every bound QObject; then Qt's values, which
+    // the models' members may take and give.
+    registerLuaUtil(m_state);
+    registerLuaTime(m_state);
+    registerLuaBytes(m_state);
+    registerLuaRect(m_state);
+    registerLuaFile(m_state);
+    registerLuaFileInfo(m_state);
+    registerLuaPaintValues(m_state);
     // A class's base goes first: TextDocument before Definitions and Commands.
     registerLuaText(m_state);
     registerLuaProject(m_state);
@@ -117,6 +126,7 @@ void QScript::registerBindings()
     registerLuaCommands(m_state);
     registerLuaSounds(m_state);
     registerLuaImage(m_state);
+    registerLuaPainter(m_state);
     registerLuaAuthor(m_state);
     if (extraBinder())
         extraBinder()(m_state);
