@@ -1,0 +1,170 @@
+// Ranges: AbstractSlider with Slider and ScrollBar, ProgressBar, and the
+// ProgressDialog a script shows during long work.
+#include "qluaqtaccess.h"
+#include "qluawidgethandles.h"
+#include "qluawidgets.h"
+#include "qluawidgettableinit.h"
+
+#include <QApplication>
+#include <QProgressBar>
+#include <QProgressDialog>
+#include <QScrollBar>
+#include <QSlider>
+
+namespace {
+
+template<class H>
+void initOn(const luabind::argument& self, const LWidget& parent)
+{
+    lq::make<H>(self, parent.get());
+}
+
+template<class H>
+void initOriented(const luabind::argument& self, int orientation)
+{
+    lq::make<H>(self, Qt::Orientation(orientation));
+}
+
+// A progress dialog opens over the program's active window, as a script's dialogs do.
+void initProgress(const luabind::argument& self)
+{
+    lq::make<LProgressDialog>(self, QApplication::activeWindow());
+}
+
+void initProgressTable(const luabind::argument& self, const luabind::table<>& table)
+{
+    lq::applyTableTo<LProgressDialog>(self.interpreter(), lq::make<LProgressDialog>(self, QApplication::activeWindow()), table);
+}
+
+// The value a progress dialog shows; setting it lets the window repaint and
+// the Cancel button be pressed, so a script's long loop stays responsive.
+void setProgress(const LObject& self, int value)
+{
+    lq::as<QProgressDialog>(self)->setValue(value);
+}
+
+constexpr char valueChanged[] = "valueChanged(int)";
+constexpr char sliderMoved[] = "sliderMoved(int)";
+constexpr char sliderPressed[] = "sliderPressed()";
+constexpr char sliderReleased[] = "sliderReleased()";
+constexpr char rangeChanged[] = "rangeChanged(int,int)";
+constexpr char canceled[] = "canceled()";
+
+luabind::scope lqabstractslider()
+{
+    using namespace luabind;
+    return class_<LAbstractSlider, LWidget>("AbstractSlider")
+        LQ_PROPERTY("value", QAbstractSlider, value, setValue)
+        LQ_PROPERTY("minimum", QAbstractSlider, minimum, setMinimum)
+        LQ_PROPERTY("min", QAbstractSlider, minimum, setMinimum)
+        LQ_PROPERTY("setMin", QAbstractSlider, minimum, setMinimum)
+        LQ_PROPERTY("maximum", QAbstractSlider, maximum, setMaximum)
+        LQ_PROPERTY("max", QAbstractSlider, maximum, setMaximum)
+        LQ_PROPERTY("setMax", QAbstractSlider, maximum, setMaximum)
+        LQ_PROPERTY("singleStep", QAbstractSlider, singleStep, setSingleStep)
+        LQ_PROPERTY("pageStep", QAbstractSlider, pageStep, setPageStep)
+        LQ_PROPERTY("orientation", QAbstractSlider, orientation, setOrientation)
+        LQ_PROPERTY("tracking", QAbstractSlider, hasTracking, setTracking)
+        LQ_PROPERTY("invertedAppearance", QAbstractSlider, invertedAppearance, setInvertedAppearance)
+        LQ_PROPERTY("sliderPosition", QAbstractSlider, sliderPosition, setSliderPosition)
+        LQ_READ("sliderDown", QAbstractSlider, isSliderDown)
+        LQ_SIGNAL("valueChanged", valueChanged)
+        LQ_SIGNAL("sliderMoved", sliderMoved)
+        LQ_SIGNAL("sliderPressed", sliderPressed)
+        LQ_SIGNAL("sliderReleased", sliderReleased)
+        LQ_SIGNAL("rangeChanged", rangeChanged)
+        LQ_METHOD("setValue", QAbstractSlider, setValue)
+        LQ_METHOD("setRange", QAbstractSlider, setRange)
+        .enum_("Orientation")[value("Horizontal", Qt::Horizontal), value("Vertical", Qt::Vertical)];
+}
+
+luabind::scope lqslider()
+{
+    using namespace luabind;
+    return class_<LSlider, LAbstractSlider>("Slider")
+        LQ_CONSTRUCTORS(LSlider)
+        .def("__init", &initOriented<LSlider>)
+        .def("__init", &initOn<LSlider>)
+        LQ_PROPERTY("tickInterval", QSlider, tickInterval, setTickInterval)
+        LQ_PROPERTY("tickPosition", QSlider, tickPosition, setTickPosition)
+        .enum_("TickPosition")[
+            value("NoTicks", QSlider::NoTicks), value("TicksAbove", QSlider::TicksAbove),
+            value("TicksLeft", QSlider::TicksLeft), value("TicksBelow", QSlider::TicksBelow),
+            value("TicksRight", QSlider::TicksRight), value("TicksBothSides", QSlider::TicksBothSides)
+        ];
+}
+
+luabind::scope lqscrollbar()
+{
+    using namespace luabind;
+    return class_<LScrollBar, LAbstractSlider>("ScrollBar")
+        LQ_CONSTRUCTORS(LScrollBar)
+        .def("__init", &initOriented<LScrollBar>)
+        .def("__init", &initOn<LScrollBar>);
+}
+
+luabind::scope lqprogressbar()
+{
+    using namespace luabind;
+    return class_<LProgressBar, LWidget>("ProgressBar")
+        LQ_CONSTRUCTORS(LProgressBar)
+        .def("__init", &initOn<LProgressBar>)
+        LQ_PROPERTY("value", QProgressBar, value, setValue)
+        LQ_PROPERTY("minimum", QProgressBar, minimum, setMinimum)
+        LQ_PROPERTY("min", QProgressBar, minimum, setMinimum)
+        LQ_PROPERTY("setMin", QProgressBar, minimum, setMinimum)
+        LQ_PROPERTY("maximum", QProgressBar, maximum, setMaximum)
+        LQ_PROPERTY("max", QProgressBar, maximum, setMaximum)
+        LQ_PROPERTY("setMax", QProgressBar, maximum, setMaximum)
+        LQ_PROPERTY("format", QProgressBar, format, setFormat)
+        LQ_PROPERTY("textVisible", QProgressBar, isTextVisible, setTextVisible)
+        LQ_PROPERTY("orientation", QProgressBar, orientation, setOrientation)
+        LQ_PROPERTY("invertedAppearance", QProgressBar, invertedAppearance, setInvertedAppearance)
+        LQ_PROPERTY("alignment", QProgressBar, alignment, setAlignment)
+        LQ_READ("text", QProgressBar, text)
+        LQ_SIGNAL("valueChanged", valueChanged)
+        LQ_METHOD("setValue", QProgressBar, setValue)
+        LQ_METHOD("setRange", QProgressBar, setRange)
+        LQ_METHOD("reset", QProgressBar, reset);
+}
+
+luabind::scope lqprogressdialog()
+{
+    using namespace luabind;
+    return class_<LProgressDialog, LDialog>("ProgressDialog")
+        .def("__init", &initProgress)
+        .def("__init", &initProgressTable)
+        .def("__init", &initOn<LProgressDialog>)
+        .property("value", &lq::Call<QProgressDialog, &QProgressDialog::value>::call, &setProgress)
+        LQ_PROPERTY("minimum", QProgressDialog, minimum, setMinimum)
+        LQ_PROPERTY("min", QProgressDialog, minimum, setMinimum)
+        LQ_PROPERTY("setMin", QProgressDialog, minimum, setMinimum)
+        LQ_PROPERTY("maximum", QProgressDialog, maximum, setMaximum)
+        LQ_PROPERTY("max", QProgressDialog, maximum, setMaximum)
+        LQ_PROPERTY("setMax", QProgressDialog, maximum, setMaximum)
+        LQ_PROPERTY("labelText", QProgressDialog, labelText, setLabelText)
+        LQ_PROPERTY("minDuration", QProgressDialog, minimumDuration, setMinimumDuration)
+        LQ_PROPERTY("minimumDuration", QProgressDialog, minimumDuration, setMinimumDuration)
+        LQ_PROPERTY("autoClose", QProgressDialog, autoClose, setAutoClose)
+        LQ_PROPERTY("autoReset", QProgressDialog, autoReset, setAutoReset)
+        LQ_READ("wasCanceled", QProgressDialog, wasCanceled)
+        LQ_SIGNAL("canceled", canceled)
+        .def("setValue", &setProgress)
+        LQ_METHOD("setRange", QProgressDialog, setRange)
+        LQ_METHOD("setLabelText", QProgressDialog, setLabelText)
+        LQ_METHOD("setCancelButtonText", QProgressDialog, setCancelButtonText)
+        LQ_METHOD("cancel", QProgressDialog, cancel)
+        LQ_METHOD("reset", QProgressDialog, reset);
+}
+
+} // namespace
+
+void registerLuaQSlider(lua_State* state)
+{
+    lq::wraps<LAbstractSlider>();
+    lq::wraps<LSlider>();
+    lq::wraps<LScrollBar>();
+    lq::wraps<LProgressBar>();
+    lq::wraps<LProgressDialog>();
+    luabind::module(state)[lqabstractslider(), lqslider(), lqscrollbar(), lqprogressbar(), lqprogressdialog()];
+}
