@@ -37,12 +37,6 @@ void setShortcutText(const LObject& self, const std::string& keys) { button(self
 void click(const LObject& self) { button(self)->click(); }
 void animateClick(const LObject& self) { button(self)->animateClick(); }
 
-template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
 // Button groups: the group only groups, the buttons stay where their layout put them.
 QButtonGroup* group(const LObject& self) { return lq::as<QButtonGroup>(self); }
 
@@ -116,7 +110,7 @@ luabind::scope lqpushbutton()
     return class_<LPushButton, LAbstractButton>("PushButton")
         LQ_CONSTRUCTORS(LPushButton)
         LQ_TEXT_CONSTRUCTOR(LPushButton)
-        .def("__init", &initOn<LPushButton>)
+        LQ_PARENT_CONSTRUCTOR(LPushButton)
         LQ_PROPERTY("autoDefault", QPushButton, autoDefault, setAutoDefault)
         LQ_PROPERTY("default", QPushButton, isDefault, setDefault)
         LQ_PROPERTY("flat", QPushButton, isFlat, setFlat);
@@ -128,7 +122,7 @@ luabind::scope lqradionbutton()
     return class_<LRadioButton, LAbstractButton>("RadioButton")
         LQ_CONSTRUCTORS(LRadioButton)
         LQ_TEXT_CONSTRUCTOR(LRadioButton)
-        .def("__init", &initOn<LRadioButton>);
+        LQ_PARENT_CONSTRUCTOR(LRadioButton);
 }
 
 luabind::scope lqcheckbox()
@@ -137,7 +131,7 @@ luabind::scope lqcheckbox()
     return class_<LCheckBox, LAbstractButton>("CheckBox")
         LQ_CONSTRUCTORS(LCheckBox)
         LQ_TEXT_CONSTRUCTOR(LCheckBox)
-        .def("__init", &initOn<LCheckBox>)
+        LQ_PARENT_CONSTRUCTOR(LCheckBox)
         LQ_PROPERTY("tristate", QCheckBox, isTristate, setTristate)
         LQ_PROPERTY("checkState", QCheckBox, checkState, setCheckState)
         LQ_SIGNAL("stateChanged", stateChanged)

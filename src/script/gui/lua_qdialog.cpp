@@ -5,7 +5,6 @@
 #include "qluawidgets.h"
 #include "qluawidgettableinit.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QFrame>
 #include <QGroupBox>
@@ -21,26 +20,6 @@ public:
     using QWizardPage::QWizardPage;
     using QWizardPage::registerField;
 };
-
-// A script's dialog opens over the program's active window; it stays a
-// window of its own, so the script still owns it.
-template<class H>
-void initDialog(const luabind::argument& self)
-{
-    lq::make<H>(self, QApplication::activeWindow());
-}
-
-template<class H>
-void initDialogTable(const luabind::argument& self, const luabind::table<>& table)
-{
-    lq::applyTableTo<H>(self.interpreter(), lq::make<H>(self, QApplication::activeWindow()), table);
-}
-
-template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
 
 QWizardPage* makePage(const luabind::argument& self)
 {
@@ -149,7 +128,7 @@ luabind::scope lqframe()
     using namespace luabind;
     return class_<LFrame, LWidget>("Frame")
         LQ_CONSTRUCTORS(LFrame)
-        .def("__init", &initOn<LFrame>)
+        LQ_PARENT_CONSTRUCTOR(LFrame)
         LQ_PROPERTY("frameShape", QFrame, frameShape, setFrameShape)
         LQ_PROPERTY("frameShadow", QFrame, frameShadow, setFrameShadow)
         LQ_PROPERTY("frameStyle", QFrame, frameStyle, setFrameStyle)
@@ -167,9 +146,8 @@ luabind::scope lqdialog()
 {
     using namespace luabind;
     return class_<LDialog, LWidget>("Dialog")
-        .def("__init", &initDialog<LDialog>)
-        .def("__init", &initDialogTable<LDialog>)
-        .def("__init", &initOn<LDialog>)
+        LQ_WINDOW_CONSTRUCTORS(LDialog)
+        LQ_PARENT_CONSTRUCTOR(LDialog)
         LQ_PROPERTY("modal", QDialog, isModal, setModal)
         LQ_PROPERTY("result", QDialog, result, setResult)
         LQ_PROPERTY("sizeGripEnabled", QDialog, isSizeGripEnabled, setSizeGripEnabled)
@@ -192,7 +170,7 @@ luabind::scope lqgroupbox()
     return class_<LGroupBox, LWidget>("GroupBox")
         LQ_CONSTRUCTORS(LGroupBox)
         LQ_TEXT_CONSTRUCTOR(LGroupBox)
-        .def("__init", &initOn<LGroupBox>)
+        LQ_PARENT_CONSTRUCTOR(LGroupBox)
         LQ_PROPERTY("title", QGroupBox, title, setTitle)
         LQ_PROPERTY("flat", QGroupBox, isFlat, setFlat)
         LQ_PROPERTY("checkable", QGroupBox, isCheckable, setCheckable)
@@ -208,9 +186,8 @@ luabind::scope lqwizard()
 {
     using namespace luabind;
     return class_<LWizard, LDialog>("Wizard")
-        .def("__init", &initDialog<LWizard>)
-        .def("__init", &initDialogTable<LWizard>)
-        .def("__init", &initOn<LWizard>)
+        LQ_WINDOW_CONSTRUCTORS(LWizard)
+        LQ_PARENT_CONSTRUCTOR(LWizard)
         LQ_PROPERTY("startId", QWizard, startId, setStartId)
         LQ_PROPERTY("wizardStyle", QWizard, wizardStyle, setWizardStyle)
         LQ_PROPERTY("titleFormat", QWizard, titleFormat, setTitleFormat)

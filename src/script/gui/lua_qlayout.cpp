@@ -153,12 +153,6 @@ void initDirection(const luabind::argument& self, int direction)
     lq::make<H>(self, QBoxLayout::Direction(direction));
 }
 
-template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
 // Grids.
 QGridLayout* grid(const LObject& self) { return lq::as<QGridLayout>(self); }
 
@@ -313,7 +307,7 @@ luabind::scope lqvboxlayout()
     using namespace luabind;
     return class_<LVBoxLayout, LBoxLayout>("VBoxLayout")
         LQ_CONSTRUCTORS(LVBoxLayout)
-        .def("__init", &initOn<LVBoxLayout>);
+        LQ_PARENT_CONSTRUCTOR(LVBoxLayout);
 }
 
 luabind::scope lqhboxlayout()
@@ -321,7 +315,7 @@ luabind::scope lqhboxlayout()
     using namespace luabind;
     return class_<LHBoxLayout, LBoxLayout>("HBoxLayout")
         LQ_CONSTRUCTORS(LHBoxLayout)
-        .def("__init", &initOn<LHBoxLayout>);
+        LQ_PARENT_CONSTRUCTOR(LHBoxLayout);
 }
 
 luabind::scope lqstatckedlayout()
@@ -329,7 +323,7 @@ luabind::scope lqstatckedlayout()
     using namespace luabind;
     return class_<LStackedLayout, LLayout>("StackedLayout")
         LQ_CONSTRUCTORS(LStackedLayout)
-        .def("__init", &initOn<LStackedLayout>)
+        LQ_PARENT_CONSTRUCTOR(LStackedLayout)
         LQ_PROPERTY("currentIndex", QStackedLayout, currentIndex, setCurrentIndex)
         LQ_PROPERTY("stackingMode", QStackedLayout, stackingMode, setStackingMode)
         .property("currentWidget", &currentWidget, &setCurrentWidget)
@@ -346,7 +340,7 @@ luabind::scope lqgridlayout()
     using namespace luabind;
     return class_<LGridLayout, LLayout>("GridLayout")
         LQ_CONSTRUCTORS(LGridLayout)
-        .def("__init", &initOn<LGridLayout>)
+        LQ_PARENT_CONSTRUCTOR(LGridLayout)
         LQ_PROPERTY("hSpacing", QGridLayout, horizontalSpacing, setHorizontalSpacing)
         LQ_PROPERTY("vSpacing", QGridLayout, verticalSpacing, setVerticalSpacing)
         LQ_READ("rowCount", QGridLayout, rowCount)
@@ -369,7 +363,7 @@ luabind::scope lqformlayout()
     using namespace luabind;
     return class_<LFormLayout, LLayout>("FormLayout")
         LQ_CONSTRUCTORS(LFormLayout)
-        .def("__init", &initOn<LFormLayout>)
+        LQ_PARENT_CONSTRUCTOR(LFormLayout)
         LQ_PROPERTY("hSpacing", QFormLayout, horizontalSpacing, setHorizontalSpacing)
         LQ_PROPERTY("vSpacing", QFormLayout, verticalSpacing, setVerticalSpacing)
         LQ_PROPERTY("labelAlignment", QFormLayout, labelAlignment, setLabelAlignment)

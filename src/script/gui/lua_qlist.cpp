@@ -41,25 +41,11 @@ bool LListWidgetItem::isChild(QListWidgetItem*, const QListWidgetItem*)
 
 namespace {
 
-template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
-QStringList strings(const luabind::object& table)
-{
-    QStringList list;
-    for (luabind::iterator entry(table), end; entry != end; ++entry)
-        list << lua::str(luabind::object_cast<std::string>(*entry));
-    return list;
-}
-
 // Combo boxes.
 QComboBox* combo(const LObject& self) { return lq::as<QComboBox>(self); }
 
 void comboAddItem(const LObject& self, const std::string& text) { combo(self)->addItem(lua::str(text)); }
-void comboAddItems(const LObject& self, const luabind::table<>& texts) { combo(self)->addItems(strings(texts)); }
+void comboAddItems(const LObject& self, const luabind::table<>& texts) { combo(self)->addItems(lq::strings(texts)); }
 void comboInsertItem(const LObject& self, int index, const std::string& text) { combo(self)->insertItem(index, lua::str(text)); }
 int comboFindText(const LObject& self, const std::string& text) { return combo(self)->findText(lua::str(text)); }
 std::string comboItemText(const LObject& self, int index) { return lua::std(combo(self)->itemText(index)); }
@@ -76,7 +62,7 @@ luabind::object comboItems(const LObject& self, lua_State* state)
 void setComboItems(const LObject& self, const luabind::table<>& texts)
 {
     combo(self)->clear();
-    combo(self)->addItems(strings(texts));
+    combo(self)->addItems(lq::strings(texts));
 }
 
 // List widgets.
@@ -84,7 +70,7 @@ QListWidget* list(const LObject& self) { return lq::as<QListWidget>(self); }
 
 void listAddText(const LObject& self, const std::string& text) { list(self)->addItem(lua::str(text)); }
 void listAddItem(const LObject& self, const LListWidgetItem& item) { list(self)->addItem(item.handTo(list(self))); }
-void listAddItems(const LObject& self, const luabind::table<>& texts) { list(self)->addItems(strings(texts)); }
+void listAddItems(const LObject& self, const luabind::table<>& texts) { list(self)->addItems(lq::strings(texts)); }
 void listInsertText(const LObject& self, int row, const std::string& text) { list(self)->insertItem(row, lua::str(text)); }
 
 void listInsertItem(const LObject& self, int row, const LListWidgetItem& item)
@@ -128,36 +114,8 @@ void setCurrentRow(const LObject& self, int row) { list(self)->setCurrentRow(row
 void sortItems(const LObject& self) { list(self)->sortItems(); }
 
 // List items.
-void initItem(const luabind::argument& self)
-{
-    lq::place(self, std::make_unique<LListWidgetItem>(new QListWidgetItem));
-}
-
-void initItemText(const luabind::argument& self, const std::string& text)
-{
-    lq::place(self, std::make_unique<LListWidgetItem>(new QListWidgetItem(lua::str(text))));
-}
-
-void initItemTable(const luabind::argument& self, const luabind::table<>& table)
-{
-    auto handle = std::make_unique<LListWidgetItem>(new QListWidgetItem);
-    const LListWidgetItem target = *handle;
-    lq::place(self, std::move(handle));
-    lq::applyTable(luabind::object(self.interpreter(), target), table);
-}
-
-std::string itemText(const LListWidgetItem& item) { return lua::std(item.item()->text()); }
-void setItemText(const LListWidgetItem& item, const std::string& text) { item.item()->setText(lua::str(text)); }
-std::string itemToolTip(const LListWidgetItem& item) { return lua::std(item.item()->toolTip()); }
-void setItemToolTip(const LListWidgetItem& item, const std::string& text) { item.item()->setToolTip(lua::str(text)); }
-int itemCheckState(const LListWidgetItem& item) { return int(item.item()->checkState()); }
-void setItemCheckState(const LListWidgetItem& item, int state) { item.item()->setCheckState(Qt::CheckState(state)); }
-int itemFlags(const LListWidgetItem& item) { return int(item.item()->flags().toInt()); }
-void setItemFlags(const LListWidgetItem& item, int flags) { item.item()->setFlags(Qt::ItemFlags::fromInt(flags)); }
 bool itemHidden(const LListWidgetItem& item) { return item.item()->isHidden(); }
 void setItemHidden(const LListWidgetItem& item, bool hidden) { item.item()->setHidden(hidden); }
-bool itemSelected(const LListWidgetItem& item) { return item.item()->isSelected(); }
-void setItemSelected(const LListWidgetItem& item, bool selected) { item.item()->setSelected(selected); }
 
 constexpr char activated[] = "activated(int)";
 constexpr char textActivated[] = "textActivated(QString)";
@@ -174,7 +132,7 @@ luabind::scope lqcombobox()
     using namespace luabind;
     return class_<LComboBox, LWidget>("ComboBox")
         LQ_CONSTRUCTORS(LComboBox)
-        .def("__init", &initOn<LComboBox>)
+        LQ_PARENT_CONSTRUCTOR(LComboBox)
         LQ_PROPERTY("currentIndex", QComboBox, currentIndex, setCurrentIndex)
         LQ_PROPERTY("currentText", QComboBox, currentText, setCurrentText)
         LQ_PROPERTY("editable", QComboBox, isEditable, setEditable)
@@ -212,7 +170,7 @@ luabind::scope lqlistwidget()
     using namespace luabind;
     return class_<LListWidget, LAbstractScrollArea>("ListWidget")
         LQ_CONSTRUCTORS(LListWidget)
-        .def("__init", &initOn<LListWidget>)
+        LQ_PARENT_CONSTRUCTOR(LListWidget)
         .property("currentRow", &lq::Call<QListWidget, &QListWidget::currentRow>::call, &setCurrentRow)
         LQ_PROPERTY("sortingEnabled", QListWidget, isSortingEnabled, setSortingEnabled)
         LQ_PROPERTY("selectionMode", QListWidget, selectionMode, setSelectionMode)
@@ -246,17 +204,8 @@ luabind::scope lqlistwidgetitem()
 {
     using namespace luabind;
     return class_<LListWidgetItem>("ListWidgetItem")
-        .def("__init", &initItem)
-        .def("__init", &initItemText)
-        .def("__init", &initItemTable)
-        .property("text", &itemText, &setItemText)
-        .property("toolTip", &itemToolTip, &setItemToolTip)
-        .property("checkState", &itemCheckState, &setItemCheckState)
-        .property("flags", &itemFlags, &setItemFlags)
+        LQ_ITEM_PROPERTIES(LListWidgetItem)
         .property("hidden", &itemHidden, &setItemHidden)
-        .property("selected", &itemSelected, &setItemSelected)
-        .def("setText", &setItemText)
-        .def("setCheckState", &setItemCheckState)
         .def(const_self < const_self)
         .enum_("ItemFlag")[
             value("NoItemFlags", Qt::NoItemFlags), value("ItemIsSelectable", Qt::ItemIsSelectable),

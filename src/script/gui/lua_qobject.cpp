@@ -68,12 +68,6 @@ luabind::object findChild(const LObject& self, const std::string& name, lua_Stat
     return LQObject::wrap(state, widget(self)->findChild<QObject*>(lua::str(name)));
 }
 
-template<class H>
-void initParent(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
 constexpr char windowTitleChanged[] = "windowTitleChanged(QString)";
 
 } // namespace
@@ -86,7 +80,7 @@ void registerLuaQObject(lua_State* state)
         class_<LQObject, LObject>("QtObject"),
         class_<LWidget, LQObject>("Widget")
             LQ_CONSTRUCTORS(LWidget)
-            .def("__init", &initParent<LWidget>)
+            LQ_PARENT_CONSTRUCTOR(LWidget)
             LQ_PROPERTY("windowTitle", QWidget, windowTitle, setWindowTitle)
             LQ_PROPERTY("toolTip", QWidget, toolTip, setToolTip)
             LQ_PROPERTY("statusTip", QWidget, statusTip, setStatusTip)

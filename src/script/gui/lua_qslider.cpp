@@ -5,7 +5,6 @@
 #include "qluawidgets.h"
 #include "qluawidgettableinit.h"
 
-#include <QApplication>
 #include <QProgressBar>
 #include <QProgressDialog>
 #include <QScrollBar>
@@ -14,26 +13,9 @@
 namespace {
 
 template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
-template<class H>
 void initOriented(const luabind::argument& self, int orientation)
 {
     lq::make<H>(self, Qt::Orientation(orientation));
-}
-
-// A progress dialog opens over the program's active window, as a script's dialogs do.
-void initProgress(const luabind::argument& self)
-{
-    lq::make<LProgressDialog>(self, QApplication::activeWindow());
-}
-
-void initProgressTable(const luabind::argument& self, const luabind::table<>& table)
-{
-    lq::applyTableTo<LProgressDialog>(self.interpreter(), lq::make<LProgressDialog>(self, QApplication::activeWindow()), table);
 }
 
 // The value a progress dialog shows; setting it lets the window repaint and
@@ -84,7 +66,7 @@ luabind::scope lqslider()
     return class_<LSlider, LAbstractSlider>("Slider")
         LQ_CONSTRUCTORS(LSlider)
         .def("__init", &initOriented<LSlider>)
-        .def("__init", &initOn<LSlider>)
+        LQ_PARENT_CONSTRUCTOR(LSlider)
         LQ_PROPERTY("tickInterval", QSlider, tickInterval, setTickInterval)
         LQ_PROPERTY("tickPosition", QSlider, tickPosition, setTickPosition)
         .enum_("TickPosition")[
@@ -100,7 +82,7 @@ luabind::scope lqscrollbar()
     return class_<LScrollBar, LAbstractSlider>("ScrollBar")
         LQ_CONSTRUCTORS(LScrollBar)
         .def("__init", &initOriented<LScrollBar>)
-        .def("__init", &initOn<LScrollBar>);
+        LQ_PARENT_CONSTRUCTOR(LScrollBar);
 }
 
 luabind::scope lqprogressbar()
@@ -108,7 +90,7 @@ luabind::scope lqprogressbar()
     using namespace luabind;
     return class_<LProgressBar, LWidget>("ProgressBar")
         LQ_CONSTRUCTORS(LProgressBar)
-        .def("__init", &initOn<LProgressBar>)
+        LQ_PARENT_CONSTRUCTOR(LProgressBar)
         LQ_PROPERTY("value", QProgressBar, value, setValue)
         LQ_PROPERTY("minimum", QProgressBar, minimum, setMinimum)
         LQ_PROPERTY("min", QProgressBar, minimum, setMinimum)
@@ -132,9 +114,8 @@ luabind::scope lqprogressdialog()
 {
     using namespace luabind;
     return class_<LProgressDialog, LDialog>("ProgressDialog")
-        .def("__init", &initProgress)
-        .def("__init", &initProgressTable)
-        .def("__init", &initOn<LProgressDialog>)
+        LQ_WINDOW_CONSTRUCTORS(LProgressDialog)
+        LQ_PARENT_CONSTRUCTOR(LProgressDialog)
         .property("value", &lq::Call<QProgressDialog, &QProgressDialog::value>::call, &setProgress)
         LQ_PROPERTY("minimum", QProgressDialog, minimum, setMinimum)
         LQ_PROPERTY("min", QProgressDialog, minimum, setMinimum)

@@ -9,12 +9,6 @@
 
 namespace {
 
-template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
 constexpr char editingFinished[] = "editingFinished()";
 constexpr char intChanged[] = "valueChanged(int)";
 constexpr char floatChanged[] = "valueChanged(double)";
@@ -48,7 +42,7 @@ luabind::scope lqintedit()
     using namespace luabind;
     return class_<LIntEdit, LAbstractSpinBox>("IntEdit")
         LQ_CONSTRUCTORS(LIntEdit)
-        .def("__init", &initOn<LIntEdit>)
+        LQ_PARENT_CONSTRUCTOR(LIntEdit)
         LQ_PROPERTY("value", QSpinBox, value, setValue)
         LQ_PROPERTY("minimum", QSpinBox, minimum, setMinimum)
         LQ_PROPERTY("min", QSpinBox, minimum, setMinimum)
@@ -72,7 +66,7 @@ luabind::scope lqfloatedit()
     using namespace luabind;
     return class_<LFloatEdit, LAbstractSpinBox>("FloatEdit")
         LQ_CONSTRUCTORS(LFloatEdit)
-        .def("__init", &initOn<LFloatEdit>)
+        LQ_PARENT_CONSTRUCTOR(LFloatEdit)
         LQ_PROPERTY("value", QDoubleSpinBox, value, setValue)
         LQ_PROPERTY("minimum", QDoubleSpinBox, minimum, setMinimum)
         LQ_PROPERTY("min", QDoubleSpinBox, minimum, setMinimum)

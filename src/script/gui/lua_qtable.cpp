@@ -33,19 +33,6 @@ namespace {
 
 QTableWidget* table(const LObject& self) { return lq::as<QTableWidget>(self); }
 
-QStringList strings(const luabind::object& list)
-{
-    QStringList texts;
-    for (luabind::iterator entry(list), end; entry != end; ++entry)
-        texts << lua::str(luabind::object_cast<std::string>(*entry));
-    return texts;
-}
-
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<LTableWidget>(self, parent.get());
-}
-
 void initSized(const luabind::argument& self, int rows, int columns)
 {
     lq::make<LTableWidget>(self, rows, columns);
@@ -64,8 +51,8 @@ luabind::object headers(lua_State* state, QTableWidget* view, Qt::Orientation or
 
 luabind::object hHeader(const LObject& self, lua_State* state) { return headers(state, table(self), Qt::Horizontal); }
 luabind::object vHeader(const LObject& self, lua_State* state) { return headers(state, table(self), Qt::Vertical); }
-void setHHeader(const LObject& self, const luabind::table<>& labels) { table(self)->setHorizontalHeaderLabels(strings(labels)); }
-void setVHeader(const LObject& self, const luabind::table<>& labels) { table(self)->setVerticalHeaderLabels(strings(labels)); }
+void setHHeader(const LObject& self, const luabind::table<>& labels) { table(self)->setHorizontalHeaderLabels(lq::strings(labels)); }
+void setVHeader(const LObject& self, const luabind::table<>& labels) { table(self)->setVerticalHeaderLabels(lq::strings(labels)); }
 
 void setItem(const LObject& self, int row, int column, const LTableWidgetItem& item)
 {
@@ -116,34 +103,6 @@ void setRangeSelected(const LObject& self, const QTableWidgetSelectionRange& ran
 }
 
 // Items.
-void initItem(const luabind::argument& self)
-{
-    lq::place(self, std::make_unique<LTableWidgetItem>(new QTableWidgetItem));
-}
-
-void initItemText(const luabind::argument& self, const std::string& text)
-{
-    lq::place(self, std::make_unique<LTableWidgetItem>(new QTableWidgetItem(lua::str(text))));
-}
-
-void initItemTable(const luabind::argument& self, const luabind::table<>& table)
-{
-    auto handle = std::make_unique<LTableWidgetItem>(new QTableWidgetItem);
-    const LTableWidgetItem target = *handle;
-    lq::place(self, std::move(handle));
-    lq::applyTable(luabind::object(self.interpreter(), target), table);
-}
-
-std::string text(const LTableWidgetItem& item) { return lua::std(item.item()->text()); }
-void setText(const LTableWidgetItem& item, const std::string& text) { item.item()->setText(lua::str(text)); }
-std::string toolTip(const LTableWidgetItem& item) { return lua::std(item.item()->toolTip()); }
-void setToolTip(const LTableWidgetItem& item, const std::string& text) { item.item()->setToolTip(lua::str(text)); }
-int checkState(const LTableWidgetItem& item) { return int(item.item()->checkState()); }
-void setCheckState(const LTableWidgetItem& item, int state) { item.item()->setCheckState(Qt::CheckState(state)); }
-int flags(const LTableWidgetItem& item) { return int(item.item()->flags().toInt()); }
-void setFlags(const LTableWidgetItem& item, int flags) { item.item()->setFlags(Qt::ItemFlags::fromInt(flags)); }
-bool selected(const LTableWidgetItem& item) { return item.item()->isSelected(); }
-void setSelected(const LTableWidgetItem& item, bool selected) { item.item()->setSelected(selected); }
 int row(const LTableWidgetItem& item) { return item.item()->row(); }
 int column(const LTableWidgetItem& item) { return item.item()->column(); }
 int textAlignment(const LTableWidgetItem& item) { return item.item()->textAlignment(); }
@@ -162,7 +121,7 @@ luabind::scope lqtablewidget()
     using namespace luabind;
     return class_<LTableWidget, LAbstractScrollArea>("TableWidget")
         LQ_CONSTRUCTORS(LTableWidget)
-        .def("__init", &initOn)
+        LQ_PARENT_CONSTRUCTOR(LTableWidget)
         .def("__init", &initSized)
         LQ_PROPERTY("rowCount", QTableWidget, rowCount, setRowCount)
         LQ_PROPERTY("columnCount", QTableWidget, columnCount, setColumnCount)
@@ -200,18 +159,10 @@ luabind::scope lqtablewidgetitem()
 {
     using namespace luabind;
     return class_<LTableWidgetItem>("TableWidgetItem")
-        .def("__init", &initItem)
-        .def("__init", &initItemText)
-        .def("__init", &initItemTable)
-        .property("text", &text, &setText)
-        .property("toolTip", &toolTip, &setToolTip)
-        .property("checkState", &checkState, &setCheckState)
-        .property("flags", &flags, &setFlags)
-        .property("selected", &selected, &setSelected)
+        LQ_ITEM_PROPERTIES(LTableWidgetItem)
         .property("textAlignment", &textAlignment, &setTextAlignment)
         .property("row", &row)
         .property("column", &column)
-        .def("setText", &setText)
         .def(const_self < const_self);
 }
 

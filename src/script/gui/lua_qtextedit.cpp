@@ -12,12 +12,6 @@
 
 namespace {
 
-template<class H>
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<H>(self, parent.get());
-}
-
 void setNumber(const LObject& self, double number) { lq::as<QLabel>(self)->setNum(number); }
 void setBuddy(const LObject& self, const LWidget& buddy) { lq::as<QLabel>(self)->setBuddy(buddy.get()); }
 
@@ -73,7 +67,7 @@ luabind::scope lqlabel()
     return class_<LLabel, LFrame>("Label")
         LQ_CONSTRUCTORS(LLabel)
         LQ_TEXT_CONSTRUCTOR(LLabel)
-        .def("__init", &initOn<LLabel>)
+        LQ_PARENT_CONSTRUCTOR(LLabel)
         LQ_PROPERTY("text", QLabel, text, setText)
         LQ_PROPERTY("wordWrap", QLabel, wordWrap, setWordWrap)
         LQ_PROPERTY("alignment", QLabel, alignment, setAlignment)
@@ -101,7 +95,7 @@ luabind::scope lqtextedit()
     return class_<LTextEdit, LAbstractScrollArea>("TextEdit")
         LQ_CONSTRUCTORS(LTextEdit)
         LQ_TEXT_CONSTRUCTOR(LTextEdit)
-        .def("__init", &initOn<LTextEdit>)
+        LQ_PARENT_CONSTRUCTOR(LTextEdit)
         LQ_PROPERTY("plainText", QTextEdit, toPlainText, setPlainText)
         LQ_PROPERTY("html", QTextEdit, toHtml, setHtml)
         LQ_PROPERTY("readOnly", QTextEdit, isReadOnly, setReadOnly)
@@ -143,7 +137,7 @@ luabind::scope lqplaintextedit()
     return class_<LPlainTextEdit, LAbstractScrollArea>("PlainTextEdit")
         LQ_CONSTRUCTORS(LPlainTextEdit)
         LQ_TEXT_CONSTRUCTOR(LPlainTextEdit)
-        .def("__init", &initOn<LPlainTextEdit>)
+        LQ_PARENT_CONSTRUCTOR(LPlainTextEdit)
         LQ_PROPERTY("plainText", QPlainTextEdit, toPlainText, setPlainText)
         LQ_PROPERTY("readOnly", QPlainTextEdit, isReadOnly, setReadOnly)
         LQ_PROPERTY("placeholderText", QPlainTextEdit, placeholderText, setPlaceholderText)
@@ -173,7 +167,7 @@ luabind::scope lqlineedit()
     return class_<LLineEdit, LWidget>("LineEdit")
         LQ_CONSTRUCTORS(LLineEdit)
         LQ_TEXT_CONSTRUCTOR(LLineEdit)
-        .def("__init", &initOn<LLineEdit>)
+        LQ_PARENT_CONSTRUCTOR(LLineEdit)
         LQ_PROPERTY("text", QLineEdit, text, setText)
         LQ_PROPERTY("placeholderText", QLineEdit, placeholderText, setPlaceholderText)
         LQ_PROPERTY("readOnly", QLineEdit, isReadOnly, setReadOnly)

@@ -31,25 +31,12 @@ namespace {
 
 QTreeWidget* tree(const LObject& self) { return lq::as<QTreeWidget>(self); }
 
-QStringList strings(const luabind::object& table)
-{
-    QStringList list;
-    for (luabind::iterator entry(table), end; entry != end; ++entry)
-        list << lua::str(luabind::object_cast<std::string>(*entry));
-    return list;
-}
-
 luabind::object inTree(lua_State* state, QTreeWidgetItem* item, QTreeWidget* view)
 {
     return item ? luabind::object(state, LTreeWidgetItem::inView(item, view)) : luabind::object();
 }
 
-void initOn(const luabind::argument& self, const LWidget& parent)
-{
-    lq::make<LTreeWidget>(self, parent.get());
-}
-
-void setHeaderLabels(const LObject& self, const luabind::table<>& labels) { tree(self)->setHeaderLabels(strings(labels)); }
+void setHeaderLabels(const LObject& self, const luabind::table<>& labels) { tree(self)->setHeaderLabels(lq::strings(labels)); }
 
 luabind::object headerLabels(const LObject& self, lua_State* state)
 {
@@ -90,14 +77,9 @@ void setCurrentItem(const LObject& self, const LTreeWidgetItem& item) { tree(sel
 int indexOfTopLevelItem(const LObject& self, const LTreeWidgetItem& item) { return tree(self)->indexOfTopLevelItem(item.item()); }
 
 // Items: `TreeWidgetItem{"name", "value"}` makes an item with those column texts.
-void initItem(const luabind::argument& self)
-{
-    lq::place(self, std::make_unique<LTreeWidgetItem>(new QTreeWidgetItem));
-}
-
 void initItemTexts(const luabind::argument& self, const luabind::table<>& texts)
 {
-    lq::place(self, std::make_unique<LTreeWidgetItem>(new QTreeWidgetItem(strings(texts))));
+    lq::place(self, std::make_unique<LTreeWidgetItem>(new QTreeWidgetItem(lq::strings(texts))));
 }
 
 std::string text(const LTreeWidgetItem& item, int column) { return lua::std(item.item()->text(column)); }
@@ -151,7 +133,7 @@ luabind::scope lqtreewidget()
     using namespace luabind;
     return class_<LTreeWidget, LAbstractScrollArea>("TreeWidget")
         LQ_CONSTRUCTORS(LTreeWidget)
-        .def("__init", &initOn)
+        LQ_PARENT_CONSTRUCTOR(LTreeWidget)
         LQ_PROPERTY("columnCount", QTreeWidget, columnCount, setColumnCount)
         LQ_PROPERTY("headerHidden", QTreeWidget, isHeaderHidden, setHeaderHidden)
         LQ_PROPERTY("sortingEnabled", QTreeWidget, isSortingEnabled, setSortingEnabled)
@@ -180,7 +162,7 @@ luabind::scope lqtreewidgetitem()
 {
     using namespace luabind;
     return class_<LTreeWidgetItem>("TreeWidgetItem")
-        .def("__init", &initItem)
+        .def("__init", &lq::initItem<LTreeWidgetItem>)
         .def("__init", &initItemTexts)
         .property("columnCount", &columnCount)
         .property("childCount", &childCount)

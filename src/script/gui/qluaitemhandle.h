@@ -7,9 +7,13 @@
 // after the view deleted the item raises "deleted object" instead of
 // touching freed memory.
 
+#include "qluawidgettableinit.h"
 #include "script/qluaobject.h"
 
 #include <QPointer>
+#include <QString>
+
+#include <string>
 
 #include <memory>
 
@@ -17,6 +21,8 @@ template<class Item, class View>
 class LItemHandle
 {
 public:
+    using ItemType = Item;
+
     /// A new item of the script's own.
     explicit LItemHandle(Item* item) : m_state(std::make_shared<State>())
     {
@@ -113,3 +119,54 @@ private:
 
     std::shared_ptr<State> m_state;
 };
+
+namespace lq {
+
+// Constructors of items: `ListWidgetItem()`, `ListWidgetItem("text")`, `ListWidgetItem{text = "a"}`.
+template<class H>
+void initItem(const luabind::argument& self)
+{
+    place(self, std::make_unique<H>(new typename H::ItemType));
+}
+
+template<class H>
+void initItemText(const luabind::argument& self, const std::string& text)
+{
+    place(self, std::make_unique<H>(new typename H::ItemType(QString::fromStdString(text))));
+}
+
+template<class H>
+void initItemTable(const luabind::argument& self, const luabind::table<>& table)
+{
+    auto handle = std::make_unique<H>(new typename H::ItemType);
+    const H target = *handle;
+    place(self, std::move(handle));
+    applyTable(luabind::object(self.interpreter(), target), table);
+}
+
+// What list and table items share, for their handles H.
+template<class H> std::string itemText(const H& h) { return h.item()->text().toStdString(); }
+template<class H> void setItemText(const H& h, const std::string& text) { h.item()->setText(QString::fromStdString(text)); }
+template<class H> std::string itemToolTip(const H& h) { return h.item()->toolTip().toStdString(); }
+template<class H> void setItemToolTip(const H& h, const std::string& text) { h.item()->setToolTip(QString::fromStdString(text)); }
+template<class H> int itemCheckState(const H& h) { return int(h.item()->checkState()); }
+template<class H> void setItemCheckState(const H& h, int state) { h.item()->setCheckState(Qt::CheckState(state)); }
+template<class H> int itemFlags(const H& h) { return int(h.item()->flags().toInt()); }
+template<class H> void setItemFlags(const H& h, int flags) { h.item()->setFlags(Qt::ItemFlags::fromInt(flags)); }
+template<class H> bool itemSelected(const H& h) { return h.item()->isSelected(); }
+template<class H> void setItemSelected(const H& h, bool selected) { h.item()->setSelected(selected); }
+
+} // namespace lq
+
+/// The constructors and properties list and table items share.
+#define LQ_ITEM_PROPERTIES(H)                                                                       \
+    .def("__init", &lq::initItem<H>)                                                                \
+        .def("__init", &lq::initItemText<H>)                                                        \
+        .def("__init", &lq::initItemTable<H>)                                                       \
+        .property("text", &lq::itemText<H>, &lq::setItemText<H>)                                        \
+        .property("toolTip", &lq::itemToolTip<H>, &lq::setItemToolTip<H>)                           \
+        .property("checkState", &lq::itemCheckState<H>, &lq::setItemCheckState<H>)                  \
+        .property("flags", &lq::itemFlags<H>, &lq::setItemFlags<H>)                                 \
+        .property("selected", &lq::itemSelected<H>, &lq::setItemSelected<H>)                        \
+        .def("setText", &lq::setItemText<H>)                                                        \
+        .def("setCheckState", &lq::setItemCheckState<H>)

@@ -10,6 +10,7 @@
 
 #include <QFlags>
 #include <QString>
+#include <QStringList>
 
 #include <string>
 #include <type_traits>
@@ -96,6 +97,15 @@ template<class Q, auto Member, class C, class R, class... A>
 struct Call<Q, Member, R (C::*)(A...) const> : Invoke<Q, Member, R, A...>
 {
 };
+
+/// The texts of a Lua list of strings.
+inline QStringList strings(const luabind::object& list)
+{
+    QStringList texts;
+    for (luabind::iterator entry(list), end; entry != end; ++entry)
+        texts << QString::fromStdString(luabind::object_cast<std::string>(*entry));
+    return texts;
+}
 
 /// The Lua function connected to `signal` of `sender` through a signal property, or nil.
 luabind::object connectedFunction(lua_State* state, QObject* sender, const char* signal);

@@ -9,6 +9,8 @@
 
 #include <luabind/detail/object_rep.hpp>
 
+#include <QApplication>
+
 #include <memory>
 #include <utility>
 
@@ -67,9 +69,34 @@ void initText(const luabind::argument& self, const std::string& text)
     make<H>(self, QString::fromStdString(text));
 }
 
+/// A new object on `parent`, which owns it from the start.
+template<class H, class Parent>
+void initOn(const luabind::argument& self, const Parent& parent)
+{
+    make<H>(self, parent.get());
+}
+
+/// A script's window (a dialog) opens over the program's active window; it
+/// stays a window of its own, so the script still owns it.
+template<class H>
+void initWindow(const luabind::argument& self)
+{
+    make<H>(self, QApplication::activeWindow());
+}
+
+template<class H>
+void initWindowTable(const luabind::argument& self, const luabind::table<>& table)
+{
+    applyTableTo<H>(self.interpreter(), make<H>(self, QApplication::activeWindow()), table);
+}
+
 } // namespace lq
 
+/// The plain and the table constructor of a window class.
+#define LQ_WINDOW_CONSTRUCTORS(H) .def("__init", &lq::initWindow<H>).def("__init", &lq::initWindowTable<H>)
 /// The plain and the table constructor of a handle class.
 #define LQ_CONSTRUCTORS(H) .def("__init", &lq::init<H>).def("__init", &lq::initTable<H>)
 /// The constructor from a text (a label's, a button's caption).
 #define LQ_TEXT_CONSTRUCTOR(H) .def("__init", &lq::initText<H>)
+/// The constructor taking the parent widget.
+#define LQ_PARENT_CONSTRUCTOR(H) .def("__init", &lq::initOn<H, LWidget>)
