@@ -1,6 +1,6 @@
 // Ranges: AbstractSlider with Slider and ScrollBar, ProgressBar, and the
 // ProgressDialog a script shows during long work.
-#include "qluaqtaccess.h"
+#include "qluarange.h"
 #include "qluawidgethandles.h"
 #include "qluawidgets.h"
 #include "qluawidgettableinit.h"
@@ -18,13 +18,6 @@ void initOriented(const luabind::argument& self, int orientation)
     lq::make<H>(self, Qt::Orientation(orientation));
 }
 
-// The value a progress dialog shows; setting it lets the window repaint and
-// the Cancel button be pressed, so a script's long loop stays responsive.
-void setProgress(const LObject& self, int value)
-{
-    lq::as<QProgressDialog>(self)->setValue(value);
-}
-
 constexpr char valueChanged[] = "valueChanged(int)";
 constexpr char sliderMoved[] = "sliderMoved(int)";
 constexpr char sliderPressed[] = "sliderPressed()";
@@ -36,13 +29,7 @@ luabind::scope lqabstractslider()
 {
     using namespace luabind;
     return class_<LAbstractSlider, LWidget>("AbstractSlider")
-        LQ_PROPERTY("value", QAbstractSlider, value, setValue)
-        LQ_PROPERTY("minimum", QAbstractSlider, minimum, setMinimum)
-        LQ_PROPERTY("min", QAbstractSlider, minimum, setMinimum)
-        LQ_PROPERTY("setMin", QAbstractSlider, minimum, setMinimum)
-        LQ_PROPERTY("maximum", QAbstractSlider, maximum, setMaximum)
-        LQ_PROPERTY("max", QAbstractSlider, maximum, setMaximum)
-        LQ_PROPERTY("setMax", QAbstractSlider, maximum, setMaximum)
+        LQ_RANGE(QAbstractSlider)
         LQ_PROPERTY("singleStep", QAbstractSlider, singleStep, setSingleStep)
         LQ_PROPERTY("pageStep", QAbstractSlider, pageStep, setPageStep)
         LQ_PROPERTY("orientation", QAbstractSlider, orientation, setOrientation)
@@ -55,8 +42,6 @@ luabind::scope lqabstractslider()
         LQ_SIGNAL("sliderPressed", sliderPressed)
         LQ_SIGNAL("sliderReleased", sliderReleased)
         LQ_SIGNAL("rangeChanged", rangeChanged)
-        LQ_METHOD("setValue", QAbstractSlider, setValue)
-        LQ_METHOD("setRange", QAbstractSlider, setRange)
         .enum_("Orientation")[value("Horizontal", Qt::Horizontal), value("Vertical", Qt::Vertical)];
 }
 
@@ -91,13 +76,7 @@ luabind::scope lqprogressbar()
     return class_<LProgressBar, LWidget>("ProgressBar")
         LQ_CONSTRUCTORS(LProgressBar)
         LQ_PARENT_CONSTRUCTOR(LProgressBar)
-        LQ_PROPERTY("value", QProgressBar, value, setValue)
-        LQ_PROPERTY("minimum", QProgressBar, minimum, setMinimum)
-        LQ_PROPERTY("min", QProgressBar, minimum, setMinimum)
-        LQ_PROPERTY("setMin", QProgressBar, minimum, setMinimum)
-        LQ_PROPERTY("maximum", QProgressBar, maximum, setMaximum)
-        LQ_PROPERTY("max", QProgressBar, maximum, setMaximum)
-        LQ_PROPERTY("setMax", QProgressBar, maximum, setMaximum)
+        LQ_RANGE(QProgressBar)
         LQ_PROPERTY("format", QProgressBar, format, setFormat)
         LQ_PROPERTY("textVisible", QProgressBar, isTextVisible, setTextVisible)
         LQ_PROPERTY("orientation", QProgressBar, orientation, setOrientation)
@@ -105,8 +84,6 @@ luabind::scope lqprogressbar()
         LQ_PROPERTY("alignment", QProgressBar, alignment, setAlignment)
         LQ_READ("text", QProgressBar, text)
         LQ_SIGNAL("valueChanged", valueChanged)
-        LQ_METHOD("setValue", QProgressBar, setValue)
-        LQ_METHOD("setRange", QProgressBar, setRange)
         LQ_METHOD("reset", QProgressBar, reset);
 }
 
@@ -116,13 +93,8 @@ luabind::scope lqprogressdialog()
     return class_<LProgressDialog, LDialog>("ProgressDialog")
         LQ_WINDOW_CONSTRUCTORS(LProgressDialog)
         LQ_PARENT_CONSTRUCTOR(LProgressDialog)
-        .property("value", &lq::Call<QProgressDialog, &QProgressDialog::value>::call, &setProgress)
-        LQ_PROPERTY("minimum", QProgressDialog, minimum, setMinimum)
-        LQ_PROPERTY("min", QProgressDialog, minimum, setMinimum)
-        LQ_PROPERTY("setMin", QProgressDialog, minimum, setMinimum)
-        LQ_PROPERTY("maximum", QProgressDialog, maximum, setMaximum)
-        LQ_PROPERTY("max", QProgressDialog, maximum, setMaximum)
-        LQ_PROPERTY("setMax", QProgressDialog, maximum, setMaximum)
+        // Setting the value lets the window repaint and Cancel be pressed during a script's long loop.
+        LQ_RANGE(QProgressDialog)
         LQ_PROPERTY("labelText", QProgressDialog, labelText, setLabelText)
         LQ_PROPERTY("minDuration", QProgressDialog, minimumDuration, setMinimumDuration)
         LQ_PROPERTY("minimumDuration", QProgressDialog, minimumDuration, setMinimumDuration)
@@ -130,8 +102,6 @@ luabind::scope lqprogressdialog()
         LQ_PROPERTY("autoReset", QProgressDialog, autoReset, setAutoReset)
         LQ_READ("wasCanceled", QProgressDialog, wasCanceled)
         LQ_SIGNAL("canceled", canceled)
-        .def("setValue", &setProgress)
-        LQ_METHOD("setRange", QProgressDialog, setRange)
         LQ_METHOD("setLabelText", QProgressDialog, setLabelText)
         LQ_METHOD("setCancelButtonText", QProgressDialog, setCancelButtonText)
         LQ_METHOD("cancel", QProgressDialog, cancel)

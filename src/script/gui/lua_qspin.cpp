@@ -1,5 +1,5 @@
 // Number fields: AbstractSpinBox, IntEdit (QSpinBox) and FloatEdit (QDoubleSpinBox).
-#include "qluaqtaccess.h"
+#include "qluarange.h"
 #include "qluawidgethandles.h"
 #include "qluawidgets.h"
 #include "qluawidgettableinit.h"
@@ -43,11 +43,7 @@ luabind::scope lqintedit()
     return class_<LIntEdit, LAbstractSpinBox>("IntEdit")
         LQ_CONSTRUCTORS(LIntEdit)
         LQ_PARENT_CONSTRUCTOR(LIntEdit)
-        LQ_PROPERTY("value", QSpinBox, value, setValue)
-        LQ_PROPERTY("minimum", QSpinBox, minimum, setMinimum)
-        LQ_PROPERTY("min", QSpinBox, minimum, setMinimum)
-        LQ_PROPERTY("maximum", QSpinBox, maximum, setMaximum)
-        LQ_PROPERTY("max", QSpinBox, maximum, setMaximum)
+        LQ_RANGE(QSpinBox)
         LQ_PROPERTY("singleStep", QSpinBox, singleStep, setSingleStep)
         LQ_PROPERTY("prefix", QSpinBox, prefix, setPrefix)
         LQ_PROPERTY("suffix", QSpinBox, suffix, setSuffix)
@@ -55,8 +51,6 @@ luabind::scope lqintedit()
         LQ_READ("cleanText", QSpinBox, cleanText)
         LQ_SIGNAL("valueChanged", intChanged)
         LQ_SIGNAL("textChanged", textChanged)
-        LQ_METHOD("setValue", QSpinBox, setValue)
-        LQ_METHOD("setRange", QSpinBox, setRange)
         LQ_METHOD("setMinimum", QSpinBox, setMinimum)
         LQ_METHOD("setMaximum", QSpinBox, setMaximum);
 }
@@ -67,11 +61,7 @@ luabind::scope lqfloatedit()
     return class_<LFloatEdit, LAbstractSpinBox>("FloatEdit")
         LQ_CONSTRUCTORS(LFloatEdit)
         LQ_PARENT_CONSTRUCTOR(LFloatEdit)
-        LQ_PROPERTY("value", QDoubleSpinBox, value, setValue)
-        LQ_PROPERTY("minimum", QDoubleSpinBox, minimum, setMinimum)
-        LQ_PROPERTY("min", QDoubleSpinBox, minimum, setMinimum)
-        LQ_PROPERTY("maximum", QDoubleSpinBox, maximum, setMaximum)
-        LQ_PROPERTY("max", QDoubleSpinBox, maximum, setMaximum)
+        LQ_RANGE(QDoubleSpinBox)
         LQ_PROPERTY("singleStep", QDoubleSpinBox, singleStep, setSingleStep)
         LQ_PROPERTY("decimals", QDoubleSpinBox, decimals, setDecimals)
         LQ_PROPERTY("prefix", QDoubleSpinBox, prefix, setPrefix)
@@ -79,8 +69,6 @@ luabind::scope lqfloatedit()
         LQ_READ("cleanText", QDoubleSpinBox, cleanText)
         LQ_SIGNAL("valueChanged", floatChanged)
         LQ_SIGNAL("textChanged", textChanged)
-        LQ_METHOD("setValue", QDoubleSpinBox, setValue)
-        LQ_METHOD("setRange", QDoubleSpinBox, setRange)
         LQ_METHOD("setMinimum", QDoubleSpinBox, setMinimum)
         LQ_METHOD("setMaximum", QDoubleSpinBox, setMaximum);
 }
