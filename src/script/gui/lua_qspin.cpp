@@ -37,40 +37,39 @@ luabind::scope lqabstractspinbox()
         ];
 }
 
+// IntEdit and FloatEdit: the same members over QSpinBox and QDoubleSpinBox.
+template<class H, const char* Changed>
+luabind::class_<H, LAbstractSpinBox>& numberEdit(luabind::class_<H, LAbstractSpinBox>& edit)
+{
+    using Q = typename H::Object;
+    return edit
+        LQ_CONSTRUCTORS(H)
+        LQ_PARENT_CONSTRUCTOR(H)
+        LQ_RANGE(Q)
+        LQ_PROPERTY("singleStep", Q, singleStep, setSingleStep)
+        LQ_PROPERTY("prefix", Q, prefix, setPrefix)
+        LQ_PROPERTY("suffix", Q, suffix, setSuffix)
+        LQ_READ("cleanText", Q, cleanText)
+        LQ_SIGNAL("valueChanged", Changed)
+        LQ_SIGNAL("textChanged", textChanged)
+        LQ_METHOD("setMinimum", Q, setMinimum)
+        LQ_METHOD("setMaximum", Q, setMaximum);
+}
+
 luabind::scope lqintedit()
 {
-    using namespace luabind;
-    return class_<LIntEdit, LAbstractSpinBox>("IntEdit")
-        LQ_CONSTRUCTORS(LIntEdit)
-        LQ_PARENT_CONSTRUCTOR(LIntEdit)
-        LQ_RANGE(QSpinBox)
-        LQ_PROPERTY("singleStep", QSpinBox, singleStep, setSingleStep)
-        LQ_PROPERTY("prefix", QSpinBox, prefix, setPrefix)
-        LQ_PROPERTY("suffix", QSpinBox, suffix, setSuffix)
-        LQ_PROPERTY("displayIntegerBase", QSpinBox, displayIntegerBase, setDisplayIntegerBase)
-        LQ_READ("cleanText", QSpinBox, cleanText)
-        LQ_SIGNAL("valueChanged", intChanged)
-        LQ_SIGNAL("textChanged", textChanged)
-        LQ_METHOD("setMinimum", QSpinBox, setMinimum)
-        LQ_METHOD("setMaximum", QSpinBox, setMaximum);
+    luabind::class_<LIntEdit, LAbstractSpinBox> edit("IntEdit");
+    numberEdit<LIntEdit, intChanged>(edit)
+        LQ_PROPERTY("displayIntegerBase", QSpinBox, displayIntegerBase, setDisplayIntegerBase);
+    return edit;
 }
 
 luabind::scope lqfloatedit()
 {
-    using namespace luabind;
-    return class_<LFloatEdit, LAbstractSpinBox>("FloatEdit")
-        LQ_CONSTRUCTORS(LFloatEdit)
-        LQ_PARENT_CONSTRUCTOR(LFloatEdit)
-        LQ_RANGE(QDoubleSpinBox)
-        LQ_PROPERTY("singleStep", QDoubleSpinBox, singleStep, setSingleStep)
-        LQ_PROPERTY("decimals", QDoubleSpinBox, decimals, setDecimals)
-        LQ_PROPERTY("prefix", QDoubleSpinBox, prefix, setPrefix)
-        LQ_PROPERTY("suffix", QDoubleSpinBox, suffix, setSuffix)
-        LQ_READ("cleanText", QDoubleSpinBox, cleanText)
-        LQ_SIGNAL("valueChanged", floatChanged)
-        LQ_SIGNAL("textChanged", textChanged)
-        LQ_METHOD("setMinimum", QDoubleSpinBox, setMinimum)
-        LQ_METHOD("setMaximum", QDoubleSpinBox, setMaximum);
+    luabind::class_<LFloatEdit, LAbstractSpinBox> edit("FloatEdit");
+    numberEdit<LFloatEdit, floatChanged>(edit)
+        LQ_PROPERTY("decimals", QDoubleSpinBox, decimals, setDecimals);
+    return edit;
 }
 
 } // namespace
