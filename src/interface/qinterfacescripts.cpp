@@ -5,6 +5,7 @@
 #include "managers/qiconmanager.h"
 #include "model/qproject.h"
 #include "script/gui/projdlg.h"
+#include "script/gui/qluawidgets.h"
 #include "script/gui/qscriptdialogs.h"
 #include "script/gui/scripted.h"
 #include "script/qluaheaders.h"
@@ -24,6 +25,7 @@ void QInterface::initScripts()
     projects.all = [this] { return m_projects; };
     projects.current = [this] { return m_project; };
     installScriptDialogs(m_window);
+    installLuaWidgets();
     updateToolsMenu();
 }
 

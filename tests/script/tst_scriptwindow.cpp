@@ -19,15 +19,20 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QXmlStreamReader>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QSpinBox>
+#include <QStringListModel>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QXmlStreamReader>
 #include <QtTest>
 
 namespace {
@@ -184,6 +189,58 @@ private slots:
         session::answerNextDialog(&title, [throwTarget](QDialog* dialog) { typeFileName(dialog, throwTarget); });
         save->trigger();
         QCOMPARE(tsMessages(throwTarget, QStringLiteral("common/Throw")), QStringList{QStringLiteral("Throw")});
+        editor->close();
+    }
+
+    void scriptEditorRunsAToolWithItsOwnDialog()
+    {
+        actionNamed(intf, "tools_script_editor")->trigger();
+        auto* editor = m_window->findChild<ScriptEd*>();
+        QVERIFY(editor);
+        QVERIFY(QTest::qWaitForWindowExposed(editor));
+        editor->findChild<QComboBox*>()->setCurrentIndex(3); // the tools
+        // The script list, not the message output beside it.
+        QListView* list = nullptr;
+        for (QListView* view : editor->findChildren<QListView*>()) {
+            if (qobject_cast<QStringListModel*>(view->model()))
+                list = view;
+        }
+        QVERIFY(list);
+        const QModelIndexList found = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole,
+                                                           QStringLiteral("Sprites/Renumber group"), 1, Qt::MatchExactly);
+        QStringList listed;
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            listed << list->model()->index(row, 0).data().toString();
+        QVERIFY2(found.size() == 1, qPrintable(listed.join(u',')));
+        list->setCurrentIndex(found.first());
+        QVERIFY(editor->editor()->toPlainText().contains(QStringLiteral("Dialog{")));
+
+        QString title;
+        QString summary;
+        QTimer::singleShot(50, this, [&title, &summary] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            const auto cancel = qScopeGuard([dialog] { dialog->reject(); });
+            title = dialog->windowTitle();
+            QVERIFY(QTest::qWaitForWindowExposed(dialog));
+            dialog->findChildren<QSpinBox*>().at(2)->setValue(100);
+            for (QLabel* label : dialog->findChildren<QLabel*>()) {
+                if (label->wordWrap())
+                    summary = label->text();
+            }
+            QTest::qWait(200);
+            QVERIFY(screenshots::save(dialog->grab(), QStringLiteral("script-dialog.png")));
+            const QPixmap screen = QGuiApplication::primaryScreen()->grabWindow(0);
+            if (!screen.isNull())
+                QVERIFY(screenshots::save(screen, QStringLiteral("script-dialog-screen.png")));
+        });
+        QTest::keyClick(editor->editor(), Qt::Key_F5);
+        QCOMPARE(title, QStringLiteral("Renumber sprite group"));
+        QVERIFY2(summary.contains(QStringLiteral("become")) || summary.contains(QStringLiteral("has no sprite")),
+                 qPrintable(summary));
+        for (int i = 0; i < QScriptManager::scriptMsgs().count(); ++i)
+            QVERIFY2(QScriptManager::scriptMsgs().at(i).type != mtError, qPrintable(QScriptManager::scriptMsgs().at(i).text));
         editor->close();
     }
 
