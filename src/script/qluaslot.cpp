@@ -131,6 +131,8 @@ void QLuaSlot::emitValue(const luabind::object& value)
         throw lua::fault(QStringLiteral("emit_signal: a %1 can't travel in a signal")
                              .arg(QString::fromUtf8(lua_typename(value.interpreter(), luabind::type(value)))));
     }
+}
+
 QLuaSlot* QLuaSlot::propertySlot(lua_State* state, QObject* sender, const QString& signal)
 {
     QScript* script = QScript::of(state);

@@ -29,6 +29,15 @@ void lua::applyTable(const luabind::argument& self, const luabind::object& table
 {
     lua_State* state = self.interpreter();
     self.push(state);
+    const luabind::object target(luabind::from_stack(state, -1));
+    lua_pop(state, 1);
+    applyTable(target, table);
+}
+
+void lua::applyTable(const luabind::object& self, const luabind::object& table)
+{
+    lua_State* state = self.interpreter();
+    self.push(state);
     luabind::detail::object_rep* object = luabind::detail::get_instance(state, -1);
     lua_pop(state, 1);
     const QString className = object ? QString::fromLatin1(object->crep()->name()) : QStringLiteral("object");

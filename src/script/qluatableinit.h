@@ -32,6 +32,10 @@ namespace lua {
  * makes each setter independent of the others.
  */
 void applyTable(const luabind::argument& self, const luabind::object& table);
+/// The same on an object already made: luabind converts an instance to its
+/// bases only once its constructor has returned, so a constructor of a derived
+/// class applies the table through a second handle on its new object.
+void applyTable(const luabind::object& self, const luabind::object& table);
 
 /// The `__init` overload taking a table: a default-constructed T, then applyTable().
 template <class T> void initFromTable(const luabind::argument& self, const luabind::object& table)

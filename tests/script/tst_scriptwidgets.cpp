@@ -364,7 +364,7 @@ private slots:
     {
         QScript script;
         QVERIFY(errorOf(script, QStringLiteral("Label(5)")).contains(QStringLiteral("No matching overload")));
-        QVERIFY(errorOf(script, QStringLiteral("LineEdit{txet = 'x'}")).contains(QStringLiteral("LineEdit has no property txet")));
+        QVERIFY(errorOf(script, QStringLiteral("LineEdit{txet = 'x'}")).contains(QStringLiteral("LineEdit has no property 'txet'")));
         const QString wrongValue = errorOf(script, QStringLiteral("IntEdit{value = 'ten'}"));
         QVERIFY2(wrongValue.contains(QStringLiteral("IntEdit.value")), qPrintable(wrongValue));
         QVERIFY(errorOf(script, QStringLiteral("local setText = Label().setText\nsetText(PushButton('b'), 'x')"))

@@ -1116,6 +1116,10 @@ HG %2</translation>
         <source>&amp;Run in M.U.G.E.N.</source>
         <translation>In M.U.G.E.N. &amp;testen</translation>
     </message>
+    <message>
+        <source>New throw...</source>
+        <translation>Neuer Wurf...</translation>
+    </message>
 </context>
 <context>
     <name>QAnimSpriteWorkspace</name>
@@ -3173,6 +3177,34 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
         <source>The common states come from the engine&apos;s data folder and are shown read-only.</source>
         <translation>Die gemeinsamen Zustände kommen aus dem Datenordner der Engine und werden schreibgeschützt gezeigt.</translation>
     </message>
+    <message>
+        <source>New throw</source>
+        <translation>Neuer Wurf</translation>
+    </message>
+    <message>
+        <source>The project has no state file for the throw: add one first.</source>
+        <translation>Das Projekt hat keine Zustandsdatei für den Wurf: fügen Sie zuerst eine hinzu.</translation>
+    </message>
+    <message>
+        <source>Throw script error</source>
+        <translation>Fehler im Wurf-Skript</translation>
+    </message>
+    <message>
+        <source>Throw states at line %1 of %2</source>
+        <translation>Wurfzustände in Zeile %1 von %2</translation>
+    </message>
+    <message>
+        <source>the CMD</source>
+        <translation>der CMD</translation>
+    </message>
+    <message>
+        <source>its command at line %1 of %2</source>
+        <translation>sein Befehl in Zeile %1 von %2</translation>
+    </message>
+    <message>
+        <source>its state -1 entry at line %1</source>
+        <translation>sein Eintrag in Zustand -1 in Zeile %1</translation>
+    </message>
 </context>
 <context>
     <name>QSyntaxTextEditor</name>
@@ -3402,6 +3434,217 @@ Für die aktuelle SFF-Version wird es beim Speichern mit einer optimierten Palet
     <message>
         <source>%1 could not be written.</source>
         <translation>%1 konnte nicht geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>ThrowDlg</name>
+    <message>
+        <source>the reach</source>
+        <translation>Reichweite</translation>
+    </message>
+    <message>
+        <source>the throw</source>
+        <translation>Wurf</translation>
+    </message>
+    <message>
+        <source>the opponent held</source>
+        <translation>Gegner gehalten</translation>
+    </message>
+    <message>
+        <source>the opponent flying</source>
+        <translation>Gegner im Flug</translation>
+    </message>
+    <message>
+        <source>New throw</source>
+        <translation>Neuer Wurf</translation>
+    </message>
+    <message>
+        <source>%1, line %2</source>
+        <translation>%1, Zeile %2</translation>
+    </message>
+    <message>
+        <source>States</source>
+        <translation>Zustände</translation>
+    </message>
+    <message>
+        <source>First state:</source>
+        <translation>Erster Zustand:</translation>
+    </message>
+    <message>
+        <source>The thrower&apos;s attempt; the hold is 10 more, the opponent&apos;s states 20 and 21 more.</source>
+        <translation>Der Wurfversuch; das Halten ist 10 höher, die Zustände des Gegners 20 und 21 höher.</translation>
+    </message>
+    <message>
+        <source>Animations</source>
+        <translation>Animationen</translation>
+    </message>
+    <message>
+        <source>An action of the AIR: %1.</source>
+        <translation>Eine Aktion der AIR: %1.</translation>
+    </message>
+    <message>
+        <source>Hold and release</source>
+        <translation>Halten und Loslassen</translation>
+    </message>
+    <message>
+        <source>Ticks held:</source>
+        <translation>Ticks gehalten:</translation>
+    </message>
+    <message>
+        <source>Ticks the opponent stays bound before the release.</source>
+        <translation>Ticks, die der Gegner vor dem Loslassen gebunden bleibt.</translation>
+    </message>
+    <message>
+        <source>Bind offset X:</source>
+        <translation>Bindungsversatz X:</translation>
+    </message>
+    <message>
+        <source>Where the opponent is held, from the thrower&apos;s axis (forward).</source>
+        <translation>Wo der Gegner gehalten wird, von der Achse des Werfenden aus (nach vorn).</translation>
+    </message>
+    <message>
+        <source>Bind offset Y:</source>
+        <translation>Bindungsversatz Y:</translation>
+    </message>
+    <message>
+        <source>Where the opponent is held, from the thrower&apos;s axis (down).</source>
+        <translation>Wo der Gegner gehalten wird, von der Achse des Werfenden aus (nach unten).</translation>
+    </message>
+    <message>
+        <source>Sprite priority:</source>
+        <translation>Sprite-Priorität:</translation>
+    </message>
+    <message>
+        <source>The thrower&apos;s sprite priority: above the opponent while throwing.</source>
+        <translation>Sprite-Priorität des Werfenden: während des Wurfs über dem Gegner.</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Nach vorn</translation>
+    </message>
+    <message>
+        <source>Behind</source>
+        <translation>Nach hinten</translation>
+    </message>
+    <message>
+        <source>Which way the opponent is thrown.</source>
+        <translation>In welche Richtung der Gegner geworfen wird.</translation>
+    </message>
+    <message>
+        <source>Throw:</source>
+        <translation>Wurf:</translation>
+    </message>
+    <message>
+        <source>Flight and damage</source>
+        <translation>Flug und Schaden</translation>
+    </message>
+    <message>
+        <source>Velocity X:</source>
+        <translation>Geschwindigkeit X:</translation>
+    </message>
+    <message>
+        <source>The opponent&apos;s speed when let go; negative is away from the thrower&apos;s back.</source>
+        <translation>Geschwindigkeit des Gegners beim Loslassen; negativ ist vom Rücken des Werfenden weg.</translation>
+    </message>
+    <message>
+        <source>Velocity Y:</source>
+        <translation>Geschwindigkeit Y:</translation>
+    </message>
+    <message>
+        <source>Negative goes up.</source>
+        <translation>Negativ geht nach oben.</translation>
+    </message>
+    <message>
+        <source>Gravity:</source>
+        <translation>Schwerkraft:</translation>
+    </message>
+    <message>
+        <source>Added to the opponent&apos;s Y velocity each tick in the air.</source>
+        <translation>Wird in der Luft jeden Tick zur Y-Geschwindigkeit des Gegners addiert.</translation>
+    </message>
+    <message>
+        <source>Damage:</source>
+        <translation>Schaden:</translation>
+    </message>
+    <message>
+        <source>Life the opponent loses on the release.</source>
+        <translation>Leben, das der Gegner beim Loslassen verliert.</translation>
+    </message>
+    <message>
+        <source>Power:</source>
+        <translation>Power:</translation>
+    </message>
+    <message>
+        <source>Power the thrower gains.</source>
+        <translation>Power, die der Werfende erhält.</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>The command of the CMD that starts the throw: one it has, or a new one with its keys.</source>
+        <translation>Der Befehl der CMD, der den Wurf startet: ein vorhandener oder ein neuer mit seinen Tasten.</translation>
+    </message>
+    <message>
+        <source>Command:</source>
+        <translation>Befehl:</translation>
+    </message>
+    <message>
+        <source>The keys of a new command (&quot;/F, y&quot;: hold forward and press y); empty for a command the CMD has.</source>
+        <translation>Die Tasten eines neuen Befehls (&quot;/F, y&quot;: vorwärts halten und y drücken); leer für einen Befehl, den die CMD schon hat.</translation>
+    </message>
+    <message>
+        <source>Keys:</source>
+        <translation>Tasten:</translation>
+    </message>
+    <message>
+        <source>Reach:</source>
+        <translation>Reichweite:</translation>
+    </message>
+    <message>
+        <source>How close the opponent&apos;s body must be for the throw to start.</source>
+        <translation>Wie nah der Körper des Gegners sein muss, damit der Wurf beginnt.</translation>
+    </message>
+    <message>
+        <source>Write throw</source>
+        <translation>Wurf schreiben</translation>
+    </message>
+    <message>
+        <source>The throw&apos;s states go at the end of the shown state file, its command and its state -1 entry into the CMD. Each file takes it as one step to undo.</source>
+        <translation>Die Zustände des Wurfs kommen ans Ende der gezeigten Zustandsdatei, sein Befehl und sein Eintrag in Zustand -1 in die CMD. Jede Datei kann es in einem Schritt rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>State %1 exists already (%2): the throw takes %3, %4, %5 and %6.</source>
+        <translation>Zustand %1 gibt es schon (%2): der Wurf belegt %3, %4, %5 und %6.</translation>
+    </message>
+    <message>
+        <source>The AIR has no action %1 for %2.</source>
+        <translation>Die AIR hat keine Aktion %1 (%2).</translation>
+    </message>
+    <message>
+        <source>Action %1 (the reach) needs two frames at least: the throw&apos;s hit starts at its second.</source>
+        <translation>Aktion %1 (Reichweite) braucht mindestens zwei Frames: der Treffer des Wurfs beginnt mit dem zweiten.</translation>
+    </message>
+    <message>
+        <source>The command needs a name, without quotes.</source>
+        <translation>Der Befehl braucht einen Namen, ohne Anführungszeichen.</translation>
+    </message>
+    <message>
+        <source>The CMD has a command &quot;%1&quot; already: leave Keys empty to use it, or name a new one.</source>
+        <translation>Die CMD hat schon einen Befehl &quot;%1&quot;: lassen Sie Tasten leer, um ihn zu nutzen, oder benennen Sie einen neuen.</translation>
+    </message>
+    <message>
+        <source>The CMD has no command &quot;%1&quot;: give its keys, as /F, y.</source>
+        <translation>Die CMD hat keinen Befehl &quot;%1&quot;: geben Sie seine Tasten an, etwa /F, y.</translation>
+    </message>
+    <message>
+        <source>Takes states %1, %2 (the hold), %3 and %4 (the opponent).</source>
+        <translation>Belegt die Zustände %1, %2 (das Halten), %3 und %4 (der Gegner).</translation>
+    </message>
+    <message>
+        <source>Ready to write.</source>
+        <translation>Bereit zum Schreiben.</translation>
     </message>
 </context>
 </TS>

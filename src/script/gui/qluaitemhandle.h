@@ -141,7 +141,7 @@ void initItemTable(const luabind::argument& self, const luabind::table<>& table)
     auto handle = std::make_unique<H>(new typename H::ItemType);
     const H target = *handle;
     place(self, std::move(handle));
-    applyTable(luabind::object(self.interpreter(), target), table);
+    lua::applyTable(luabind::object(self.interpreter(), target), table);
 }
 
 // What list and table items share, for their handles H.

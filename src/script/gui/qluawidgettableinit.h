@@ -6,6 +6,7 @@
 // unknown property name is a Lua error, not a silent extra field.
 
 #include "qluaqobject.h"
+#include "script/qluatableinit.h"
 
 #include <luabind/detail/object_rep.hpp>
 
@@ -16,16 +17,11 @@
 
 namespace lq {
 
-/// Sets each entry of `table` as a property of `target`; faults name the property.
-/// The target is a second handle on the new object: luabind converts an
-/// instance to its bases only once its constructor has returned.
-void applyTable(const luabind::object& target, const luabind::object& table);
-
 /// Sets the entries of `table` on the Qt object of a new handle of class H.
 template<class H>
 void applyTableTo(lua_State* state, typename H::Object* object, const luabind::object& table)
 {
-    applyTable(luabind::object(state, H(object)), table);
+    lua::applyTable(luabind::object(state, H(object)), table);
 }
 
 /// Puts `handle` into the userdata luabind made for a new instance, as its constructors do.
