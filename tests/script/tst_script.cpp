@@ -6,8 +6,7 @@
 #include "script/qluaobject.h"
 #include "script/qscript.h"
 #include "script/qscriptmanager.h"
-#include "syntax/qsyntaxtexteditor.h"
-#include "text/qcodecs.h"
+#include "scripthost.h"
 #include "util/qmessages.h"
 
 #include <QDir>
@@ -16,10 +15,7 @@
 
 void TestScript::initTestCase()
 {
-    initCodecs();
-    QProject::init();
-    QSyntaxTextEditor::initProperties(qEnvironmentVariable("PF_BIN_DIR"));
-    scriptMan = new QScriptManager(nullptr, qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data"));
+    startScriptHost();
     QLuaProjects::installed().current = [this] { return m_project.get(); };
     QLuaProjects::installed().all = [this] {
         return m_project ? QList<QProject*>{m_project.get()} : QList<QProject*>();

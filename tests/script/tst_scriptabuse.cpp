@@ -8,8 +8,7 @@
 #include "script/qluaobject.h"
 #include "script/qscript.h"
 #include "script/qscriptmanager.h"
-#include "syntax/qsyntaxtexteditor.h"
-#include "text/qcodecs.h"
+#include "scripthost.h"
 #include "util/qmessages.h"
 
 #include <QtTest>
@@ -57,10 +56,7 @@ class TestScriptAbuse : public QObject
 private slots:
     void initTestCase()
     {
-        initCodecs();
-        QProject::init();
-        QSyntaxTextEditor::initProperties(qEnvironmentVariable("PF_BIN_DIR"));
-        scriptMan = new QScriptManager(nullptr, qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data"));
+        startScriptHost();
         QLuaProjects::installed().current = [this] { return m_project; };
     }
 

@@ -12,8 +12,7 @@
 #include "script/qluaobject.h"
 #include "script/qscript.h"
 #include "script/qscriptmanager.h"
-#include "syntax/qsyntaxtexteditor.h"
-#include "text/qcodecs.h"
+#include "scripthost.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -59,10 +58,7 @@ class TestScriptWidgets : public QObject
 private slots:
     void initTestCase()
     {
-        initCodecs();
-        QProject::init();
-        QSyntaxTextEditor::initProperties(qEnvironmentVariable("PF_BIN_DIR"));
-        scriptMan = new QScriptManager(nullptr, qEnvironmentVariable("PF_SOURCE_DIR") + QStringLiteral("/data"));
+        startScriptHost();
         QLuaProjects::installed().current = [this] { return m_project.get(); };
         installLuaWidgets();
         QScript::setReporter([this](const QString& title, const QString& text) { m_reports << title + QStringLiteral(": ") + text; });
